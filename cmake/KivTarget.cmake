@@ -1,0 +1,7 @@
+# kiv_library(NAME SOURCES ... LINKS ...): one static library for one folder. A folder can use exactly what it links.
+function(kiv_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${arg_LINKS} PRIVATE kiv_warnings)
+endfunction()

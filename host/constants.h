@@ -1,0 +1,24 @@
+#pragma once
+
+/// Names that the library and its host share. Each stands here and nowhere else.
+namespace kiv::host {
+
+/// Root of a user's remembered values.
+inline constexpr const char* kKivStateRoot = "KivStateRoot";
+
+namespace remembered {
+inline constexpr const char* kDatafilePath = "DatafilePath";
+inline constexpr const char* kHomFilename = "HomFilename";
+inline constexpr const char* kHomDuration = "HomDuration";
+inline constexpr const char* kCurStdPath = "CurStdPath";
+inline constexpr const char* kCurStdDatafile = "CurStdDatafile";
+inline constexpr const char* kStartOnFail = "StartOnFail";
+}  // namespace remembered
+
+/// General setting: the pattern of a directory number, `#` for a digit.
+inline constexpr const char* kPhoneNumberMask = "Phone Number Mask";
+
+/// Drag-and-drop format of nodes of the configuration entity tree.
+inline constexpr const char* kConfigEntityTreeFormat = "ConfigEntityTreeClipboardFormat";
+
+}  // namespace kiv::host

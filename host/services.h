@@ -1,0 +1,48 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "host/beeper.h"
+#include "host/database.h"
+#include "host/documents.h"
+#include "host/drag_source.h"
+#include "host/error_reporter.h"
+#include "host/file_names.h"
+#include "host/message_box.h"
+#include "host/session.h"
+#include "host/settings.h"
+
+namespace kiv::host {
+
+/// Everything that a host gives to the library. What a host leaves unset raises error 91 when it is needed.
+struct Services {
+  std::function<std::shared_ptr<Database>()> openDatabase;  ///< called once, on first use
+  std::shared_ptr<ErrorReporter> errorReporter;
+  std::shared_ptr<MessageBox> messageBox;
+  std::shared_ptr<Settings> settings;
+  std::shared_ptr<Session> session;
+  std::shared_ptr<DocumentLibrary> documents;
+  std::shared_ptr<FileNameRules> fileNameRules;
+  std::shared_ptr<FolderChooser> folderChooser;
+  std::shared_ptr<Beeper> beeper;
+  std::shared_ptr<DragSource> dragSource;
+};
+
+/// Installs the host's services for this process, once before any study record or tab is made.
+void InstallServices(Services services);
+
+const Services& InstalledServices();
+
+/// Access to one service. Each raises error 91 when the host has not given it.
+ErrorReporter& TheErrorReporter();
+MessageBox& TheMessageBox();
+Settings& TheSettings();
+Session& TheSession();
+DocumentLibrary& TheDocuments();
+FileNameRules& TheFileNameRules();
+FolderChooser& TheFolderChooser();
+Beeper& TheBeeper();
+DragSource& TheDragSource();
+
+}  // namespace kiv::host

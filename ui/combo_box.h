@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "ui/control.h"
+
+namespace kiv::ui {
+
+/// One entry of a list: its text and the number behind it.
+struct ListItem {
+  std::string text;
+  std::int32_t data = 0;
+};
+
+using ItemList = std::vector<ListItem>;
+
+/// Index of a list in which nothing is selected.
+inline constexpr int kNoSelection = -1;
+
+/// A drop-down list from which one entry, or none, is selected.
+class ComboBox : public Control {
+ public:
+  using Control::Control;
+
+  const ItemList& Items() const { return items_; }
+  /// Replaces the entries; nothing is selected afterwards.
+  void SetItems(ItemList items);
+
+  int ListIndex() const { return index_; }
+  /// Raises error 5 for an index that is neither an entry's nor kNoSelection.
+  void SetListIndex(int index);
+
+  /// The user picks an entry; ignored while the list is not usable.
+  void Select(int index);
+
+  void Accept(ControlVisitor& visitor) override;
+
+  /// Raised when another entry is selected.
+  Signal<> Changed;
+  /// Raised when the entries were replaced.
+  Signal<> ItemsChanged;
+
+ private:
+  ItemList items_;
+  int index_ = kNoSelection;
+};
+
+}  // namespace kiv::ui

@@ -1,0 +1,47 @@
+#include "ui/text_box.h"
+
+#include <utility>
+
+#include "base/utf16.h"
+#include "ui/control_visitor.h"
+
+namespace kiv::ui {
+
+void TextBox::SetText(std::string text) {
+  if (text_ == text) return;
+  text_ = std::move(text);
+  Changed.Raise();
+}
+
+bool TextBox::PassesFilter(char16_t key) const {
+  if (!filter_) return true;
+  auto keyCode = static_cast<std::int16_t>(key);
+  filter_(keyCode);
+  return keyCode != 0;
+}
+
+void TextBox::Type(std::string_view keys) {
+  if (!Usable()) return;
+  for (const char16_t key : ToUtf16(keys)) {
+    if (!PassesFilter(key)) continue;
+    std::u16string text = ToUtf16(text_);
+    if (key != kBackspaceKey) {
+      text += key;
+    } else if (!text.empty()) {
+      text.pop_back();
+    }
+    SetText(ToUtf8(text));
+  }
+}
+
+void TextBox::Paste(std::string_view text) {
+  if (Usable()) SetText(text_ + std::string(text));
+}
+
+void TextBox::Edit(std::string text) {
+  if (Usable()) SetText(std::move(text));
+}
+
+void TextBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+
+}  // namespace kiv::ui
