@@ -83,6 +83,8 @@ std::string ToUtf8(std::u16string_view text) {
   return result;
 }
 
-std::size_t CharacterCount(std::string_view text) { return ToUtf16(text).size(); }
+std::size_t CharacterCount(std::string_view text) {
+  return ToUtf16(text).size();
+}
 
 }  // namespace kiv

@@ -29,8 +29,7 @@ class Variant {
   Variant() = default;
   Variant(std::same_as<bool> auto value) : value_(value) {}
   template <std::integral Number>
-    requires(!std::same_as<Number, bool>)
-  Variant(Number value) : value_(static_cast<std::int64_t>(value)) {}
+  requires(!std::same_as<Number, bool>) Variant(Number value) : value_(static_cast<std::int64_t>(value)) {}
   Variant(double value) : value_(value) {}
   Variant(std::string value) : value_(std::move(value)) {}
   Variant(std::string_view value) : value_(std::string(value)) {}

@@ -20,18 +20,40 @@ Service& Required(const std::shared_ptr<Service>& service, const char* name) {
 
 }  // namespace
 
-void InstallServices(Services services) { Slot() = std::move(services); }
+void InstallServices(Services services) {
+  Slot() = std::move(services);
+}
 
-const Services& InstalledServices() { return Slot(); }
+const Services& InstalledServices() {
+  return Slot();
+}
 
-ErrorReporter& TheErrorReporter() { return Required(Slot().errorReporter, "error reporter"); }
-MessageBox& TheMessageBox() { return Required(Slot().messageBox, "message box"); }
-Settings& TheSettings() { return Required(Slot().settings, "settings"); }
-Session& TheSession() { return Required(Slot().session, "session"); }
-DocumentLibrary& TheDocuments() { return Required(Slot().documents, "document library"); }
-FileNameRules& TheFileNameRules() { return Required(Slot().fileNameRules, "file name rules"); }
-FolderChooser& TheFolderChooser() { return Required(Slot().folderChooser, "folder chooser"); }
-Beeper& TheBeeper() { return Required(Slot().beeper, "beeper"); }
-DragSource& TheDragSource() { return Required(Slot().dragSource, "drag source"); }
+ErrorReporter& TheErrorReporter() {
+  return Required(Slot().errorReporter, "error reporter");
+}
+MessageBox& TheMessageBox() {
+  return Required(Slot().messageBox, "message box");
+}
+Settings& TheSettings() {
+  return Required(Slot().settings, "settings");
+}
+Session& TheSession() {
+  return Required(Slot().session, "session");
+}
+DocumentLibrary& TheDocuments() {
+  return Required(Slot().documents, "document library");
+}
+FileNameRules& TheFileNameRules() {
+  return Required(Slot().fileNameRules, "file name rules");
+}
+FolderChooser& TheFolderChooser() {
+  return Required(Slot().folderChooser, "folder chooser");
+}
+Beeper& TheBeeper() {
+  return Required(Slot().beeper, "beeper");
+}
+DragSource& TheDragSource() {
+  return Required(Slot().dragSource, "drag source");
+}
 
 }  // namespace kiv::host

@@ -8,7 +8,9 @@ void Button::Click() {
   if (Usable()) Clicked.Raise();
 }
 
-void Button::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void Button::Accept(ControlVisitor& visitor) {
+  visitor.Visit(*this);
+}
 
 void CheckBox::SetState(CheckState state) {
   if (state_ == state) return;
@@ -20,6 +22,8 @@ void CheckBox::Click() {
   if (Usable()) SetChecked(!Checked());
 }
 
-void CheckBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void CheckBox::Accept(ControlVisitor& visitor) {
+  visitor.Visit(*this);
+}
 
 }  // namespace kiv::ui

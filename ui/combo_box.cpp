@@ -28,6 +28,8 @@ void ComboBox::Select(int index) {
   if (Usable()) SetListIndex(index);
 }
 
-void ComboBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void ComboBox::Accept(ControlVisitor& visitor) {
+  visitor.Visit(*this);
+}
 
 }  // namespace kiv::ui

@@ -16,7 +16,9 @@ Control::~Control() {
   std::erase(parent_->children_, this);
 }
 
-bool Control::Enabled() const { return enabled_ && (!parent_ || parent_->Enabled()); }
+bool Control::Enabled() const {
+  return enabled_ && (!parent_ || parent_->Enabled());
+}
 
 void Control::SetEnabled(bool enabled) {
   if (enabled_ == enabled) return;
@@ -24,7 +26,9 @@ void Control::SetEnabled(bool enabled) {
   RaiseAppearanceChanged();
 }
 
-bool Control::Visible() const { return visible_ && (!parent_ || parent_->Visible()); }
+bool Control::Visible() const {
+  return visible_ && (!parent_ || parent_->Visible());
+}
 
 void Control::SetVisible(bool visible) {
   if (visible_ == visible) return;
@@ -42,7 +46,9 @@ void Control::SetFocus() {
   outermost.FocusChanged.Raise(*this);
 }
 
-bool Control::HasFocus() const { return parent_ && parent_->Outermost().focused_ == this; }
+bool Control::HasFocus() const {
+  return parent_ && parent_->Outermost().focused_ == this;
+}
 
 void Control::LoseFocus() {
   if (!HasFocus()) return;
@@ -50,7 +56,9 @@ void Control::LoseFocus() {
   FocusLost.Raise();
 }
 
-void Control::RaiseAppearanceChanged() { AppearanceChanged.Raise(); }
+void Control::RaiseAppearanceChanged() {
+  AppearanceChanged.Raise();
+}
 
 Control* Container::FindControl(std::string_view name) const {
   const auto direct = std::find_if(children_.begin(), children_.end(),
@@ -75,6 +83,8 @@ const Container& Container::Outermost() const {
   return *container;
 }
 
-Container& Container::Outermost() { return const_cast<Container&>(std::as_const(*this).Outermost()); }
+Container& Container::Outermost() {
+  return const_cast<Container&>(std::as_const(*this).Outermost());
+}
 
 }  // namespace kiv::ui

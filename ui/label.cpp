@@ -4,7 +4,11 @@
 
 namespace kiv::ui {
 
-void Label::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
-void Frame::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void Label::Accept(ControlVisitor& visitor) {
+  visitor.Visit(*this);
+}
+void Frame::Accept(ControlVisitor& visitor) {
+  visitor.Visit(*this);
+}
 
 }  // namespace kiv::ui

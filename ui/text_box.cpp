@@ -42,6 +42,8 @@ void TextBox::Edit(std::string text) {
   if (Usable()) SetText(std::move(text));
 }
 
-void TextBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+void TextBox::Accept(ControlVisitor& visitor) {
+  visitor.Visit(*this);
+}
 
 }  // namespace kiv::ui

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "core/conversions.h"
+#include "core/sub_record.h"
+#include "host/database.h"
+
+/// Field tables: what a record stores, told once. Statements, loading and listing are made from them.
+namespace kiv {
+
+enum class FieldRole {
+  Key,      ///< identifies the row; inserted, never updated, not loaded
+  Stored,   ///< a column of every database
+  Optional  ///< a column that databases of an earlier layout lack
+};
+
+/// One field of a record: its column, where its value lives, and how it is stored.
+template <class Record>
+struct RecordField {
+  std::string_view name;
+  std::variant<std::int32_t Record::*, std::string Record::*> member;
+  FieldRole role = FieldRole::Stored;
+  std::string_view whenAbsent = {};  ///< text of an optional field that the database lacks
+
+  Variant Get(const Record& record) const {
+    return std::visit([&record](auto place) { return Variant(record.*place); }, member);
+  }
+  void Set(Record& record, const Variant& value) const {
+    if (const auto* number = std::get_if<0>(&member)) {
+      record.*(*number) = ToInt32(value);
+    } else {
+      record.*std::get<1>(member) = ToText(value);
+    }
+  }
+};
+
+enum class OptionalFields { Absent, Present };
+
+namespace sql {
+
+/// `INSERT INTO Table (A, B) VALUES (1, 'x')`
+std::string InsertStatement(const host::Database& database, std::string_view table,
+                            std::span<const host::Assignment> values);
+/// `UPDATE Table SET A = 1, B = 'x' WHERE Id = 7`
+std::string UpdateStatement(const host::Database& database, std::string_view table,
+                            std::span<const host::Assignment> values, std::int32_t id);
+std::string AsciiUpper(std::string_view text);
+
+}  // namespace sql
+
+/// Whether a table has the record's optional columns; asked anew for every statement.
+template <class Record>
+OptionalFields FindOptionalFields(host::Database& database, std::string_view table,
+                                  std::span<const RecordField<Record>> fields) {
+  for (const RecordField<Record>& field : fields) {
+    if (field.role != FieldRole::Optional) continue;
+    const bool exists = database.ColumnExists(sql::AsciiUpper(table), sql::AsciiUpper(field.name));
+    return exists ? OptionalFields::Present : OptionalFields::Absent;
+  }
+  return OptionalFields::Absent;
+}
+
+/// The record's values by column, in storing order; an update leaves the key out.
+enum class KeyField { Include, LeaveOut };
+template <class Record>
+std::vector<host::Assignment> ColumnValues(const Record& record, std::span<const RecordField<Record>> fields,
+                                           OptionalFields optional, KeyField key) {
+  std::vector<host::Assignment> values;
+  values.reserve(fields.size());
+  for (const RecordField<Record>& field : fields) {
+    if (field.role == FieldRole::Key && key == KeyField::LeaveOut) continue;
+    if (field.role == FieldRole::Optional && optional == OptionalFields::Absent) continue;
+    values.push_back({field.name, field.Get(record)});
+  }
+  return values;
+}
+
+/// Fills the record from the current row. A value that does not convert leaves the record as it was.
+template <class Record>
+void LoadFields(Record& record, const host::Recordset& row, std::span<const RecordField<Record>> fields,
+                OptionalFields optional) {
+  Record loaded = record;
+  for (const RecordField<Record>& field : fields) {
+    if (field.role == FieldRole::Key) continue;
+    if (field.role == FieldRole::Optional && optional == OptionalFields::Absent) {
+      field.Set(loaded, Variant(field.whenAbsent));
+    } else {
+      field.Set(loaded, row.Field(field.name));
+    }
+  }
+  record = std::move(loaded);
+}
+
+template <class Record>
+std::vector<NamedValue> ListFields(const Record& record, std::span<const RecordField<Record>> fields) {
+  std::vector<NamedValue> values;
+  values.reserve(fields.size());
+  for (const RecordField<Record>& field : fields) values.push_back({field.name, field.Get(record)});
+  return values;
+}
+
+}  // namespace kiv

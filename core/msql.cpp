@@ -1,0 +1,49 @@
+#include "core/msql.h"
+
+#include <exception>
+
+#include "host/services.h"
+
+namespace kiv::MSQL {
+
+namespace {
+
+constexpr int kQueryTimeoutSeconds = 60;
+
+std::shared_ptr<host::Database>& Slot() {
+  static std::shared_ptr<host::Database> database;
+  return database;
+}
+
+}  // namespace
+
+host::Database& Database() {
+  std::shared_ptr<host::Database>& database = Slot();
+  if (!database) {
+    const auto& openDatabase = host::InstalledServices().openDatabase;
+    if (openDatabase) database = openDatabase();
+    if (!database) throw Error(ErrorNumber::ObjectNotSet, "The host has given no database.");
+  }
+  return *database;
+}
+
+void ReleaseDatabase() {
+  Slot().reset();
+}
+
+std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql) {
+  return Database().OpenQuery(sql, kQueryTimeoutSeconds);
+}
+
+bool TrapErrors(std::string_view kind, const char* routine,
+                const std::function<void(host::Database&)>& write) {
+  try {
+    write(Database());
+    return true;
+  } catch (const std::exception& error) {
+    host::TheErrorReporter().ReportError(std::string(kind), kModuleName, routine, error.what());
+    return false;
+  }
+}
+
+}  // namespace kiv::MSQL

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "host/database.h"
+
+/// The persistence module. The routines of each study kind are declared beside its record.
+namespace kiv::MSQL {
+
+/// The module's name in error reports.
+inline constexpr const char* kModuleName = "MSQL";
+
+/// The one database object of this process, made by the host's factory on first use.
+/// Raises error 91 when the host has none to give.
+host::Database& Database();
+
+/// Lets go of the database object; the next use asks the host's factory again.
+void ReleaseDatabase();
+
+/// Opens a query with the time-out that every query of the library has; null when no result set came back.
+std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql);
+
+/// Runs a write routine that keeps its failures to itself: they are reported under the study kind and the
+/// routine's name. False when it failed.
+bool TrapErrors(std::string_view kind, const char* routine,
+                const std::function<void(host::Database&)>& write);
+
+}  // namespace kiv::MSQL

@@ -1,0 +1,87 @@
+#include "core/study_data.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "base/error.h"
+#include "core/conversions.h"
+#include "core/study_kinds.h"
+
+namespace kiv {
+
+namespace {
+
+bool IsKindName(std::string_view name) {
+  constexpr std::array kNames = {kHomStudy, kPlmStudy, kRfcStudy, kVcsStudy};
+  return FindStudyKind(name) || std::find(kNames.begin(), kNames.end(), name) != kNames.end();
+}
+
+}  // namespace
+
+CKivStudyData::CKivStudyData()
+    : studyType_(std::make_shared<host::DocumentType>()),
+      scenarioType_(std::make_shared<host::DocumentType>()) {}
+
+CKivStudyData::~CKivStudyData() {
+  subRecord_.reset();
+  studyType_.reset();
+  scenarioType_.reset();
+}
+
+void CKivStudyData::InitNew(const std::string& appName, const std::string& editorName,
+                            std::shared_ptr<host::DocumentType> studyType,
+                            std::shared_ptr<host::DocumentType> scenarioType, std::int32_t id) {
+  TakeNames(appName, editorName, std::move(studyType), std::move(scenarioType), id);
+  CreateSubRecord();
+  isNew_ = true;
+}
+
+void CKivStudyData::InitEdit(const std::string& appName, const std::string& editorName,
+                             std::shared_ptr<host::DocumentType> studyType,
+                             std::shared_ptr<host::DocumentType> scenarioType, std::int32_t id,
+                             const Variant& scenarioId, const Variant& duration,
+                             const Variant& pollingInterval, const Variant& retrieveDelay) {
+  TakeNames(appName, editorName, std::move(studyType), std::move(scenarioType), id);
+  scenarioId_ = ToInt32(scenarioId);
+  duration_ = ToInt32(duration);
+  pollingInterval_ = ToInt32(pollingInterval);
+  retrieveDelay_ = ToInt32(retrieveDelay);
+  CreateSubRecord();
+  if (subRecord_) subRecord_->GetData(id_);
+  isNew_ = false;
+}
+
+CKivStudyData& CKivStudyData::SaveSubTableData() {
+  if (!IsKindName(appName_)) return *this;
+  if (!subRecord_ || subRecord_->KindName() != appName_) {
+    throw Error(ErrorNumber::ObjectNotSet, "The study has no data of the kind " + appName_ + ".");
+  }
+  subRecord_->SetID(id_);
+  if (isNew_) {
+    subRecord_->InsertNew();
+  } else {
+    subRecord_->Update();
+  }
+  return *this;
+}
+
+void CKivStudyData::TakeNames(const std::string& appName, const std::string& editorName,
+                              std::shared_ptr<host::DocumentType> studyType,
+                              std::shared_ptr<host::DocumentType> scenarioType, std::int32_t id) {
+  appName_ = appName;
+  editorName_ = editorName;
+  studyType_ = std::move(studyType);
+  scenarioType_ = std::move(scenarioType);
+  id_ = id;
+}
+
+void CKivStudyData::CreateSubRecord() {
+  const StudyKind* kind = FindStudyKind(appName_);
+  if (!kind && IsKindName(appName_)) {
+    throw Error(ErrorNumber::ObjectNotSet, "The host has not registered the study kind " + appName_ + ".");
+  }
+  subRecord_ = kind ? kind->createRecord() : nullptr;
+}
+
+}  // namespace kiv

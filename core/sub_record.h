@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "base/variant.h"
+
+namespace kiv {
+
+/// One stored field of a record.
+struct NamedValue {
+  std::string_view name;
+  Variant value;
+};
+
+/// The part of a study that belongs to its kind: what the study record asks of it.
+class ISubRecord : public Object {
+ public:
+  /// The study kind that this record belongs to.
+  virtual std::string_view KindName() const = 0;
+
+  /// Identifier of the study; key of the record's row.
+  virtual std::int32_t ID() const = 0;
+  virtual void SetID(std::int32_t id) = 0;
+  virtual bool IsNew() const = 0;
+  virtual void SetIsNew(bool isNew) = 0;
+
+  /// Loads the stored record of a study.
+  virtual void GetData(std::int32_t id) = 0;
+  /// Writes a new record; false when something could not be written, which has been reported.
+  virtual bool InsertNew() = 0;
+  /// Rewrites the stored record.
+  virtual void Update() = 0;
+
+  /// The fields of the record's own row, in the order of storing.
+  virtual std::vector<NamedValue> StoredFields() const = 0;
+};
+
+}  // namespace kiv

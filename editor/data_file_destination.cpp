@@ -1,0 +1,141 @@
+#include "editor/data_file_destination.h"
+
+#include <exception>
+#include <filesystem>
+#include <utility>
+
+#include "core/kiv_study_ctls.h"
+#include "core/numeric_text.h"
+#include "editor/file_name_checks.h"
+#include "editor/name_preview.h"
+#include "host/services.h"
+
+namespace kiv {
+
+namespace {
+
+using namespace MKivStudyCtls;
+
+constexpr std::size_t kExtensionLimit = 5;
+
+bool IsOnHardDiskOrNetwork(const std::string& path) {
+  std::string description;
+  const std::int32_t type = GetDriveTypeName(path, description);
+  return type == kDriveFixed || type == kDriveRemote;
+}
+
+bool IsExistingFolder(std::string_view path) {
+  std::error_code error;
+  const std::u8string utf8(path.begin(), path.end());
+  return std::filesystem::is_directory(std::filesystem::path(utf8), error);
+}
+
+/// The extension is not typed, and a name has no blanks.
+void FileNameKeyFilter(std::int16_t& keyCode) {
+  if (keyCode == '.' || keyCode == ' ') keyCode = 0;
+}
+
+}  // namespace
+
+XKivDataFileDestination::XKivDataFileDestination(Container* parent, std::string name)
+    : Container(parent, std::move(name)),
+      Frame1(this, "Frame1"),
+      txtPath(&Frame1, "txtPath"),
+      cmdBrowse(&Frame1, "cmdBrowse"),
+      Label1(&Frame1, "Label1"),
+      txtFilename(&Frame1, "txtFilename"),
+      lblExtension(&Frame1, "lblExtension"),
+      lblPreview(&Frame1, "lblPreview") {
+  Frame1.SetCaption("Data File Destination");
+  cmdBrowse.SetCaption("&Browse...");
+  Label1.SetCaption("File n&ame:");
+  txtFilename.SetKeyFilter(FileNameKeyFilter);
+
+  pathChecks_.Add(
+      txtPath, [this] { return !Trimmed(Path()).empty(); },
+      "Data File Destination Path is a required field.");
+  pathChecks_.Add(
+      txtPath, [this] { return IsOnHardDiskOrNetwork(Path()); },
+      "Only hard disks and network drives are valid data file destination.");
+  pathChecks_.Add(
+      txtPath, [this] { return IsExistingFolder(Trimmed(Path())); },
+      "Data File Destination Path does not exist.");
+  filenameChecks_ =
+      FileNameChecks(txtFilename, [this] { return maxLength_; },
+                     {.required = "Data File Destination Filename is a required field.",
+                      .noBlanks = "Data File Destination Filename cannot contain spaces.",
+                      .firstCharacter = "The first character of the filename must be AlphaNumeric. ",
+                      .lengthStart = "A filename must have at least 1 but no more than "});
+
+  txtPath.Changed.Connect([this] { Changed.Raise(); });
+  txtFilename.Changed.Connect([this] {
+    ShowPreview();
+    Changed.Raise();
+  });
+  cmdBrowse.Clicked.Connect([this] { Browse(); });
+}
+
+void XKivDataFileDestination::Init(std::int32_t maxLength, const std::string& extension,
+                                   const std::string& path, const std::string& filename) {
+  SetMaxLength(maxLength);
+  SetExtension(extension);
+  SetPath(path);
+  SetFilename(filename);
+}
+
+void XKivDataFileDestination::SetFilename(const std::string& filename) {
+  txtFilename.SetText(filename.substr(0, filename.find('.')));
+}
+
+void XKivDataFileDestination::SetExtension(const std::string& extension) {
+  if (extension.size() >= kExtensionLimit) return;
+  lblExtension.SetCaption(extension.starts_with('.') ? extension : "." + extension);
+  ShowPreview();
+}
+
+void XKivDataFileDestination::SetMaxLength(std::int32_t maxLength) {
+  maxLength_ = maxLength;
+  ShowPreview();
+}
+
+void XKivDataFileDestination::SetStudyID(std::int32_t id) {
+  studyId_ = id;
+  ShowPreview();
+}
+
+bool XKivDataFileDestination::IsValidPath(const std::string&) const {
+  return pathChecks_.Enforce();
+}
+
+bool XKivDataFileDestination::IsValidFilename(const std::string&) const {
+  return filenameChecks_.Enforce();
+}
+
+void XKivDataFileDestination::Browse() {
+  try {
+    if (const auto folder = host::TheFolderChooser().ChooseFolder(Path())) SetPath(*folder);
+  } catch (const std::exception&) {
+    // A folder chooser that fails chooses nothing; the box stays as it is and can be typed into.
+  }
+}
+
+void XKivDataFileDestination::ShowPreview() {
+  if (txtFilename.Text().empty()) {
+    lblPreview.SetCaption({});
+    return;
+  }
+  const host::Session& session = host::TheSession();
+  const std::string name =
+      ExpandNamePattern(txtFilename.Text(), {session.LocalTime(), session.UserName(), studyId_});
+  lblPreview.SetCaption("Now: " + name + lblExtension.Caption() + "  (" +
+                        std::to_string(PatternNameLength(txtFilename.Text())) + " of " +
+                        std::to_string(maxLength_) + " characters)");
+}
+
+ui::LayoutItem XKivDataFileDestination::Layout() {
+  return ui::Group(Frame1, {ui::Form({ui::Field("&Folder:", {ui::Single(txtPath), ui::Single(cmdBrowse)}),
+                                      ui::Field(Label1, {ui::Single(txtFilename), ui::Single(lblExtension)}),
+                                      ui::Field("", {ui::Single(lblPreview)})})});
+}
+
+}  // namespace kiv

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "host/documents.h"
+#include "ui/combo_box.h"
+
+namespace kiv {
+
+/// A drop-down list of the host's documents of one type, such as the scenarios.
+class DocumentChooser : public ui::ComboBox {
+ public:
+  static constexpr std::int32_t kNoDocument = -1;
+
+  using ComboBox::ComboBox;
+
+  /// Lists the documents of a type; none is selected.
+  void SetDocumentType(std::shared_ptr<host::DocumentType> type);
+  /// Lists the documents anew and keeps the selected one if it still exists.
+  void Refresh();
+
+  /// Identifier of the selected document; kNoDocument when none is selected.
+  std::int32_t SelectedID() const;
+  /// Selects a document; one that does not exist selects none.
+  void SelectID(std::int32_t id);
+
+  /// Lets the user make a new document and selects it.
+  void AskForNew();
+
+  /// What to tell a user who has selected none.
+  std::string MissingText() const;
+
+ private:
+  std::shared_ptr<host::DocumentType> type_;
+};
+
+}  // namespace kiv

@@ -1,0 +1,90 @@
+#include "hom/general_tab.h"
+
+#include "core/kiv_study_ctls.h"
+#include "core/numeric_text.h"
+#include "host/constants.h"
+
+namespace kiv {
+
+namespace {
+
+constexpr std::int32_t kMaxNameLength = 11;  // of the default pattern, expanded
+constexpr const char* kExtension = ".hom";
+constexpr const char* kDefaultName = "h$YY$MM$DD$HH$MI";
+constexpr const char* kDefaultDuration = "30";
+constexpr std::int32_t kMinDuration = 10;
+constexpr std::int32_t kMaxDuration = 1439;  // less than a day
+
+}  // namespace
+
+XKivHomGen::XKivHomGen()
+    : TabOf("XKivHomGen", "General"),
+      fdocCBScenario(this, "fdocCBScenario"),
+      cmdNewScenario(this, "cmdNewScenario"),
+      XDest(this, "XDest"),
+      txtDuration(this, "txtDuration") {
+  cmdNewScenario.SetCaption("&New...");
+  cmdNewScenario.Clicked.Connect([this] { fdocCBScenario.AskForNew(); });
+  txtDuration.SetKeyFilter(MKivStudyCtls::NumericKeyFilter);
+
+  checks_.Add(
+      fdocCBScenario, [this] { return fdocCBScenario.SelectedID() != DocumentChooser::kNoDocument; },
+      [this] { return fdocCBScenario.MissingText(); });
+  checks_.Append(XDest.PathChecks());
+  checks_.Append(XDest.FilenameChecks());
+  checks_.Add(
+      txtDuration, [this] { return IsNumeric(txtDuration.Text()); }, "Study Duration must be numeric.");
+  checks_.Add(
+      txtDuration, [this] { return IsNumberBetween(txtDuration.Text(), kMinDuration, kMaxDuration); },
+      "Study Duration must be between 10 and 1439 minutes inclusive.");
+
+  Remember(
+      host::remembered::kDatafilePath, [this] { return XDest.Path(); },
+      [this](const std::string& path) { XDest.SetPath(path); });
+  Remember(
+      host::remembered::kHomFilename, [this] { return XDest.txtFilename.Text(); },
+      [this](const std::string& name) { XDest.SetFilename(name); });
+  Remember(host::remembered::kHomDuration, txtDuration);
+
+  ReportChangesOf(fdocCBScenario.Changed);
+  ReportChangesOf(XDest.Changed);
+  ReportChangesOf(txtDuration.Changed);
+}
+
+void XKivHomGen::LoadState() {
+  XDest.Init(kMaxNameLength, kExtension);
+}
+
+void XKivHomGen::ShowNewStudy() {
+  fdocCBScenario.SetDocumentType(Study()->ScenarioType());
+  XDest.SetStudyID(Study()->ID());
+  XDest.SetPath({});
+  XDest.SetFilename(kDefaultName);
+  txtDuration.SetText(kDefaultDuration);
+  ShowRememberedValues();
+}
+
+void XKivHomGen::ShowStoredStudy() {
+  fdocCBScenario.SetDocumentType(Study()->ScenarioType());
+  fdocCBScenario.SelectID(Study()->ScenarioID());
+  XDest.SetStudyID(Study()->ID());
+  XDest.SetPath(SubRecord()->Path());
+  XDest.SetFilename(SubRecord()->DataFile());
+  txtDuration.SetText(std::to_string(Study()->Duration()));
+}
+
+void XKivHomGen::SaveData() {
+  Study()->SetScenarioID(fdocCBScenario.SelectedID());
+  Study()->SetDuration(NumberOr(txtDuration.Text(), Study()->Duration()));
+  SubRecord()->SetPath(XDest.Path());
+  SubRecord()->SetDataFile(XDest.Filename());
+}
+
+ui::LayoutItem XKivHomGen::Layout() {
+  using namespace ui;
+  return Column({Form({Field("&Scenario:", {Single(fdocCBScenario), Single(cmdNewScenario)})}),
+                 XDest.Layout(), Form({Field("Study &duration:", {Single(txtDuration), Text("minutes")})}),
+                 Stretch()});
+}
+
+}  // namespace kiv

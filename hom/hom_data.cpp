@@ -1,0 +1,141 @@
+#include "hom/hom_data.h"
+
+#include <utility>
+
+#include "core/conversions.h"
+#include "core/msql.h"
+#include "core/study_data.h"
+#include "core/study_kinds.h"
+#include "host/services.h"
+
+namespace kiv {
+
+std::span<const RecordField<CKivHomData>> CKivHomData::Fields() {
+  using enum FieldRole;
+  using Data = CKivHomData;
+  static const RecordField<Data> fields[] = {
+      {"Id", &Data::id_, Key},
+      {"Path", &Data::path_},
+      {"DataFile", &Data::dataFile_},
+      {"HomMode", &Data::homMode_},
+      {"ToAmps", &Data::toAmps_},
+      {"FromAmps", &Data::fromAmps_},
+      {"ToTdmaAmps", &Data::toTdmaAmps_},
+      {"ToTdma", &Data::toTdma_},
+      {"SemiSoft", &Data::semiSoft_},
+      {"Hard", &Data::hard_},
+      {"ToCdmaAmps", &Data::toCdmaAmps_},
+      {"SemiSoftPrimary", &Data::semiSoftPrimary_},
+      {"SoftPrimary", &Data::softPrimary_},
+      {"SoftAdd", &Data::softAdd_},
+      {"SoftDrop", &Data::softDrop_},
+      {"CollectData", &Data::collectData_, Optional, "N"},
+      {"StartOnFail", &Data::startOnFail_, Optional, "N"},
+      {"CurStdDatafile", &Data::curStdDatafile_, Optional},
+      {"CurStdPath", &Data::curStdPath_, Optional},
+  };
+  return fields;
+}
+
+void CKivHomData::Initialize(std::int32_t id, std::string path, std::string dataFile, std::int32_t homMode,
+                             std::string toAmps, std::string fromAmps, std::string toTdmaAmps,
+                             std::string toTdma, std::string semiSoft, std::string hard,
+                             std::string toCdmaAmps, std::string semiSoftPrimary, std::string softPrimary,
+                             std::string softAdd, std::string softDrop, std::string collectData,
+                             std::string startOnFail, std::string curStdDatafile, const Variant& curStdPath) {
+  id_ = id;
+  path_ = std::move(path);
+  dataFile_ = std::move(dataFile);
+  homMode_ = homMode;
+  toAmps_ = std::move(toAmps);
+  fromAmps_ = std::move(fromAmps);
+  toTdmaAmps_ = std::move(toTdmaAmps);
+  toTdma_ = std::move(toTdma);
+  semiSoft_ = std::move(semiSoft);
+  hard_ = std::move(hard);
+  toCdmaAmps_ = std::move(toCdmaAmps);
+  semiSoftPrimary_ = std::move(semiSoftPrimary);
+  softPrimary_ = std::move(softPrimary);
+  softAdd_ = std::move(softAdd);
+  softDrop_ = std::move(softDrop);
+  collectData_ = std::move(collectData);
+  startOnFail_ = std::move(startOnFail);
+  curStdDatafile_ = std::move(curStdDatafile);
+  curStdPath_ = ToText(curStdPath);
+}
+
+std::string_view CKivHomData::KindName() const {
+  return kHomStudy;
+}
+void CKivHomData::GetData(std::int32_t id) {
+  MSQL::LoadHomData(id, *this);
+}
+bool CKivHomData::InsertNew() {
+  return MSQL::InsertHomData(*this);
+}
+void CKivHomData::Update() {
+  MSQL::UpdateHomData(*this);
+}
+std::vector<NamedValue> CKivHomData::StoredFields() const {
+  return ListFields(*this, Fields());
+}
+
+std::shared_ptr<CKivHomData> CKivStudyData::HomData() const {
+  return SubRecordAs<CKivHomData>();
+}
+void CKivStudyData::SetHomData(std::shared_ptr<CKivHomData> data) {
+  SetSubRecordAs(std::move(data));
+}
+
+namespace MSQL {
+
+namespace {
+
+constexpr std::string_view kTable = "KIV_HomStudy";
+
+std::shared_ptr<host::Recordset> QueryStudyRow(std::int32_t id) {
+  try {
+    return OpenQuery("SELECT * FROM " + std::string(kTable) + " WHERE Id = " + std::to_string(id));
+  } catch (const host::DatabaseError&) {
+    return nullptr;  // told like a missing result set
+  }
+}
+
+}  // namespace
+
+void LoadHomData(std::int32_t id, CKivHomData& record) {
+  const auto rows = QueryStudyRow(id);
+  if (!rows) {
+    host::TheErrorReporter().ReportError(std::string(kHomStudy), kModuleName, "LoadHomData",
+                                         "Unable to load study types data from " + std::string(kTable));
+    return;
+  }
+  if (rows->RecordCount() > 0) {
+    const auto fields = CKivHomData::Fields();
+    LoadFields(record, *rows, fields, FindOptionalFields(Database(), kTable, fields));
+    record.SetID(id);
+  }
+  rows->Close();
+}
+
+bool InsertHomData(const CKivHomData& record) {
+  return TrapErrors(kHomStudy, "InsertHomData", [&record](host::Database& database) {
+    const auto fields = CKivHomData::Fields();
+    const auto optional = FindOptionalFields(database, kTable, fields);
+    const auto values = ColumnValues(record, fields, optional, KeyField::Include);
+    database.ExecuteSql(sql::InsertStatement(database, kTable, values));
+  });
+}
+
+bool UpdateHomData(const CKivHomData& record) {
+  return TrapErrors(kHomStudy, "UpdateHomData", [&record](host::Database& database) {
+    const auto fields = CKivHomData::Fields();
+    const auto optional = FindOptionalFields(database, kTable, fields);
+    const auto values = ColumnValues(record, fields, optional, KeyField::LeaveOut);
+    database.ExecuteSql(sql::UpdateStatement(database, kTable, values, record.ID()));
+  });
+}
+
+}  // namespace MSQL
+
+}  // namespace kiv
