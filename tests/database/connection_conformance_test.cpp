@@ -1,0 +1,262 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "database/transaction.h"
+#include "engine.h"
+
+namespace kiv::database {
+
+namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Property;
+using testing::ThrowsMessage;
+using namespace std::string_literals;
+
+constexpr int kTimeoutSeconds = 60;
+
+template <class Call>
+void ExpectInvalidArgument(Call call, const std::string& textPart) {
+  EXPECT_THAT(call, testing::Throws<Error>(AllOf(Property(&Error::Number, ErrorNumber::InvalidArgument),
+                                                 Property(&Error::what, HasSubstr(textPart)))));
+}
+
+/// What every database has to do alike.
+class ConnectionConformance : public testing::TestWithParam<Engine> {
+ protected:
+  void SetUp() override {
+    connection_->ExecuteSql(
+        "CREATE TABLE Sample (Id BIGINT PRIMARY KEY, Name TEXT, Weight DOUBLE PRECISION, Parent BIGINT "
+        "REFERENCES Sample (Id) ON DELETE CASCADE)");
+  }
+
+  std::shared_ptr<host::Recordset> Query(const std::string& sql) {
+    return connection_->OpenQuery(sql, kTimeoutSeconds);
+  }
+  void Insert(std::vector<Variant> values) {
+    connection_->ExecuteSql("INSERT INTO Sample VALUES (" + connection_->FormatValueList(values) + ")");
+  }
+  Variant ValueOf(const std::string& expression) {
+    return Query("SELECT " + expression + " FROM Sample ORDER BY Id")->FieldAt(0);
+  }
+  /// The keys that a connection sees.
+  static std::vector<std::int64_t> Ids(Connection& connection) {
+    std::vector<std::int64_t> ids;
+    const auto rows = connection.OpenQuery("SELECT Id FROM Sample ORDER BY Id", kTimeoutSeconds);
+    for (; !rows->EndOfFile(); rows->MoveNext())
+      ids.push_back(std::get<std::int64_t>(rows->FieldAt(0).Value()));
+    return ids;
+  }
+  std::vector<std::int64_t> Ids() { return Ids(*connection_); }
+
+  const std::unique_ptr<TestDatabase> database_ = GetParam().start();
+  const std::shared_ptr<Connection> connection_ = database_->Connect();
+};
+
+TEST_P(ConnectionConformance, TextsComeBackUnchanged) {
+  Insert({1, "", {}, {}});
+  for (const std::string& text :
+       {""s, "O'Neill"s, "''"s, "'"s, R"(C:\new\'x\)"s, "  two blanks  "s, "tab\tline\nreturn\r"s, "ü € 😀"s,
+        "%_; -- /* ? $1 :x */"s, "NULL"s, "\"quoted\""s, "007"s}) {
+    connection_->ExecuteSql("DELETE FROM Sample");
+    Insert({1, text, {}, {}});
+    EXPECT_EQ(ValueOf("Name"), Variant(text));
+
+    const std::vector<host::Assignment> changes = {{"Name", text + "'2"}, {"Weight", 2.5}};
+    connection_->ExecuteSql("UPDATE Sample SET" + connection_->FormatAssignmentList(changes) +
+                            "WHERE Name = " + connection_->FormatValueList(std::vector<Variant>{text}));
+    EXPECT_EQ(ValueOf("Name"), Variant(text + "'2"));
+    EXPECT_EQ(ValueOf("Weight"), Variant(2.5));
+  }
+}
+
+TEST_P(ConnectionConformance, NumbersAndNullKeepTheirTypes) {
+  constexpr auto kSmallest = std::numeric_limits<std::int64_t>::min();
+  constexpr auto kLargest = std::numeric_limits<std::int64_t>::max();
+  Insert({kSmallest, {}, 0.1, {}});
+  Insert({0, "", 0.0, {}});
+  Insert({kLargest, "42", -1.5e300, {}});
+
+  const auto rows = Query("SELECT Id, Name, Weight FROM Sample ORDER BY Id");
+  std::vector<std::vector<Variant>> values;
+  for (; !rows->EndOfFile(); rows->MoveNext()) {
+    values.push_back({rows->FieldAt(0), rows->FieldAt(1), rows->FieldAt(2)});
+  }
+  EXPECT_EQ(values, (std::vector<std::vector<Variant>>{
+                        {kSmallest, {}, 0.1}, {std::int64_t{0}, "", 0.0}, {kLargest, "42", -1.5e300}}));
+}
+
+TEST_P(ConnectionConformance, NulIsRefused) {
+  ExpectInvalidArgument([&] { Insert({1, "a\0b"s, {}, {}}); }, "NUL");
+  EXPECT_THROW(connection_->ExecuteSql("DELETE FROM Sample\0 WHERE Id = 1"s), host::DatabaseError);
+  EXPECT_THROW(Query("SELECT 'a\0b'"s), host::DatabaseError);
+}
+
+TEST_P(ConnectionConformance, ResultSetIsReadForward) {
+  for (int id = 1; id <= 3; ++id) Insert({id, "n" + std::to_string(id), {}, {}});
+  const auto rows = Query("SELECT Id, Name, Name || '!' AS Name FROM Sample ORDER BY Id");
+  EXPECT_EQ(rows->RecordCount(), 3);
+  EXPECT_EQ(rows->Field("NAME"), Variant("n1")) << "the first of two fields with one name";
+  EXPECT_EQ(rows->FieldAt(2), Variant("n1!"));
+  rows->MoveNext();
+  EXPECT_EQ(rows->Field("iD"), Variant(2));
+  ExpectInvalidArgument([&] { rows->FieldAt(3); }, "number 3");
+  ExpectInvalidArgument([&] { rows->FieldAt(-1); }, "number -1");
+  ExpectInvalidArgument([&] { rows->Field("Nam"); }, "'Nam'");
+  rows->MoveNext();
+  EXPECT_FALSE(rows->EndOfFile());
+  rows->MoveNext();
+  EXPECT_TRUE(rows->EndOfFile());
+  EXPECT_EQ(rows->RecordCount(), 3);
+  rows->MoveNext();
+  ExpectInvalidArgument([&] { rows->FieldAt(0); }, "at its end");
+}
+
+TEST_P(ConnectionConformance, ResultSetOutlivesChangesAndClosing) {
+  Insert({1, "one", {}, {}});
+  const auto rows = Query("SELECT * FROM Sample");
+  const auto others = Query("SELECT Name FROM Sample");
+  connection_->ExecuteSql("DROP TABLE Sample");
+  EXPECT_EQ(rows->Field("name"), Variant("one"));
+  rows->Close();
+  EXPECT_TRUE(rows->EndOfFile());
+  ExpectInvalidArgument([&] { rows->FieldAt(0); }, "at its end");
+  EXPECT_EQ(others->FieldAt(0), Variant("one"));
+}
+
+TEST_P(ConnectionConformance, NoRowsAndNoResultSetDiffer) {
+  const auto rows = Query("SELECT Id FROM Sample");
+  ASSERT_NE(rows, nullptr);
+  EXPECT_TRUE(rows->EndOfFile());
+  EXPECT_EQ(rows->RecordCount(), 0);
+  EXPECT_EQ(rows->FieldIndex("ID"), 0);
+  EXPECT_EQ(Query("INSERT INTO Sample (Id) VALUES (1)"), nullptr);
+  const auto inserted = Query("INSERT INTO Sample (Id, Name) VALUES (2, 'x'), (3, 'y') RETURNING Id");
+  EXPECT_EQ(inserted->RecordCount(), 2);
+  EXPECT_EQ(inserted->Field("id"), Variant(2));
+  EXPECT_THAT(Ids(), ElementsAre(1, 2, 3));
+}
+
+TEST_P(ConnectionConformance, ColumnsAreFoundAsTheyAreNow) {
+  EXPECT_TRUE(connection_->ColumnExists("SAMPLE", "weight"));
+  EXPECT_FALSE(connection_->ColumnExists("Sample", "Height"));
+  EXPECT_FALSE(connection_->ColumnExists("NoSuchTable", "Weight"));
+  EXPECT_FALSE(connection_->ColumnExists("x'); DROP TABLE Sample; --", "' OR '1'='1"));
+  const auto other = database_->Connect();
+  EXPECT_EQ(other->OpenQuery("SELECT * FROM Sample", kTimeoutSeconds)->RecordCount(), 0);
+  connection_->ExecuteSql("ALTER TABLE Sample ADD COLUMN Height TEXT");
+  Insert({1, "", {}, {}, "tall"});
+  EXPECT_TRUE(connection_->ColumnExists("Sample", "Height"));
+  // The other connection still has the old columns in mind when it starts its statement.
+  EXPECT_EQ(other->OpenQuery("SELECT * FROM Sample", kTimeoutSeconds)->Field("Height"), Variant("tall"));
+}
+
+TEST_P(ConnectionConformance, StoredFunctionIsCalledByItsDottedName) {
+  database_->AddBracketFunction(*connection_, "lucent_generic.find_cell_tech");
+  for (const std::string& argument : {"5"s, ""s, "O'Neill"s, "ü'); DROP TABLE Sample; --"s}) {
+    EXPECT_EQ(connection_->CallStoredFunction("lucent_generic.find_cell_tech", argument),
+              "[" + argument + "]");
+  }
+  EXPECT_THROW(connection_->CallStoredFunction("lucent_generic.no_such_function", "5"), host::DatabaseError);
+  EXPECT_TRUE(connection_->ColumnExists("Sample", "Id"));
+}
+
+TEST_P(ConnectionConformance, BooleansAreReadFromFields) {
+  const auto rows = Query("SELECT 'Y', 'N', 'y', 1, 0, -7, NULL, ''");
+  std::vector<bool> values;
+  for (int i = 0; i < 8; ++i) values.push_back(connection_->FieldToBoolean(rows->FieldAt(i)));
+  EXPECT_THAT(values, ElementsAre(true, false, false, true, false, true, false, false));
+}
+
+TEST_P(ConnectionConformance, FailuresCarryTextAndStatement) {
+  Insert({1, "one", {}, {}});
+  for (const std::string& sql :
+       {"SELECT Nothing FROM Sample"s, "SELEKT 1"s, "INSERT INTO Sample (Id) VALUES (1)"s,
+        "INSERT INTO Sample (Id, Parent) VALUES (2, 99)"s, "SELECT * FROM NoSuchTable"s, ""s,
+        " -- nothing"s}) {
+    try {
+      Query(sql);
+      ADD_FAILURE() << sql;
+    } catch (const host::DatabaseError& error) {
+      EXPECT_EQ(error.Number(), ErrorNumber::DatabaseFailure);
+      EXPECT_EQ(error.Statement(), sql);
+      EXPECT_STRNE(error.what(), "");
+    }
+  }
+  EXPECT_THAT([&] { Query("SELECT * FROM NoSuchTable"); },
+              ThrowsMessage<host::DatabaseError>(testing::ContainsRegex("[Nn]o[Ss]uch[Tt]able")));
+  EXPECT_THAT(Ids(), ElementsAre(1)) << "the connection goes on working";
+}
+
+TEST_P(ConnectionConformance, SecondStatementIsRefusedAndTheFirstNotRun) {
+  Insert({1, "one", {}, {}});
+  for (const std::string& sql : {"DELETE FROM Sample; DELETE FROM Sample"s,
+                                 "DELETE FROM Sample;; /* */ SELECT 1"s, "DELETE FROM Sample; nonsense"s}) {
+    EXPECT_THROW(connection_->ExecuteSql(sql), host::DatabaseError) << sql;
+    EXPECT_THAT(Ids(), ElementsAre(1)) << sql;
+  }
+  connection_->ExecuteSql("DELETE FROM Sample; -- that was all\n ");
+  EXPECT_THAT(Ids(), ElementsAre());
+}
+
+TEST_P(ConnectionConformance, TransactionIsAllOrNothing) {
+  const auto other = database_->Connect();
+  {
+    Transaction transaction(*connection_);
+    Insert({1, "one", {}, {}});
+    Insert({2, "two", {}, 1});
+    transaction.Commit();
+  }
+  EXPECT_THAT(Ids(*other), ElementsAre(1, 2));
+  try {
+    const Transaction transaction(*connection_);
+    connection_->ExecuteSql("DELETE FROM Sample WHERE Id = 1");
+    EXPECT_THAT(Ids(), ElementsAre()) << "the child goes with its parent";
+    throw std::runtime_error("the save failed");
+  } catch (const std::runtime_error&) {
+    EXPECT_THAT(Ids(), ElementsAre(1, 2));
+  }
+  {
+    Transaction transaction(*connection_);
+    ExpectInvalidArgument([&] { connection_->Begin(); }, "already");
+    Insert({3, "three", {}, {}});
+    transaction.Commit();
+  }
+  EXPECT_THAT(Ids(*other), ElementsAre(1, 2, 3)) << "the refused inner Begin left the outer one alone";
+  ExpectInvalidArgument([&] { connection_->Commit(); }, "no transaction");
+  ExpectInvalidArgument([&] { connection_->Rollback(); }, "no transaction");
+}
+
+TEST_P(ConnectionConformance, TimeOutEndsAnEndlessQuery) {
+  const std::string endless =
+      "WITH RECURSIVE run (n) AS (SELECT 1 UNION ALL SELECT n FROM run) SELECT count(*) FROM run";
+  const auto start = std::chrono::steady_clock::now();
+  try {
+    connection_->OpenQuery(endless, 1);
+    ADD_FAILURE();
+  } catch (const host::DatabaseError& error) {
+    EXPECT_EQ(error.Statement(), endless);
+  }
+  const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
+  EXPECT_GE(seconds.count(), 0.9);
+  EXPECT_LT(seconds.count(), 2.5);
+  Insert({1, "one", {}, {}});
+  EXPECT_EQ(connection_->OpenQuery("SELECT Id FROM Sample", 0)->RecordCount(), 1) << "0 is no limit";
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, ConnectionConformance, testing::Values(SqliteEngine()),
+                         testing::PrintToStringParamName());
+
+}  // namespace
+
+}  // namespace kiv::database

@@ -1,0 +1,175 @@
+#include "database/sqlite_database.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <thread>
+
+#include "database/transaction.h"
+#include "engine.h"
+#include "temp_folder.h"
+
+namespace kiv::database {
+
+namespace {
+
+using namespace std::chrono_literals;
+using testing::HasSubstr;
+using testing::Property;
+using testing::Throws;
+using testing::ThrowsMessage;
+
+constexpr int kTimeoutSeconds = 60;
+
+std::string Bracketed(const std::string& text) {
+  return "[" + text + "]";
+}
+
+class SqliteTestDatabase : public TestDatabase {
+ public:
+  std::shared_ptr<Connection> Connect() override {
+    return SqliteDatabase::Open(folder_.File("conformance.db"), OpenMode::CreateIfMissing);
+  }
+  void AddBracketFunction(Connection& connection, const std::string& name) override {
+    dynamic_cast<SqliteDatabase&>(connection).RegisterTextFunction(name, Bracketed);
+  }
+
+ private:
+  TempFolder folder_;
+};
+
+}  // namespace
+
+Engine SqliteEngine() {
+  return {"Sqlite", [] { return std::make_unique<SqliteTestDatabase>(); }};
+}
+
+namespace {
+
+class SqliteDatabaseTest : public testing::Test {
+ protected:
+  std::shared_ptr<SqliteDatabase> Connect() {
+    return SqliteDatabase::Open(folder_.File("test.db"), OpenMode::CreateIfMissing);
+  }
+  Variant ValueOf(const std::string& query) {
+    return database_->OpenQuery(query, kTimeoutSeconds)->FieldAt(0);
+  }
+
+  const TempFolder folder_;
+  const std::shared_ptr<SqliteDatabase> database_ = Connect();
+};
+
+TEST_F(SqliteDatabaseTest, SettingsKeepDataSafe) {
+  EXPECT_EQ(ValueOf("PRAGMA foreign_keys"), Variant(1));
+  EXPECT_EQ(ValueOf("PRAGMA synchronous"), Variant(2));
+  EXPECT_EQ(ValueOf("PRAGMA journal_mode"), Variant("delete"));
+  EXPECT_EQ(database_->Name(), folder_.File("test.db"));
+  EXPECT_FALSE(database_->ReadOnly());
+}
+
+TEST_F(SqliteDatabaseTest, DoubtfulStatementsAreRefused) {
+  database_->ExecuteSql("CREATE TABLE t (id INTEGER PRIMARY KEY)");
+  EXPECT_THROW(database_->OpenQuery("SELECT \"idd\" FROM t", kTimeoutSeconds), host::DatabaseError);
+  EXPECT_THROW(database_->OpenQuery("SELECT id FROM t WHERE id = ?", kTimeoutSeconds), host::DatabaseError);
+  database_->ExecuteSql("INSERT INTO t VALUES (1)");
+  EXPECT_THAT([&] { database_->ExecuteSql("INSERT INTO t VALUES (1)"); },
+              Throws<SqliteError>(Property(&SqliteError::ExtendedCode, SQLITE_CONSTRAINT_PRIMARYKEY)));
+}
+
+TEST_F(SqliteDatabaseTest, TextComesAsUtf8AndBytesAsTheyAre) {
+  EXPECT_EQ(ValueOf("SELECT x'6100c3bc'"), Variant(std::string("a\0\xC3\xBC", 4)));
+  EXPECT_EQ(ValueOf("SELECT x''"), Variant(""));
+  const auto wide = SqliteDatabase::Open(folder_.File("wide.db"), OpenMode::CreateIfMissing);
+  wide->ExecuteSql("PRAGMA encoding = 'UTF-16'");
+  wide->ExecuteSql("CREATE TABLE t (name TEXT)");
+  wide->ExecuteSql("INSERT INTO t VALUES ('ü€😀')");
+  EXPECT_EQ(wide->OpenQuery("SELECT name FROM t", kTimeoutSeconds)->FieldAt(0), Variant("ü€😀"));
+}
+
+TEST_F(SqliteDatabaseTest, FunctionFailsTheCallingStatement) {
+  database_->RegisterTextFunction("odd \"name\"", [](const std::string&) -> std::string {
+    throw std::runtime_error("the network table is empty");
+  });
+  EXPECT_THAT([&] { database_->CallStoredFunction("odd \"name\"", "5"); },
+              ThrowsMessage<host::DatabaseError>(HasSubstr("the network table is empty")));
+  database_->RegisterTextFunction("odd \"name\"", Bracketed);
+  EXPECT_EQ(database_->CallStoredFunction("odd \"name\"", "5"), "[5]");
+  EXPECT_EQ(ValueOf("SELECT \"odd \"\"name\"\"\"(NULL)"), Variant("[]"));
+}
+
+TEST_F(SqliteDatabaseTest, FunctionMayQueryWithinTheTimeOutOfItsCaller) {
+  SqliteDatabase* const database = database_.get();
+  database_->ExecuteSql("CREATE TABLE cell (id TEXT, tech TEXT)");
+  database_->ExecuteSql("INSERT INTO cell VALUES ('5', 'CDMA')");
+  database_->RegisterTextFunction("tech", [database](const std::string& id) {
+    const auto rows = database->OpenQuery(
+        "SELECT tech FROM cell WHERE id = " + database->FormatValueList(std::vector<Variant>{id}), 1000);
+    return std::get<std::string>(rows->FieldAt(0).Value());
+  });
+  EXPECT_EQ(database_->CallStoredFunction("tech", "5"), "CDMA");
+
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_THROW(
+      database_->OpenQuery(
+          "WITH RECURSIVE run (n) AS (SELECT 1 UNION ALL SELECT n FROM run) SELECT max(tech('5')) FROM run",
+          1),
+      host::DatabaseError);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 3s);
+}
+
+TEST_F(SqliteDatabaseTest, WriterWaitsForTheOther) {
+  database_->ExecuteSql("CREATE TABLE t (id INTEGER PRIMARY KEY)");
+  const auto other = Connect();
+  Transaction transaction(*other);
+  std::thread later([&transaction] {
+    std::this_thread::sleep_for(200ms);
+    transaction.Commit();
+  });
+  EXPECT_NO_THROW(database_->ExecuteSql("INSERT INTO t VALUES (1)"));
+  later.join();
+}
+
+TEST_F(SqliteDatabaseTest, WaitingIsPartOfTheTimeOut) {
+  database_->ExecuteSql("CREATE TABLE t (id INTEGER PRIMARY KEY)");
+  const auto other = Connect();
+  other->ExecuteSql("BEGIN EXCLUSIVE");
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_THAT([&] { database_->OpenQuery("SELECT id FROM t", 1); },
+              Throws<SqliteError>(Property(&SqliteError::Code, SQLITE_BUSY)));
+  const auto waited = std::chrono::steady_clock::now() - start;
+  EXPECT_GE(waited, 900ms);
+  EXPECT_LT(waited, 3s);
+}
+
+TEST_F(SqliteDatabaseTest, LostTransactionWritesNothingMore) {
+  database_->ExecuteSql("CREATE TABLE t (id INTEGER PRIMARY KEY)");
+  database_->Begin();
+  database_->ExecuteSql("INSERT INTO t VALUES (1)");
+  // One of the failures after which SQLite has already rolled everything back.
+  EXPECT_THROW(database_->ExecuteSql("INSERT OR ROLLBACK INTO t VALUES (1)"), host::DatabaseError);
+  EXPECT_THROW(database_->ExecuteSql("INSERT INTO t VALUES (2)"), host::DatabaseError);
+  EXPECT_THROW(database_->Commit(), host::DatabaseError);
+  database_->Rollback();
+  EXPECT_EQ(ValueOf("SELECT count(*) FROM t"), Variant(0));
+  const Transaction next(*database_);
+}
+
+TEST_F(SqliteDatabaseTest, EveryPathIsAFileName) {
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(folder_.Path());
+  for (const std::string name : {":memory:", "file:x?mode=memory", "ü and blank.db"}) {
+    SqliteDatabase::Open(name, OpenMode::CreateIfMissing)->ExecuteSql("CREATE TABLE t (id INTEGER)");
+    EXPECT_TRUE(std::filesystem::is_regular_file(folder_.File(name))) << name;
+  }
+  std::filesystem::current_path(before);
+}
+
+}  // namespace
+
+}  // namespace kiv::database

@@ -1,0 +1,274 @@
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <optional>
+#include <string>
+
+#include "database/open.h"
+#include "database/schema.h"
+#include "database/sqlite_file.h"
+#include "temp_folder.h"
+
+namespace kiv::database {
+
+namespace {
+
+using std::filesystem::perms;
+using testing::HasSubstr;
+using namespace std::string_literals;
+
+constexpr int kTimeoutSeconds = 60;
+
+/// Permissions do not bind root, so the cases about them run as somebody else.
+class AsOrdinaryUser {
+ public:
+  AsOrdinaryUser() { EXPECT_EQ(seteuid(before_ == 0 ? kNobody : before_), 0); }
+  AsOrdinaryUser(const AsOrdinaryUser&) = delete;
+  AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
+  ~AsOrdinaryUser() { EXPECT_EQ(seteuid(before_), 0); }
+
+ private:
+  static constexpr uid_t kNobody = 65534;
+  const uid_t before_ = geteuid();
+};
+
+void WriteFile(const std::string& path, const std::string& content) {
+  std::ofstream(path, std::ios::binary) << content;
+}
+
+std::string ReadFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+/// Runs in a process of its own that then ends as if it were killed.
+void RunAndDie(const std::function<void()>& work) {
+  const pid_t child = fork();
+  if (child == 0) {
+    try {
+      work();
+    } catch (...) {
+      _exit(1);
+    }
+    _exit(0);
+  }
+  int status = -1;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0);
+}
+
+/// Leaves a file half changed, with the journal that takes it back.
+void WriteHalfATransaction(const std::string& path) {
+  RunAndDie([&path] {
+    const auto database = SqliteDatabase::Open(path, OpenMode::MustExist);
+    database->ExecuteSql("PRAGMA cache_size = 1");
+    database->Begin();
+    database->ExecuteSql("DELETE FROM kiv_scenario");
+    database->ExecuteSql(
+        "WITH RECURSIVE run (n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM run WHERE n < 5000) INSERT INTO "
+        "kiv_scenario (name) SELECT 'scenario ' || n FROM run");
+  });
+  ASSERT_TRUE(std::filesystem::exists(path + "-journal"));
+}
+
+class StudyDatabaseOpen : public testing::Test {
+ protected:
+  /// The error of a failing attempt; a success fails the test.
+  OpenError Failure(const std::string& path, OpenMode mode) {
+    try {
+      OpenStudyDatabase(path, mode);
+    } catch (const OpenError& error) {
+      EXPECT_THAT(error.what(), HasSubstr("'" + path + "'"));
+      return error;
+    }
+    ADD_FAILURE() << path << " was opened";
+    return {OpenProblem::Missing, path};
+  }
+  void ExpectProblem(OpenProblem problem, const std::string& path, OpenMode mode,
+                     const std::string& textPart) {
+    const OpenError error = Failure(path, mode);
+    EXPECT_EQ(error.Problem(), problem) << error.what();
+    EXPECT_THAT(error.what(), HasSubstr(textPart));
+  }
+  void ExpectProblem(OpenProblem problem, const std::string& path, const std::string& textPart) {
+    ExpectProblem(problem, path, OpenMode::MustExist, textPart);
+    ExpectProblem(problem, path, OpenMode::CreateIfMissing, textPart);
+  }
+  std::string NewStudyDatabase(const std::string& name = "studies.db") {
+    OpenStudyDatabase(folder_.File(name), OpenMode::CreateIfMissing)
+        ->ExecuteSql("INSERT INTO kiv_scenario VALUES (1, 'first')");
+    return folder_.File(name);
+  }
+  static std::int64_t ScenarioCount(Connection& connection) {
+    const auto rows = connection.OpenQuery("SELECT count(*) FROM kiv_scenario", kTimeoutSeconds);
+    return std::get<std::int64_t>(rows->FieldAt(0).Value());
+  }
+
+  const TempFolder folder_;
+};
+
+TEST_F(StudyDatabaseOpen, MissingFileIsToldOrMade) {
+  const std::string path = folder_.File("new/deep/studies.db");
+  EXPECT_EQ(Failure(path, OpenMode::MustExist).what(),
+            "The study database '" + path +
+                "' does not exist. Check the path, or create it with: "
+                "kivstudy init --database " +
+                path);
+  ExpectProblem(OpenProblem::Missing, folder_.File("my studies.db"), OpenMode::MustExist,
+                "--database \"" + folder_.File("my studies.db") + "\"");
+  EXPECT_TRUE(std::filesystem::is_empty(folder_.Path())) << "looking for a file makes nothing";
+  EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::CreateIfMissing)), 0);
+  EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::MustExist)), 0);
+}
+
+TEST_F(StudyDatabaseOpen, NoFileNameNoDatabase) {
+  for (const std::string& path : {""s, "a\0b"s, folder_.File("new/")}) {
+    ExpectProblem(OpenProblem::Missing, path, OpenMode::MustExist, "does not exist");
+    ExpectProblem(OpenProblem::CannotCreate, path, OpenMode::CreateIfMissing, "no file name");
+  }
+  ExpectProblem(OpenProblem::IsFolder, folder_.Path(), "is a folder");
+}
+
+TEST_F(StudyDatabaseOpen, OtherContentIsNotTouched) {
+  const std::string path = folder_.File("file");
+  for (const std::string& content :
+       {"x"s, std::string(5000, 'x'), "SQLite format 3\0"s, "SQLite format 3\0"s + std::string(5000, 'x')}) {
+    WriteFile(path, content);
+    const OpenError error = Failure(path, OpenMode::CreateIfMissing);
+    EXPECT_THAT(error.Problem(), testing::AnyOf(OpenProblem::NotADatabase, OpenProblem::Foreign));
+    EXPECT_THAT(error.what(), HasSubstr("choose another file"));
+    EXPECT_EQ(ReadFile(path), content);
+  }
+  ASSERT_EQ(mkfifo(folder_.File("pipe").c_str(), 0666), 0);
+  ExpectProblem(OpenProblem::NotADatabase, folder_.File("pipe"), "choose another file");
+}
+
+TEST_F(StudyDatabaseOpen, DamagedDatabaseIsTold) {
+  const std::string path = NewStudyDatabase();
+  const std::string content = ReadFile(path);
+  WriteFile(path, content.substr(0, 100) + std::string(content.size() - 100, 'x'));
+  ExpectProblem(OpenProblem::NotADatabase, path, "malformed");
+}
+
+TEST_F(StudyDatabaseOpen, EmptyFileIsADatabaseOnlyWhenOneIsToBeMade) {
+  const std::string path = folder_.File("empty.db");
+  WriteFile(path, "");
+  ExpectProblem(OpenProblem::NotADatabase, path, OpenMode::MustExist, "empty");
+  EXPECT_EQ(std::filesystem::file_size(path), 0U);
+  EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::CreateIfMissing)), 0);
+}
+
+TEST_F(StudyDatabaseOpen, ForeignDatabaseIsNotTouched) {
+  const std::string path = NewStudyDatabase("foreign.db");
+  SqliteDatabase::Open(path, OpenMode::MustExist)->ExecuteSql("PRAGMA application_id = 7");
+  // Even playing back its journal is the business of the other program.
+  WriteHalfATransaction(path);
+  const std::string content = ReadFile(path);
+  const std::string journal = ReadFile(path + "-journal");
+  ExpectProblem(OpenProblem::Foreign, path, "another program");
+  EXPECT_EQ(ReadFile(path), content);
+  EXPECT_EQ(ReadFile(path + "-journal"), journal);
+
+  const auto opened = SqliteDatabase::Open(folder_.File("other.db"), OpenMode::CreateIfMissing);
+  opened->ExecuteSql("CREATE TABLE theirs (id INTEGER)");
+  EXPECT_THROW(UpgradeSchema(*opened), OpenError);
+  EXPECT_FALSE(opened->ColumnExists("kiv_study", "id"));
+}
+
+TEST_F(StudyDatabaseOpen, NewerDatabaseIsNotTouched) {
+  const std::string path = NewStudyDatabase();
+  const auto before = SqliteDatabase::Open(path, OpenMode::MustExist);
+  before->ExecuteSql("PRAGMA user_version = 99");
+  const std::string content = ReadFile(path);
+  ExpectProblem(OpenProblem::Newer, path, "install that version");
+  EXPECT_EQ(ReadFile(path), content);
+  EXPECT_THROW(UpgradeSchema(*before), OpenError) << "a newer program came while the file was open";
+}
+
+TEST_F(StudyDatabaseOpen, PermissionsAreTold) {
+  const std::string closedFile = NewStudyDatabase("closed.db");
+  std::filesystem::permissions(closedFile, perms::none);
+  std::filesystem::create_directory(folder_.File("closed"));
+  std::filesystem::create_directory(folder_.File("fixed"));
+  const std::string inClosedFolder = NewStudyDatabase("closed/studies.db");
+  std::filesystem::permissions(folder_.File("closed"), perms::none);
+  std::filesystem::permissions(
+      folder_.File("fixed"), perms::owner_read | perms::owner_exec | perms::others_read | perms::others_exec);
+  WriteFile(folder_.File("plain"), "x");
+
+  const AsOrdinaryUser ordinary;
+  ExpectProblem(OpenProblem::Unreadable, closedFile, "Permission denied");
+  ExpectProblem(OpenProblem::Unreadable, inClosedFolder, "Permission denied");
+  ExpectProblem(OpenProblem::CannotCreate, folder_.File("fixed/studies.db"), OpenMode::CreateIfMissing,
+                "Permission denied");
+  ExpectProblem(OpenProblem::CannotCreate, folder_.File("fixed/sub/studies.db"), OpenMode::CreateIfMissing,
+                "Permission denied");
+  ExpectProblem(OpenProblem::CannotCreate, folder_.File("plain/studies.db"), OpenMode::CreateIfMissing,
+                "Choose a folder");
+}
+
+TEST_F(StudyDatabaseOpen, LockedDatabaseIsTold) {
+  const std::string path = NewStudyDatabase();
+  const auto other = OpenStudyDatabase(path, OpenMode::MustExist);
+  other->ExecuteSql("BEGIN EXCLUSIVE");
+  ExpectProblem(OpenProblem::Locked, path, OpenMode::MustExist, "try again");
+  other->ExecuteSql("ROLLBACK");
+  EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::MustExist)), 1);
+}
+
+TEST_F(StudyDatabaseOpen, WriteProtectedFileCanBeRead) {
+  const std::string path = folder_.File("old.db");
+  const auto old = SqliteDatabase::Open(path, OpenMode::CreateIfMissing);
+  UpgradeSchema(*old, 1);
+  old->ExecuteSql("INSERT INTO kiv_scenario VALUES (1, 'first')");
+  const std::string emptyPath = folder_.File("empty.db");
+  WriteFile(emptyPath, "");
+  for (const std::string& file : {path, emptyPath}) {
+    std::filesystem::permissions(file, perms::owner_read | perms::others_read);
+  }
+
+  const AsOrdinaryUser ordinary;
+  for (const OpenMode mode : {OpenMode::MustExist, OpenMode::CreateIfMissing}) {
+    const auto database = OpenStudyDatabase(path, mode);
+    EXPECT_TRUE(database->ReadOnly());
+    EXPECT_EQ(SchemaVersion(*database), 1);
+    EXPECT_EQ(ScenarioCount(*database), 1);
+    EXPECT_THROW(database->ExecuteSql("DELETE FROM kiv_scenario"), host::DatabaseError);
+  }
+  ExpectProblem(OpenProblem::CannotCreate, emptyPath, OpenMode::CreateIfMissing, "write-protected");
+}
+
+TEST_F(StudyDatabaseOpen, KilledProgramLeavesTheOldState) {
+  const std::string path = NewStudyDatabase();
+  const std::string content = ReadFile(path);
+  WriteHalfATransaction(path);
+  EXPECT_NE(ReadFile(path), content);
+  EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::MustExist)), 1);
+  EXPECT_EQ(ReadFile(path), content);
+}
+
+TEST_F(StudyDatabaseOpen, LookingAtAFileKeepsTheLocksOfThisProcess) {
+  const std::string path = NewStudyDatabase();
+  const auto writer = OpenStudyDatabase(path, OpenMode::MustExist);
+  writer->Begin();
+  EXPECT_EQ(InspectFile(path).applicationId, kApplicationId);
+  RunAndDie([&path] {
+    struct flock lock {};
+    lock.l_type = F_WRLCK;
+    lock.l_whence = SEEK_SET;
+    const int file = open(path.c_str(), O_RDWR);
+    if (fcntl(file, F_GETLK, &lock) != 0 || lock.l_type == F_UNLCK) throw OpenProblem::Locked;
+  });
+}
+
+}  // namespace
+
+}  // namespace kiv::database

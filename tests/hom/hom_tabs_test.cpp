@@ -1,0 +1,323 @@
+#include <gtest/gtest.h>
+
+#include "core/study_kinds.h"
+#include "hom/current_tab.h"
+#include "hom/detail_tab.h"
+#include "hom/general_tab.h"
+#include "hom/hom_studies.h"
+#include "support/fake_host.h"
+#include "support/temp_folder.h"
+
+namespace kiv {
+namespace {
+
+/// One tab on a HOM study, driven as a host does.
+template <class TabType>
+class HomTab : public ::testing::Test {
+ protected:
+  HomTab() {
+    RegisterHomStudies();
+    study_->InitNew(std::string(kHomStudy), "HOM", study_->StudyType(), study_->ScenarioType(), 0);
+  }
+
+  CKivHomData& Data() { return *study_->HomData(); }
+  void LoadNew() {
+    tab_.LoadState();
+    tab_.LoadData(Variant(study_), "", host_.editor);
+  }
+  void LoadStored() {
+    study_->SetIsNew(false);
+    LoadNew();
+  }
+  /// The message of a refusal; empty when the tab is valid.
+  std::string Refusal() {
+    const bool valid = tab_.IsTabValid("");
+    const std::string text = host_.TakeMessage();
+    EXPECT_EQ(valid, text.empty());
+    return text;
+  }
+
+  test::FakeHost host_;
+  std::shared_ptr<CKivStudyData> study_ = std::make_shared<CKivStudyData>();
+  TabType tab_;
+};
+
+using General = HomTab<XKivHomGen>;
+using Detail = HomTab<XKivHomDetail>;
+using Current = HomTab<XKivHomCurrent>;
+
+TEST_F(General, NewStudyShowsDefaultsAndThenWhatIsRemembered) {
+  LoadNew();
+  EXPECT_EQ(tab_.fdocCBScenario.ListIndex(), ui::kNoSelection);
+  EXPECT_EQ(tab_.XDest.Path(), "");
+  EXPECT_EQ(tab_.XDest.Filename(), "h$YY$MM$DD$HH$MI.hom");
+  EXPECT_EQ(tab_.txtDuration.Text(), "30");
+  EXPECT_TRUE(host_.editor->changes.empty());
+
+  host_.settings->remembered = {{"HomDuration", "45"}, {"DatafilePath", "/d"}};
+  LoadNew();
+  EXPECT_EQ(tab_.XDest.Path(), "/d");
+  EXPECT_EQ(tab_.XDest.txtFilename.Text(), "h$YY$MM$DD$HH$MI");
+  EXPECT_EQ(tab_.txtDuration.Text(), "45");
+  EXPECT_FALSE(tab_.HandleTabProcess("anything"));
+}
+
+TEST_F(General, ChecksRunInOrderAndMoveTheFocus) {
+  const test::TempFolder folder;
+  LoadNew();
+  tab_.XDest.SetPath("");
+  tab_.XDest.SetFilename("");
+  tab_.txtDuration.SetText("");
+  EXPECT_EQ(tab_.Problems().size(), 4U);
+  EXPECT_EQ(Refusal(), "Please select a scenario.");
+  EXPECT_TRUE(tab_.fdocCBScenario.HasFocus());
+  EXPECT_EQ(host_.editor->broughtForward, std::vector<std::string>{"XKivHomGen"});
+  tab_.fdocCBScenario.Select(1);
+  EXPECT_EQ(Refusal(), "Data File Destination Path is a required field.");
+  tab_.XDest.SetPath(folder.Path());
+  EXPECT_EQ(Refusal(), "Data File Destination Filename is a required field.");
+  tab_.XDest.SetFilename("h1");
+  EXPECT_EQ(Refusal(), "Study Duration must be numeric.");
+  EXPECT_TRUE(tab_.txtDuration.HasFocus());
+  const std::string range = "Study Duration must be between 10 and 1439 minutes inclusive.";
+  const std::pair<const char*, std::string> durations[] = {{"9", range},
+                                                           {"10", ""},
+                                                           {"1439", ""},
+                                                           {"1440", range},
+                                                           {"-30", range},
+                                                           {"9.5", ""},
+                                                           {"1439.4", ""},
+                                                           {"99999999999999999999", range},
+                                                           {"30x", "Study Duration must be numeric."}};
+  for (const auto& [duration, message] : durations) {
+    tab_.txtDuration.SetText(duration);
+    EXPECT_EQ(Refusal(), message) << duration;
+  }
+  EXPECT_EQ(study_->Duration(), -1);  // a refused tab writes nothing
+}
+
+TEST_F(General, SavesWhatItShowsAndShowsWhatIsStored) {
+  study_->SetScenarioID(9);
+  study_->SetDuration(120);
+  Data().SetPath("/d");
+  Data().SetDataFile("abc.hom");
+  LoadStored();
+  EXPECT_EQ(tab_.fdocCBScenario.SelectedID(), 9);
+  EXPECT_EQ(tab_.XDest.txtFilename.Text(), "abc");
+  EXPECT_EQ(tab_.txtDuration.Text(), "120");
+  tab_.txtDuration.SetText("");
+  tab_.txtDuration.Type("6a0.");
+  EXPECT_EQ(host_.beeper->beeps, 2);
+  tab_.fdocCBScenario.Select(0);
+  tab_.XDest.txtPath.Paste("2");
+  EXPECT_EQ(host_.editor->changes.size(), 5U);
+  tab_.SaveData();
+  EXPECT_EQ(study_->ScenarioID(), 7);
+  EXPECT_EQ(study_->Duration(), 60);
+  EXPECT_EQ(Data().Path(), "/d2");
+  EXPECT_EQ(Data().DataFile(), "abc.hom");
+  tab_.RememberValues();
+  EXPECT_EQ(host_.settings->remembered,
+            (std::map<std::string, std::string>{
+                {"DatafilePath", "/d2"}, {"HomFilename", "abc"}, {"HomDuration", "60"}}));
+}
+
+TEST_F(General, ScenariosMayGoAndCome) {
+  study_->SetScenarioID(555);
+  LoadStored();
+  EXPECT_EQ(Refusal(), "Please select a scenario.");
+  tab_.cmdNewScenario.Click();
+  EXPECT_EQ(tab_.fdocCBScenario.SelectedID(), -1);
+  host_.documents->nextNew = {11, "New town"};
+  tab_.cmdNewScenario.Click();
+  EXPECT_EQ(tab_.fdocCBScenario.SelectedID(), 11);
+}
+
+TEST_F(General, RefusesWhatIsNoHomStudy) {
+  EXPECT_THROW(tab_.LoadData(Variant(1), "", host_.editor), Error);
+  EXPECT_THROW(tab_.LoadData(Variant(std::make_shared<CKivStudyData>()), "", host_.editor), Error);
+}
+
+/// The boxes of a group as text: checked `x`, cleared `-`, in brackets when locked.
+template <class Boxes>
+std::string Picture(const Boxes& boxes, const ui::Button& button) {
+  std::string text;
+  for (const auto& box : boxes) text += box.Checked() ? 'x' : '-';
+  EXPECT_EQ(boxes[0].Enabled(), button.Enabled());
+  return (button.Enabled() ? text : "[" + text + "]") + " " + button.Caption();
+}
+
+struct DetailPictures : Detail {
+  std::string Tdma() { return Picture(tab_.chkTDMA, tab_.cmdTDMA); }
+  std::string Cdma() { return Picture(tab_.chkCDMA, tab_.cmdCDMA); }
+};
+
+TEST_F(DetailPictures, NewStudyIsAmpsOnly) {
+  LoadNew();
+  EXPECT_EQ(tab_.cboModeSelection.ListIndex(), 0);
+  EXPECT_TRUE(tab_.chkAMPS.Checked());
+  EXPECT_EQ(Tdma(), "---- Select All");
+  EXPECT_EQ(Cdma(), "------ Select All");
+  EXPECT_EQ(Refusal(), "");
+  EXPECT_TRUE(host_.editor->changes.empty());
+}
+
+TEST_F(DetailPictures, HeatModesCheckAndLockTheirGroup) {
+  LoadNew();
+  tab_.chkCDMA[2].Click();
+  tab_.cboModeSelection.Select(1);
+  EXPECT_EQ(Tdma(), "[xxxx] Select All");
+  EXPECT_EQ(Cdma(), "[------] Select All");
+  EXPECT_FALSE(tab_.chkAMPS.Enabled());
+  EXPECT_EQ(host_.editor->changes.size(), 2U);
+  EXPECT_EQ(Refusal(), "");  // the locked AMPS box counts
+  tab_.SaveData();
+  EXPECT_EQ(Data().HomMode(), 1);
+  EXPECT_EQ(Data().ToAmps() + Data().FromAmps() + Data().ToTdmaAmps() + Data().ToTdma() + Data().SemiSoft(),
+            "YYYYY");
+  EXPECT_EQ(Data().Hard() + Data().ToCdmaAmps() + Data().SemiSoftPrimary() + Data().SoftPrimary() +
+                Data().SoftAdd() + Data().SoftDrop(),
+            "NNNNNN");
+  tab_.cboModeSelection.Select(2);
+  EXPECT_EQ(Tdma(), "[----] Select All");
+  EXPECT_EQ(Cdma(), "[xxxxxx] Select All");
+  tab_.cboModeSelection.Select(0);
+  EXPECT_EQ(Tdma(), "---- Select All");
+  EXPECT_EQ(Cdma(), "------ Select All");
+  EXPECT_TRUE(tab_.chkAMPS.Enabled());
+}
+
+TEST_F(DetailPictures, WithoutAmpsAHeatModeIsRefused) {
+  LoadNew();
+  tab_.chkAMPS.Click();
+  EXPECT_EQ(Refusal(), "You must select at least one Handoff Type.");
+  EXPECT_TRUE(tab_.chkAMPS.HasFocus());
+  for (const int heat : {1, 2}) {
+    tab_.cboModeSelection.Select(heat);
+    EXPECT_EQ(Refusal(), "You must select at least one Handoff Type.");
+  }
+}
+
+TEST_F(DetailPictures, GroupButtonsEmptyAndLockTheOtherGroup) {
+  LoadNew();
+  tab_.chkTDMA[0].Click();
+  tab_.chkTDMA[0].Click();
+  tab_.cmdCDMA.Click();
+  EXPECT_EQ(Tdma(), "[----] Select All");
+  EXPECT_EQ(Cdma(), "xxxxxx Clear All");
+  tab_.cmdTDMA.Click();  // locked
+  EXPECT_EQ(Cdma(), "xxxxxx Clear All");
+  tab_.cmdCDMA.Click();
+  EXPECT_EQ(Tdma(), "---- Select All");
+  EXPECT_EQ(Cdma(), "------ Select All");
+  tab_.cmdTDMA.Click();
+  EXPECT_EQ(Tdma(), "xxxx Clear All");
+  EXPECT_EQ(Cdma(), "[------] Select All");
+  EXPECT_EQ(host_.editor->changes.size(), 5U);
+}
+
+TEST_F(DetailPictures, BoxesOfOneGroupLockTheOther) {
+  LoadNew();
+  tab_.chkCDMA[4].Click();
+  EXPECT_EQ(Tdma(), "[----] Select All");
+  EXPECT_EQ(Cdma(), "----x- Select All");
+  for (const std::size_t i : {0, 1, 2, 3, 5}) tab_.chkCDMA[i].Click();
+  EXPECT_EQ(Cdma(), "xxxxxx Clear All");
+  tab_.chkCDMA[5].Click();
+  EXPECT_EQ(Cdma(), "xxxxx- Clear All");
+  for (const std::size_t i : {0, 1, 2, 3}) tab_.chkCDMA[i].Click();
+  EXPECT_EQ(Tdma(), "[----] Select All");
+  tab_.chkCDMA[4].Click();
+  EXPECT_EQ(Cdma(), "------ Select All");
+  EXPECT_EQ(Tdma(), "---- Select All");
+}
+
+TEST_F(DetailPictures, StoredStudyComesBackAsItWas) {
+  Data().SetToAmps("y");  // not exactly "Y"
+  Data().SetSoftAdd("Y");
+  LoadStored();
+  EXPECT_FALSE(tab_.chkAMPS.Checked());
+  EXPECT_EQ(Tdma(), "[----] Select All");
+  EXPECT_EQ(Cdma(), "----x- Select All");
+  EXPECT_EQ(Refusal(), "");
+
+  Data().SetHomMode(2);
+  LoadStored();
+  EXPECT_EQ(tab_.cboModeSelection.ListIndex(), 2);
+  EXPECT_EQ(Cdma(), "[----x-] Select All");  // no box changes by loading
+  EXPECT_FALSE(tab_.chkAMPS.Enabled());
+
+  Data().SetHomMode(7);
+  LoadStored();
+  tab_.SaveData();
+  EXPECT_EQ(Data().HomMode(), 7);
+  EXPECT_TRUE(host_.editor->changes.empty());
+}
+
+TEST_F(Current, NewStudyCollectsNothing) {
+  host_.settings->remembered = {{"CurStdPath", "/omp"}, {"CurStdDatafile", "cur"}, {"StartOnFail", "N"}};
+  LoadNew();
+  EXPECT_FALSE(tab_.chkCollectData.Checked());
+  EXPECT_FALSE(tab_.txtCurStdPath.Enabled());
+  EXPECT_EQ(tab_.txtCurStdPath.Text(), "/omp");
+  EXPECT_FALSE(tab_.chkStartOnFail.Checked());
+  tab_.txtCurStdPath.SetText("not * checked");
+  EXPECT_EQ(Refusal(), "");
+  tab_.chkCollectData.Click();
+  EXPECT_TRUE(tab_.txtCurStdPath.Enabled());
+  EXPECT_EQ(host_.editor->changes.size(), 2U);
+}
+
+TEST_F(Current, ChecksTheDirectoryAndThenTheName) {
+  LoadNew();
+  tab_.chkCollectData.Click();
+  EXPECT_TRUE(tab_.chkStartOnFail.Checked());
+  EXPECT_EQ(Refusal(), "OMP-FX Directory is a required field.");
+  EXPECT_TRUE(tab_.txtCurStdPath.HasFocus());
+  tab_.txtCurStdPath.SetText("- x");
+  EXPECT_EQ(Refusal(), "OMP-FX Directory cannot begin with '-'.");
+  for (const char forbidden : std::string(" *!~?+;\"'${}<>[]()^&|\\#")) {
+    tab_.txtCurStdPath.SetText(std::string("/a") + forbidden + "b");
+    EXPECT_EQ(
+        Refusal(),
+        "OMP-FX Directory cannot include any of the following characters:  *!~?+;\"'${}<>[]()^&|\\# <blank>");
+  }
+  tab_.txtCurStdPath.SetText("/omp/data-1_%@:,.=");
+  const std::string tooLong =
+      "OMP-FX Filename must have at least 1 but no more than 11 characters\r\n"
+      "and cannot include any of the following characters: \\ / : * ? \" < > |";
+  const std::pair<const char*, std::string> names[] = {
+      {"  ", "OMP-FX Filename is a required field."},
+      {" abc", "OMP-FX Filename cannot contain spaces."},
+      {"_abc", "The first character of the OMP-FX Filename must be AlphaNumeric. "},
+      {"abcdefghijkl", tooLong},
+      {"a|b", tooLong},
+      {"c$YY$MM$DD$HH$MI", ""}};
+  for (const auto& [name, message] : names) {
+    tab_.txtCurStdDatafile.SetText(name);
+    EXPECT_EQ(Refusal(), message) << name;
+  }
+}
+
+TEST_F(Current, TheExtensionIsAddedAndTakenOff) {
+  Data().SetCollectData("Y");
+  Data().SetStartOnFail("maybe");
+  Data().SetCurStdDatafile("abc.hom");
+  LoadStored();
+  EXPECT_TRUE(tab_.txtCurStdDatafile.Enabled());
+  EXPECT_FALSE(tab_.chkStartOnFail.Checked());
+  EXPECT_EQ(tab_.txtCurStdDatafile.Text(), "abc");
+  tab_.txtCurStdDatafile.SetText("");
+  tab_.SaveData();
+  EXPECT_EQ(Data().CurStdDatafile(), "abc.hom");  // an emptied name changes nothing
+  tab_.txtCurStdDatafile.SetText("new");
+  tab_.chkCollectData.Click();
+  tab_.SaveData();
+  EXPECT_EQ(Data().CurStdDatafile() + Data().CollectData() + Data().StartOnFail(), "new.homNN");
+  Data().SetCurStdDatafile("abc");
+  LoadStored();
+  EXPECT_EQ(tab_.txtCurStdDatafile.Text(), "abc");
+}
+
+}  // namespace
+}  // namespace kiv

@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+
+#include "base/error.h"
+#include "base/utf16.h"
+#include "ui/control_array.h"
+#include "ui/control_visitor.h"
+
+namespace kiv::ui {
+namespace {
+
+struct Page : Container {
+  Page() : Container(nullptr, "page") {}
+  void Accept(ControlVisitor&) override {}
+
+  Frame frame{this, "frame"};
+  TextBox box{&frame, "box"};
+  ControlArray<CheckBox, 3> checks{&frame, "check"};
+  ComboBox list{this, "list"};
+};
+
+TEST(Controls, AFrameDisablesAndHidesWhatItHolds) {
+  Page page;
+  int looks = 0;
+  page.box.AppearanceChanged.Connect([&] { ++looks; });
+  page.frame.SetEnabled(false);
+  EXPECT_FALSE(page.box.Enabled());
+  EXPECT_EQ(looks, 1);
+  page.box.Type("x");
+  page.checks[0].Click();
+  page.box.SetFocus();
+  EXPECT_EQ(page.box.Text(), "");
+  EXPECT_FALSE(page.checks[0].Checked());
+  EXPECT_EQ(page.FocusedControl(), nullptr);
+  page.frame.SetEnabled(true);
+  page.SetVisible(false);
+  EXPECT_FALSE(page.box.Visible());
+  page.box.SetText("the program still can");
+  EXPECT_EQ(page.box.Text(), "the program still can");
+}
+
+TEST(Controls, AreFoundByNameAtAnyDepth) {
+  Page page;
+  EXPECT_EQ(page.FindControl("box"), &page.box);
+  EXPECT_EQ(page.FindControl("check(2)"), &page.checks[2]);
+  EXPECT_EQ(page.FindControl("Box"), nullptr);
+}
+
+TEST(Controls, FocusIsRememberedInOnePlace) {
+  Page page;
+  std::string events;
+  page.FocusChanged.Connect([&](Control& control) { events += "+" + control.Name(); });
+  page.box.FocusLost.Connect([&] { events += "-box"; });
+  page.box.SetFocus();
+  page.list.SetFocus();
+  EXPECT_TRUE(page.list.HasFocus());
+  EXPECT_EQ(events, "+box-box+list");
+  page.list.LoseFocus();
+  EXPECT_EQ(page.FocusedControl(), nullptr);
+}
+
+TEST(Controls, TypingIsFilteredAndPastingIsNot) {
+  Page page;
+  int changes = 0;
+  page.box.Changed.Connect([&] { ++changes; });
+  page.box.SetKeyFilter([](std::int16_t& key) {
+    if (key == 'x') key = 0;
+  });
+  page.box.Type("axb\b\b€\U0001F600\b");
+  EXPECT_EQ(page.box.Text(), "€\uFFFD");  // a Backspace takes one UTF-16 unit
+  page.box.SetText("1");
+  const int before = changes;
+  page.box.SetText("1");
+  EXPECT_EQ(changes, before);
+  page.box.Paste("x2");
+  EXPECT_EQ(page.box.Text(), "1x2");
+}
+
+TEST(Controls, ListsRaiseWhenTheSelectionChanges) {
+  Page page;
+  int changes = 0;
+  page.list.Changed.Connect([&] { ++changes; });
+  page.list.SetItems({{"a", 1}, {"b", 2}});
+  page.list.Select(1);
+  page.list.Select(1);
+  EXPECT_EQ(changes, 1);
+  EXPECT_THROW(page.list.SetListIndex(2), Error);
+  EXPECT_EQ(page.list.ListIndex(), 1);
+  page.list.SetItems({});
+  EXPECT_EQ(page.list.ListIndex(), kNoSelection);
+  EXPECT_EQ(changes, 2);
+}
+
+TEST(Utf16, RoundTripsAndRepairs) {
+  const std::string text = "aé€\U0001F600";
+  EXPECT_EQ(ToUtf8(ToUtf16(text)), text);
+  EXPECT_EQ(CharacterCount(text), 5U);
+  for (const char* broken : {"\xFF", "\xC0\x80", "\xE2\x82", "\xED\xA0\x80", "\xF5\x80\x80\x80"}) {
+    for (const char16_t unit : ToUtf16(broken)) EXPECT_EQ(unit, 0xFFFD) << broken;
+  }
+}
+
+}  // namespace
+}  // namespace kiv::ui
