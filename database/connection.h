@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "host/database.h"
+
+namespace kiv::database {
+
+/// What to do when there is no database yet.
+enum class OpenMode { MustExist, CreateIfMissing };
+
+/// What a host needs of its database beyond what the library asks for. One thread at a time.
+class Connection : public host::Database {
+ public:
+  /// Starts a transaction that may write. Raises error 5 inside another one.
+  virtual void Begin() = 0;
+  /// Makes the changes since Begin lasting; when that fails the transaction is still open. Raises error 5
+  /// when there is none.
+  virtual void Commit() = 0;
+  /// Takes back the changes since Begin. Raises error 5 when there is no transaction.
+  virtual void Rollback() = 0;
+
+  /// Whether every attempt to write would fail.
+  virtual bool ReadOnly() const = 0;
+  /// The database as a status bar names it.
+  virtual std::string Name() const = 0;
+};
+
+}  // namespace kiv::database

@@ -1,0 +1,67 @@
+#include "database/open_error.h"
+
+#include <algorithm>
+
+namespace kiv::database {
+
+namespace {
+
+std::string Quoted(const std::string& file) {
+  return "'" + file + "'";
+}
+
+std::string InitCommand(const std::string& file) {
+  const bool needsQuotes = file.find(' ') != std::string::npos;
+  return "kivstudy init --database " + (needsQuotes ? '"' + file + '"' : file);
+}
+
+std::string InBrackets(const std::string& detail) {
+  return detail.empty() ? "" : " (" + detail + ")";
+}
+
+/// A NUL would end the message in the middle.
+std::string Printable(std::string file) {
+  std::ranges::replace(file, '\0', '?');
+  return file;
+}
+
+std::string Sentence(OpenProblem problem, const std::string& file, const std::string& detail) {
+  switch (problem) {
+    case OpenProblem::Missing:
+      return "The study database " + Quoted(file) +
+             " does not exist. Check the path, or create it with: " + InitCommand(file);
+    case OpenProblem::IsFolder:
+      return Quoted(file) + " is a folder, not a study database. Name the file inside a folder.";
+    case OpenProblem::Unreadable:
+      return "The study database " + Quoted(file) + " cannot be opened" + InBrackets(detail) +
+             ". Check that you have permission to use the file and its folder, then try again.";
+    case OpenProblem::Locked:
+      return "The study database " + Quoted(file) +
+             " is locked by another program. Wait until that program has finished or close it, then try "
+             "again.";
+    case OpenProblem::NotADatabase:
+      return "The file " + Quoted(file) + " is not a study database" + InBrackets(detail) +
+             ". Nothing was changed; choose another file.";
+    case OpenProblem::Foreign:
+      return "The file " + Quoted(file) +
+             " is a database of another program. Nothing was changed; choose another file.";
+    case OpenProblem::Newer:
+      return "The study database " + Quoted(file) + " was made by a newer version of kivstudy" +
+             InBrackets(detail) + ". Nothing was changed; install that version to open it.";
+    case OpenProblem::CannotCreate:
+      return "The study database " + Quoted(file) + " cannot be created" + InBrackets(detail) +
+             ". Choose a folder in which you may write.";
+  }
+  return {};
+}
+
+}  // namespace
+
+OpenError::OpenError(OpenProblem problem, const std::string& file, const std::string& detail)
+    : DatabaseError(Sentence(problem, Printable(file), detail), {}), problem_(problem) {}
+
+OpenError EmptyFileError(const std::string& file) {
+  return {OpenProblem::NotADatabase, file, "it is empty; to make it one: " + InitCommand(file)};
+}
+
+}  // namespace kiv::database

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "host/database.h"
+
+namespace kiv::database {
+
+/// Why a study database could not be opened.
+enum class OpenProblem {
+  Missing,
+  IsFolder,
+  Unreadable,    ///< no permission, or the disk fails
+  Locked,        ///< another program holds it for itself
+  NotADatabase,  ///< something else, empty or damaged
+  Foreign,       ///< a database, but of another program
+  Newer,         ///< made by a later version of this program
+  CannotCreate,
+};
+
+/// A study database that cannot be opened; the text is one message for the user that names the file and says
+/// what to do.
+class OpenError : public host::DatabaseError {
+ public:
+  /// The detail, such as the system's reason, becomes part of the message where there is one.
+  OpenError(OpenProblem problem, const std::string& file, const std::string& detail = {});
+
+  OpenProblem Problem() const { return problem_; }
+
+ private:
+  OpenProblem problem_;
+};
+
+/// The NotADatabase error of a file without content, which can still be made a study database.
+OpenError EmptyFileError(const std::string& file);
+
+}  // namespace kiv::database
