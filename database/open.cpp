@@ -1,0 +1,35 @@
+#include "database/open.h"
+
+#include "database/schema.h"
+#include "database/sqlite_file.h"
+
+namespace kiv::database {
+
+namespace {
+
+void RefuseUnsuitable(const FileFacts& facts, const std::string& utf8Path) {
+  if (facts.kind != FileKind::SqliteDatabase) return;
+  if (facts.applicationId != kApplicationId) throw OpenError(OpenProblem::Foreign, utf8Path);
+  RefuseNewer(facts.userVersion, utf8Path);
+}
+
+}  // namespace
+
+std::shared_ptr<SqliteDatabase> OpenStudyDatabase(const std::string& utf8Path, OpenMode mode) {
+  // Before SQLite opens the file, which would already play back a journal.
+  const FileFacts facts = InspectFile(utf8Path);
+  RefuseUnsuitable(facts, utf8Path);
+  std::shared_ptr<SqliteDatabase> database = SqliteDatabase::Open(utf8Path, mode);
+  try {
+    if (!database->ReadOnly()) {
+      UpgradeSchema(*database);
+    } else if (SchemaVersion(*database) == 0) {
+      throw OpenError(OpenProblem::CannotCreate, utf8Path, "the file is write-protected");
+    }
+  } catch (const SqliteError& error) {
+    throw AsOpenError(error, utf8Path, facts.kind);
+  }
+  return database;
+}
+
+}  // namespace kiv::database

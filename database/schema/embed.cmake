@@ -1,0 +1,28 @@
+# cmake -P embed.cmake OUTPUT FUNCTION FILE...: a source file with a function that returns the texts of the files.
+set(output ${CMAKE_ARGV3})
+set(function ${CMAKE_ARGV4})
+
+set(texts "")
+math(EXPR last "${CMAKE_ARGC} - 1")
+foreach(index RANGE 5 ${last})
+  file(READ "${CMAKE_ARGV${index}}" text)
+  # A checkout with other line ends must not change what is run.
+  string(REPLACE "\r\n" "\n" text "${text}")
+  string(APPEND texts "    R\"sql(${text})sql\",\n")
+endforeach()
+
+file(WRITE "${output}" "#include \"database/schema_steps.h\"
+
+namespace kiv::database {
+
+namespace {
+
+constexpr std::string_view kSteps[] = {
+${texts}};
+
+}  // namespace
+
+std::span<const std::string_view> ${function}() { return kSteps; }
+
+}  // namespace kiv::database
+")
