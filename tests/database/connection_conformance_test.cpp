@@ -134,6 +134,23 @@ TEST_P(ConnectionConformance, ResultSetOutlivesChangesAndClosing) {
   EXPECT_EQ(others->FieldAt(0), Variant("one"));
 }
 
+TEST_P(ConnectionConformance, LargeResultSetIsComplete) {
+  const std::string longText(200000, 'x');
+  const auto rows = Query(
+      "WITH RECURSIVE run (n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM run WHERE n < 5000) SELECT n, 'text ' "
+      "|| n, "
+      "NULL, CASE WHEN n % 1000 = 0 THEN '" +
+      longText + "' ELSE '' END FROM run");
+  ASSERT_EQ(rows->RecordCount(), 5000);
+  for (int n = 1; n <= 5000; ++n, rows->MoveNext()) {
+    ASSERT_EQ(rows->FieldAt(0), Variant(n));
+    ASSERT_EQ(rows->FieldAt(1), Variant("text " + std::to_string(n)));
+    ASSERT_TRUE(rows->FieldAt(2).IsNull());
+    ASSERT_TRUE(rows->FieldAt(3) == Variant(n % 1000 == 0 ? longText : "")) << n;
+  }
+  EXPECT_TRUE(rows->EndOfFile());
+}
+
 TEST_P(ConnectionConformance, NoRowsAndNoResultSetDiffer) {
   const auto rows = Query("SELECT Id FROM Sample");
   ASSERT_NE(rows, nullptr);
@@ -173,8 +190,9 @@ TEST_P(ConnectionConformance, StoredFunctionIsCalledByItsDottedName) {
 
 TEST_P(ConnectionConformance, BooleansAreReadFromFields) {
   const auto rows = Query("SELECT 'Y', 'N', 'y', 1, 0, -7, NULL, ''");
-  std::vector<bool> values;
-  for (int i = 0; i < 8; ++i) values.push_back(connection_->FieldToBoolean(rows->FieldAt(i)));
+  std::vector<bool> values(8);
+  for (int i = 0; i < 8; ++i)
+    values[static_cast<std::size_t>(i)] = connection_->FieldToBoolean(rows->FieldAt(i));
   EXPECT_THAT(values, ElementsAre(true, false, false, true, false, true, false, false));
 }
 

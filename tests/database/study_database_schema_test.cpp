@@ -95,6 +95,7 @@ TEST_F(StudyDatabaseSchema, ManyMayOpenAtOnce) {
     std::atomic<int> ready = 0;
     std::vector<std::string> failures(kPrograms);
     std::vector<std::thread> programs;
+    programs.reserve(kPrograms);
     for (std::string& failure : failures) {
       programs.emplace_back([&failure, &ready, path = folder_.File(name)] {
         ++ready;
