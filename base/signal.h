@@ -26,6 +26,12 @@ class Connection {
     slot_.reset();
   }
 
+  /// Whether the handler would still be called: the signal exists and nobody disconnected it.
+  bool Connected() const {
+    const auto slot = slot_.lock();
+    return slot && slot->connected;
+  }
+
  private:
   std::weak_ptr<detail::SlotState> slot_;
 };
@@ -42,6 +48,8 @@ class ScopedConnection {
     return *this;
   }
   ~ScopedConnection() { connection_.Disconnect(); }
+
+  bool Connected() const { return connection_.Connected(); }
 
  private:
   Connection connection_;
@@ -61,25 +69,25 @@ class Signal {
   Signal(const Signal&) = delete;
   Signal& operator=(const Signal&) = delete;
   ~Signal() {
-    if (!slots_) return;
-    for (const auto& slot : slots_->all) slot->connected = false;
+    if (!handlers_) return;
+    for (const auto& slot : handlers_->all) slot->connected = false;
   }
 
   Connection Connect(Handler handler) {
-    if (!slots_) slots_ = std::make_shared<Slots>();
+    if (!handlers_) handlers_ = std::make_shared<Handlers>();
     auto slot = std::make_shared<Slot>();
     slot->handler = std::move(handler);
-    slots_->all.push_back(slot);
+    handlers_->all.push_back(slot);
     return Connection(slot);
   }
 
   void Raise(Args... args) const {
-    if (!slots_) return;
-    const std::shared_ptr<Slots> slots = slots_;
-    const RaiseGuard guard(*slots);
-    const std::size_t count = slots->all.size();
+    if (!handlers_) return;
+    const std::shared_ptr<Handlers> handlers = handlers_;
+    const RaiseGuard guard(*handlers);
+    const std::size_t count = handlers->all.size();
     for (std::size_t i = 0; i < count; ++i) {
-      const std::shared_ptr<Slot> slot = slots->all[i];
+      const std::shared_ptr<Slot> slot = handlers->all[i];
       if (slot->connected) slot->handler(args...);
     }
   }
@@ -88,25 +96,25 @@ class Signal {
   struct Slot : detail::SlotState {
     Handler handler;
   };
-  struct Slots {
+  struct Handlers {
     std::vector<std::shared_ptr<Slot>> all;
     int raising = 0;
   };
   /// Ended connections are dropped only when no loop stands on the list.
   class RaiseGuard {
    public:
-    explicit RaiseGuard(Slots& slots) : slots_(slots) { ++slots_.raising; }
+    explicit RaiseGuard(Handlers& handlers) : handlers_(handlers) { ++handlers_.raising; }
     RaiseGuard(const RaiseGuard&) = delete;
     RaiseGuard& operator=(const RaiseGuard&) = delete;
     ~RaiseGuard() {
-      if (--slots_.raising == 0) std::erase_if(slots_.all, [](const auto& slot) { return !slot->connected; });
+      if (--handlers_.raising == 0) std::erase_if(handlers_.all, [](const auto& slot) { return !slot->connected; });
     }
 
    private:
-    Slots& slots_;
+    Handlers& handlers_;
   };
 
-  std::shared_ptr<Slots> slots_;  // made by the first connection: most events have no listener
+  std::shared_ptr<Handlers> handlers_;  // made by the first connection: most events have no listener
 };
 
 }  // namespace kiv

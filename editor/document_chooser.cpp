@@ -8,19 +8,24 @@
 
 namespace kiv {
 
+DocumentChooser::DocumentChooser(ui::Container* parent, std::string name)
+    : ComboBox(parent, std::move(name)) {}
+
 void DocumentChooser::SetDocumentType(std::shared_ptr<host::DocumentType> type) {
   type_ = std::move(type);
+  List(kNoDocument);
+  following_ = host::TheDocuments().DocumentsChanged.Connect([this] { Refresh(); });
+}
+
+void DocumentChooser::Refresh() { List(SelectedID()); }
+
+void DocumentChooser::List(std::int32_t selected) {
   ui::ItemList items;
   for (host::Document& document : host::TheDocuments().Documents(Required(type_))) {
     items.push_back({std::move(document.name), document.id});
   }
-  SetItems(std::move(items));
-}
-
-void DocumentChooser::Refresh() {
-  const std::int32_t selected = SelectedID();
-  SetDocumentType(type_);
-  SelectID(selected);
+  const std::int32_t index = MKivStudyCtls::FindItemDataIndex(items, selected);
+  SetItems(std::move(items), index);
 }
 
 std::int32_t DocumentChooser::SelectedID() const {

@@ -14,9 +14,9 @@ class DocumentChooser : public ui::ComboBox {
  public:
   static constexpr std::int32_t kNoDocument = -1;
 
-  using ComboBox::ComboBox;
+  DocumentChooser(ui::Container* parent, std::string name);
 
-  /// Lists the documents of a type; none is selected.
+  /// Lists the documents of a type; none is selected. The list follows the host's documents from then on.
   void SetDocumentType(std::shared_ptr<host::DocumentType> type);
   /// Lists the documents anew and keeps the selected one if it still exists.
   void Refresh();
@@ -33,6 +33,9 @@ class DocumentChooser : public ui::ComboBox {
   std::string MissingText() const;
 
  private:
+  void List(std::int32_t selected);
+
+  ScopedConnection following_;
   std::shared_ptr<host::DocumentType> type_;
 };
 

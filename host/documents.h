@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/signal.h"
 #include "base/variant.h"
 
 namespace kiv::host {
@@ -30,6 +31,9 @@ class DocumentLibrary {
   virtual std::optional<Document> AskForNewDocument(const DocumentType& type) = 0;
   /// What a chooser says when no document is selected although one is needed.
   virtual std::string MissingDocumentText(const DocumentType& type) const = 0;
+
+  /// Raised after documents were made, renamed or removed.
+  Signal<> DocumentsChanged;
 };
 
 }  // namespace kiv::host

@@ -7,21 +7,31 @@
 
 namespace kiv::ui {
 
-void ComboBox::SetItems(ItemList items) {
+void ComboBox::SetItems(ItemList items, int index) {
+  const auto before = SelectedData();
   items_ = std::move(items);
-  const bool hadSelection = index_ != kNoSelection;
   index_ = kNoSelection;
+  RequireIndex(index);
+  index_ = index;
   ItemsChanged.Raise();
-  if (hadSelection) Changed.Raise();
+  if (SelectedData() != before) Changed.Raise();
 }
 
 void ComboBox::SetListIndex(int index) {
-  if (index < kNoSelection || index >= static_cast<int>(items_.size())) {
-    throw Error(ErrorNumber::InvalidArgument, Name() + " has no entry " + std::to_string(index) + ".");
-  }
+  RequireIndex(index);
   if (index_ == index) return;
   index_ = index;
   Changed.Raise();
+}
+
+std::optional<std::int32_t> ComboBox::SelectedData() const {
+  if (index_ == kNoSelection) return std::nullopt;
+  return items_[static_cast<std::size_t>(index_)].data;
+}
+
+void ComboBox::RequireIndex(int index) const {
+  if (index >= kNoSelection && index < static_cast<int>(items_.size())) return;
+  throw Error(ErrorNumber::InvalidArgument, Name() + " has no entry " + std::to_string(index) + ".");
 }
 
 void ComboBox::Select(int index) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,8 +26,8 @@ class ComboBox : public Control {
   using Control::Control;
 
   const ItemList& Items() const { return items_; }
-  /// Replaces the entries; nothing is selected afterwards.
-  void SetItems(ItemList items);
+  /// Replaces the entries and selects one of them, or none.
+  void SetItems(ItemList items, int index = kNoSelection);
 
   int ListIndex() const { return index_; }
   /// Raises error 5 for an index that is neither an entry's nor kNoSelection.
@@ -37,12 +38,15 @@ class ComboBox : public Control {
 
   void Accept(ControlVisitor& visitor) override;
 
-  /// Raised when another entry is selected.
+  /// Raised when another entry is selected; entries are told apart by the number behind them.
   Signal<> Changed;
   /// Raised when the entries were replaced.
   Signal<> ItemsChanged;
 
  private:
+  std::optional<std::int32_t> SelectedData() const;
+  void RequireIndex(int index) const;
+
   ItemList items_;
   int index_ = kNoSelection;
 };

@@ -1,0 +1,124 @@
+#include "client/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <exception>
+#include <ostream>
+
+#include "client/program.h"
+#include "client/study_printer.h"
+#include "client/study_session.h"
+
+namespace kiv::client {
+
+namespace {
+
+/// Messages of the library when there is no window.
+class MessagesAsLines : public host::MessageBox {
+ public:
+  explicit MessagesAsLines(std::ostream& err) : err_(err) {}
+  void Show(const std::string& text, host::MessageStyle, const std::string&) override {
+    err_ << text << '\n';
+  }
+  std::string ApplicationTitle() const override { return UserSettings::kDefaultApplicationTitle; }
+
+ private:
+  std::ostream& err_;
+};
+
+class Silence : public host::Beeper {
+ public:
+  void Beep() override {}
+};
+
+/// The parsed options of every command.
+struct Options {
+  std::string database;
+  bool json = false;
+  std::int32_t id = 0;
+
+  std::string DatabasePath() const { return database.empty() ? Program::DefaultDatabasePath() : database; }
+  OutputFormat Format() const { return json ? OutputFormat::Json : OutputFormat::Text; }
+};
+
+int Init(Program& program, const Options& options, std::ostream& out) {
+  program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Create);
+  out << "The study database is ready: " << options.DatabasePath() << '\n';
+  return kOk;
+}
+
+int List(Program& program, const Options& options, std::ostream& out) {
+  PrintStudies(program.Store().List(), options.Format(), out);
+  return kOk;
+}
+
+int Show(Program& program, const Options& options, std::ostream& out) {
+  PrintStudy(program.Store().Load(options.id), program.Store().Scenarios(), options.Format(), out);
+  return kOk;
+}
+
+int Validate(Program& program, const Options& options, std::ostream& out) {
+  const StudySession session(program.Store(), program.Store().Load(options.id));
+  return PrintProblems(session, options.Format(), out) == 0 ? kOk : kRefused;
+}
+
+}  // namespace
+
+std::optional<int> RunCommandLine(int argc, const char* const* argv, WindowRequest& window, std::ostream& out,
+                                  std::ostream& err) {
+  Options options;
+  CLI::App app("Defines, checks, stores and finds KIV studies.", "kivstudy");
+  app.set_help_all_flag("--help-all", "Print this help message of every command and exit");
+  app.require_subcommand(0, 1);
+  app.footer("Without a command the window opens. Exit codes: 0 done, 1 refused, 2 wrong usage.");
+  app.fallthrough();
+  app.add_option("--database", options.database,
+                 "Study database file (default: studies.db in your data folder)");
+
+  const auto addCommand = [&](const char* name, const char* description) {
+    return app.add_subcommand(name, description);
+  };
+  const auto addJson = [&](CLI::App* command) {
+    command->add_flag("--json", options.json, "Print JSON for programs");
+  };
+  const auto addId = [&](CLI::App* command) {
+    command->add_option("ID", options.id, "Number of the study, as the list shows it")->required();
+  };
+  CLI::App* gui = addCommand("gui", "Open the window (the default)");
+  CLI::App* init = addCommand("init", "Create a study database, or bring an older one up to date");
+  CLI::App* list = addCommand("list", "List the studies");
+  addJson(list);
+  CLI::App* show = addCommand("show", "Show everything that is stored of a study");
+  addId(show);
+  addJson(show);
+  CLI::App* validate = addCommand("validate", "Check a study by the rules of its editor");
+  addId(validate);
+  addJson(validate);
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error, out, err) == 0 ? kOk : kUsage;
+  }
+  if (app.get_subcommands().empty() || gui->parsed()) {
+    if (!options.database.empty()) window.database = options.database;
+    return std::nullopt;
+  }
+
+  try {
+    Program program;
+    program.Start({.messageBox = std::make_shared<MessagesAsLines>(err),
+                   .folderChooser = nullptr,
+                   .beeper = std::make_shared<Silence>(),
+                   .askForScenarioName = nullptr});
+    if (init->parsed()) return Init(program, options, out);
+    program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Refuse);
+    if (list->parsed()) return List(program, options, out);
+    if (show->parsed()) return Show(program, options, out);
+    return Validate(program, options, out);
+  } catch (const std::exception& error) {
+    err << error.what() << '\n';
+    return kRefused;
+  }
+}
+
+}  // namespace kiv::client

@@ -1,0 +1,157 @@
+#include "client/dialogs.h"
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <exception>
+
+#include "host/constants.h"
+#include "host/services.h"
+
+namespace kiv::client {
+
+namespace {
+
+class ScenariosDialog : public QDialog {
+ public:
+  ScenariosDialog(Program& program, QWidget* parent)
+      : QDialog(parent), program_(program), list_(new QListWidget(this)) {
+    setWindowTitle(QStringLiteral("Scenarios"));
+    list_->setAccessibleName(QStringLiteral("Scenarios"));
+    auto* add = new QPushButton(QStringLiteral("&New..."), this);
+    rename_ = new QPushButton(QStringLiteral("&Rename..."), this);
+    remove_ = new QPushButton(QStringLiteral("&Delete"), this);
+    auto* close = new QPushButton(QStringLiteral("&Close"), this);
+    auto* buttons = new QVBoxLayout;
+    for (QPushButton* button : {add, rename_, remove_}) {
+      button->setAutoDefault(false);
+      buttons->addWidget(button);
+    }
+    buttons->addStretch();
+    buttons->addWidget(close);
+    auto* text = new QLabel(QStringLiteral("Every study belongs to a scenario."), this);
+    auto* row = new QHBoxLayout;
+    row->addWidget(list_, 1);
+    row->addLayout(buttons);
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(text);
+    all->addLayout(row);
+
+    connect(add, &QPushButton::clicked, this, [this] { Add(); });
+    connect(rename_, &QPushButton::clicked, this, [this] { Rename(); });
+    connect(remove_, &QPushButton::clicked, this, [this] { Remove(); });
+    connect(list_, &QListWidget::itemActivated, this, [this] { Rename(); });
+    connect(list_, &QListWidget::currentRowChanged, this, [this] { ShowChoices(); });
+    connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    Fill(0);
+  }
+
+ private:
+  void Fill(std::int32_t selected) {
+    list_->clear();
+    for (const host::Document& scenario : program_.Store().Scenarios()) {
+      auto* item = new QListWidgetItem(QString::fromStdString(scenario.name), list_);
+      item->setData(Qt::UserRole, scenario.id);
+      if (scenario.id == selected) list_->setCurrentItem(item);
+    }
+    if (!list_->currentItem()) list_->setCurrentRow(0);
+    ShowChoices();
+  }
+
+  void ShowChoices() {
+    rename_->setEnabled(list_->currentItem() != nullptr);
+    remove_->setEnabled(list_->currentItem() != nullptr);
+  }
+
+  std::int32_t SelectedID() const { return list_->currentItem()->data(Qt::UserRole).toInt(); }
+
+  /// Runs a change until it succeeds or the user gives up; what the store refuses can be corrected.
+  template <class Change>
+  void AskName(const QString& title, QString name, Change change) {
+    for (;;) {
+      bool accepted = false;
+      name = QInputDialog::getText(this, title, QStringLiteral("&Name of the scenario:"), QLineEdit::Normal,
+                                   name, &accepted);
+      if (!accepted) return;
+      try {
+        Fill(change(name.toStdString()));
+        program_.AnnounceScenarios();
+        return;
+      } catch (const std::exception& error) {
+        Tell(error.what());
+      }
+    }
+  }
+
+  void Add() {
+    AskName(QStringLiteral("New Scenario"), {},
+            [this](const std::string& name) { return program_.Store().AddScenario(name); });
+  }
+
+  void Rename() {
+    AskName(QStringLiteral("Rename Scenario"), list_->currentItem()->text(), [this](const std::string& name) {
+      const std::int32_t id = SelectedID();
+      program_.Store().RenameScenario(id, name);
+      return id;
+    });
+  }
+
+  void Remove() {
+    try {
+      program_.Store().RemoveScenario(SelectedID());
+      Fill(0);
+      program_.AnnounceScenarios();
+    } catch (const std::exception& error) {
+      Tell(error.what());
+    }
+  }
+
+  static void Tell(const std::string& text) {
+    host::MessageBox& messages = host::TheMessageBox();
+    messages.Show(text, host::MessageStyle::Critical, messages.ApplicationTitle());
+  }
+
+  Program& program_;
+  QListWidget* list_;
+  QPushButton* rename_ = nullptr;
+  QPushButton* remove_ = nullptr;
+};
+
+}  // namespace
+
+void EditScenarios(Program& program, QWidget* parent) {
+  ScenariosDialog(program, parent).exec();
+}
+
+void EditSettings(Program& program, QWidget* parent) {
+  UserSettings& settings = program.Settings();
+  QDialog dialog(parent);
+  dialog.setWindowTitle(QStringLiteral("Settings"));
+  auto* title = new QLineEdit(QString::fromStdString(settings.ApplicationTitle()), &dialog);
+  title->setObjectName(QStringLiteral("applicationTitle"));
+  auto* mask = new QLineEdit(QString::fromStdString(settings.General(host::kPhoneNumberMask)), &dialog);
+  mask->setObjectName(QStringLiteral("phoneNumberMask"));
+  mask->setPlaceholderText(QStringLiteral("no mask"));
+  auto* maskHelp = new QLabel(
+      QStringLiteral("# stands for a digit, every other character for itself, such as ###-####."), &dialog);
+  maskHelp->setWordWrap(true);
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
+  auto* form = new QFormLayout(&dialog);
+  form->addRow(QStringLiteral("Application &title:"), title);
+  form->addRow(QStringLiteral("&Phone number mask:"), mask);
+  form->addRow(QString(), maskHelp);
+  form->addRow(buttons);
+  QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+  if (dialog.exec() != QDialog::Accepted) return;
+  settings.SetApplicationTitle(title->text().trimmed().toStdString());
+  settings.SetGeneral(host::kPhoneNumberMask, mask->text().toStdString());
+}
+
+}  // namespace kiv::client

@@ -1,0 +1,216 @@
+#include "client/editor_view.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStyle>
+#include <QTabWidget>
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+#include "host/services.h"
+#include "qt/page_view.h"
+
+namespace kiv::client {
+
+namespace {
+
+constexpr int kMarkDelayMs = 200;  // typing is not interrupted by checks that look at folders
+
+void Tell(const std::string& text) {
+  host::MessageBox& messages = host::TheMessageBox();
+  messages.Show(text, host::MessageStyle::Critical, messages.ApplicationTitle());
+}
+
+}  // namespace
+
+EditorView::EditorView(Program& program, std::unique_ptr<StudySession> session, QWidget* parent)
+    : QWidget(parent),
+      program_(program),
+      session_(std::move(session)),
+      name_(new QLineEdit(QString::fromStdString(session_->Name()), this)),
+      state_(new QLabel(this)),
+      tabs_(new QTabWidget(this)) {
+  auto* nameLabel = new QLabel(QStringLiteral("S&tudy name:"), this);
+  nameLabel->setBuddy(name_);
+  name_->setObjectName(QStringLiteral("studyName"));
+  name_->setAccessibleName(QStringLiteral("Study name"));
+  tabs_->setObjectName(QStringLiteral("tabs"));
+
+  auto* check = new QPushButton(QStringLiteral("Chec&k"), this);
+  auto* copy = new QPushButton(QStringLiteral("Save as Cop&y..."), this);
+  auto* save = new QPushButton(QStringLiteral("Sa&ve"), this);
+  check->setObjectName(QStringLiteral("check"));
+  copy->setObjectName(QStringLiteral("saveCopy"));
+  save->setObjectName(QStringLiteral("save"));
+
+  auto* top = new QHBoxLayout;
+  top->addWidget(nameLabel);
+  top->addWidget(name_, 1);
+  auto* bottom = new QHBoxLayout;
+  bottom->addWidget(state_, 1);
+  bottom->addWidget(check);
+  bottom->addWidget(copy);
+  bottom->addWidget(save);
+  auto* all = new QVBoxLayout(this);
+  all->addLayout(top);
+  all->addWidget(tabs_, 1);
+  all->addLayout(bottom);
+
+  AddPages();
+  markTimer_.setSingleShot(true);
+  markTimer_.setInterval(kMarkDelayMs);
+  connect(&markTimer_, &QTimer::timeout, this, [this] { ShowMarks(); });
+  connect(name_, &QLineEdit::textEdited, this,
+          [this](const QString& text) { session_->SetName(text.toStdString()); });
+  connect(check, &QPushButton::clicked, this, [this] { Check(); });
+  connect(copy, &QPushButton::clicked, this, [this] { SaveCopy(); });
+  connect(save, &QPushButton::clicked, this, [this] { Save(); });
+
+  session_->Changed.Connect([this] {
+    StartMarking();
+    ShowState();
+  });
+  session_->TabRequired.Connect([this](const std::string& name) { ShowTab(name); });
+  session_->HourglassShown.Connect([](bool shown) {
+    if (shown) {
+      QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+      QApplication::restoreOverrideCursor();
+    }
+  });
+  ShowState();
+}
+
+EditorView::~EditorView() = default;
+
+void EditorView::AddPages() {
+  for (const auto& tab : session_->Tabs()) {
+    auto* page = new qt::PageView(*tab, tab->Layout(), tabs_);
+    pages_.push_back(page);
+    tabs_->addTab(page, QString::fromStdString(tab->Title()));
+  }
+  connect(tabs_, &QTabWidget::currentChanged, this, [this](int index) {
+    session_->NotifyTabShown(session_->Tabs()[static_cast<std::size_t>(index)]->Name());
+  });
+}
+
+QString EditorView::Title() const {
+  return QString::fromStdString(session_->Name()) + (session_->Modified() ? QStringLiteral(" *") : QString());
+}
+
+void EditorView::ShowTab(const std::string& name) {
+  const auto& tabs = session_->Tabs();
+  const auto found =
+      std::find_if(tabs.begin(), tabs.end(), [&](const auto& tab) { return tab->Name() == name; });
+  if (found != tabs.end()) tabs_->setCurrentIndex(static_cast<int>(found - tabs.begin()));
+}
+
+void EditorView::ShowState() {
+  const QString name = QString::fromStdString(session_->Name());
+  if (name_->text() != name) name_->setText(name);
+  const QString which = session_->IsNew() ? QStringLiteral("New study, not saved yet")
+                                          : QStringLiteral("Study %1").arg(session_->ID());
+  state_->setText(session_->Modified() && !session_->IsNew() ? which + QStringLiteral(", unsaved changes")
+                                                             : which);
+  TitleChanged.Raise();
+}
+
+void EditorView::StartMarking() {
+  marking_ = true;
+  markTimer_.start();
+}
+
+void EditorView::ShowMarks() {
+  if (!marking_) return;
+  for (std::size_t i = 0; i < pages_.size(); ++i) {
+    std::vector<qt::Mark> marks;
+    for (const Problem& problem : session_->Tabs()[i]->Problems()) {
+      marks.push_back({problem.control, problem.message});
+    }
+    pages_[i]->ShowMarks(marks);
+    tabs_->setTabIcon(static_cast<int>(i),
+                      marks.empty() ? QIcon() : style()->standardIcon(QStyle::SP_MessageBoxWarning));
+  }
+}
+
+/// Runs a save; whatever goes wrong is told once.
+template <class Action>
+bool EditorView::Attempt(Action action) {
+  marking_ = true;
+  bool stored = false;
+  try {
+    stored = action();
+  } catch (const StudyConflict& conflict) {
+    ResolveConflict(conflict.what());
+  } catch (const std::exception& error) {
+    Tell(std::string("The study was not saved: ") + error.what() + "\r\n\r\nYour input is still here.");
+    if (session_->Name().empty()) name_->setFocus();
+  }
+  ShowMarks();
+  if (stored) Stored.Raise();
+  return stored;
+}
+
+bool EditorView::Save() {
+  return Attempt([this] { return session_->Save(program_.UserName()); });
+}
+
+bool EditorView::SaveCopy() {
+  return Attempt([this] { return StoreCopy(); });
+}
+
+bool EditorView::StoreCopy() {
+  bool accepted = false;
+  const QString proposal = QStringLiteral("Copy of ") + QString::fromStdString(session_->Name());
+  const QString name =
+      QInputDialog::getText(this, QStringLiteral("Save as Copy"), QStringLiteral("&Name of the copy:"),
+                            QLineEdit::Normal, proposal, &accepted);
+  return accepted && session_->SaveCopy(name.toStdString(), program_.UserName());
+}
+
+void EditorView::ResolveConflict(const std::string& text) {
+  QMessageBox question(QMessageBox::Warning, QString::fromStdString(program_.Settings().ApplicationTitle()),
+                       QString::fromStdString(text), QMessageBox::Cancel, this);
+  const QPushButton* reload = question.addButton(QStringLiteral("&Reload"), QMessageBox::DestructiveRole);
+  const QPushButton* copy = question.addButton(QStringLiteral("Save as Cop&y..."), QMessageBox::AcceptRole);
+  question.setDefaultButton(QMessageBox::Cancel);
+  question.exec();
+  try {
+    if (question.clickedButton() == reload) session_->Reload();
+  } catch (const std::exception& error) {
+    Tell(error.what());
+  }
+  if (question.clickedButton() == copy) SaveCopy();
+}
+
+void EditorView::Check() {
+  marking_ = true;
+  ShowMarks();
+  if (session_->IsValid()) {
+    QMessageBox::information(this, QString::fromStdString(program_.Settings().ApplicationTitle()),
+                             QStringLiteral("Everything on the pages of this study is valid."));
+  }
+}
+
+bool EditorView::MayClose() {
+  if (!session_->Modified()) return true;
+  QMessageBox question(
+      QMessageBox::Question, QString::fromStdString(program_.Settings().ApplicationTitle()),
+      QStringLiteral("Save the changes to \"%1\"?").arg(QString::fromStdString(session_->Name())),
+      QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+  question.setInformativeText(QStringLiteral("Changes that are not saved are lost."));
+  question.setDefaultButton(QMessageBox::Save);
+  switch (question.exec()) {
+    case QMessageBox::Save: return Save();
+    case QMessageBox::Discard: return true;
+    default: return false;
+  }
+}
+
+}  // namespace kiv::client

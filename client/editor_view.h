@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "base/signal.h"
+#include "client/program.h"
+#include "client/study_session.h"
+
+class QLabel;
+class QLineEdit;
+class QTabWidget;
+
+namespace kiv::qt {
+class PageView;
+}
+
+namespace kiv::client {
+
+/// A study in the window: its name, a page for each tab, live marks on what is wrong, and its buttons.
+class EditorView : public QWidget {
+ public:
+  EditorView(Program& program, std::unique_ptr<StudySession> session, QWidget* parent = nullptr);
+  ~EditorView() override;
+
+  StudySession& Session() { return *session_; }
+  /// For the editor's tab: the study's name, with a star while there is unsaved input.
+  QString Title() const;
+
+  /// Stores the study. A refusal or a failure is told to the user, whose input stays; false then.
+  bool Save();
+  /// Asks for a name and stores a copy.
+  bool SaveCopy();
+  /// Checks every page; tells the first problem or that all is well.
+  void Check();
+  /// Asks about unsaved input. False when the user wants to stay.
+  bool MayClose();
+
+  /// The pages in the order of the session's tabs.
+  const std::vector<qt::PageView*>& Pages() const { return pages_; }
+
+  Signal<> TitleChanged;
+  Signal<> Stored;
+
+ private:
+  void AddPages();
+  void ShowTab(const std::string& name);
+  void ShowState();
+  void StartMarking();
+  void ShowMarks();
+  template <class Action>
+  bool Attempt(Action action);
+  void ResolveConflict(const std::string& text);
+  bool StoreCopy();
+
+  Program& program_;
+  std::unique_ptr<StudySession> session_;
+  QLineEdit* name_;
+  QLabel* state_;
+  QTabWidget* tabs_;
+  std::vector<qt::PageView*> pages_;
+  QTimer markTimer_;
+  bool marking_ = false;  // a form that nobody touched yet is not full of complaints
+};
+
+}  // namespace kiv::client

@@ -1,0 +1,307 @@
+#include "client/main_window.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTableView>
+#include <exception>
+#include <utility>
+
+#include "client/dialogs.h"
+#include "client/editor_view.h"
+#include "client/kind_icon.h"
+#include "client/start_page.h"
+#include "client/study_list.h"
+#include "client/study_session.h"
+#include "core/study_kinds.h"
+#include "database/open_error.h"
+#include "editor/study_editors.h"
+#include "host/services.h"
+
+namespace kiv::client {
+
+namespace {
+
+constexpr const char* kGeometryKey = "Window/Geometry";
+constexpr const char* kFileFilter = "Study databases (*.db);;All files (*)";
+
+}  // namespace
+
+MainWindow::MainWindow(Program& program)
+    : program_(program),
+      tabs_(new QTabWidget(this)),
+      home_(new QStackedWidget(tabs_)),
+      startPage_(new StartPage(home_)),
+      list_(new StudyListPage(home_)),
+      databaseLabel_(new QLabel(this)),
+      userLabel_(new QLabel(this)) {
+  home_->addWidget(startPage_);
+  home_->addWidget(list_);
+  tabs_->addTab(home_, QStringLiteral("Studies"));
+  tabs_->setTabsClosable(true);
+  tabs_->setDocumentMode(true);
+  tabs_->setMovable(false);
+  for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide})
+    tabs_->tabBar()->setTabButton(0, side, nullptr);
+  setCentralWidget(tabs_);
+  statusBar()->addWidget(databaseLabel_, 1);
+  statusBar()->addPermanentWidget(userLabel_);
+  userLabel_->setText(QStringLiteral("User: ") + QString::fromStdString(program_.UserName()));
+  AddMenus();
+
+  list_->StudyActivated.Connect([this](std::int32_t id) { OpenStudy(id); });
+  list_->SelectionChanged.Connect([this] { ShowState(); });
+  connect(tabs_, &QTabWidget::tabCloseRequested, this, [this](int index) { CloseEditor(index); });
+  connect(tabs_, &QTabWidget::currentChanged, this, [this] { ShowState(); });
+  program_.Settings().appGeneralState_StateChange.Connect([this] { ShowState(); });
+
+  resize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 40);
+  restoreGeometry(program_.Settings().File().value(QLatin1String(kGeometryKey)).toByteArray());
+  ShowNoDatabase({}, {}, false);
+}
+
+MainWindow::~MainWindow() = default;
+
+QAction* MainWindow::AddAction(QMenu& menu, const QString& text, const QKeySequence& keys,
+                               std::function<void()> run) {
+  QAction* action = menu.addAction(text);
+  action->setShortcut(keys);
+  connect(action, &QAction::triggered, this, [this, run = std::move(run)] { Guarded(run); });
+  return action;
+}
+
+void MainWindow::AddMenus() {
+  QMenu& file = *menuBar()->addMenu(QStringLiteral("&File"));
+  AddAction(file, QStringLiteral("&Open Database..."), {}, [this] { ChooseDatabase(false); });
+  AddAction(file, QStringLiteral("&New Database..."), {}, [this] { ChooseDatabase(true); });
+  file.addSeparator();
+  AddAction(file, QStringLiteral("&Quit"), QKeySequence::Quit, [this] { close(); });
+
+  QMenu& study = *menuBar()->addMenu(QStringLiteral("&Study"));
+  for (const StudyEditor& editor : StudyEditors()) {
+    const std::string kind(editor.name);
+    const bool first = databaseActions_.empty();
+    QAction* action =
+        AddAction(study, QStringLiteral("&New ") + QString::fromStdString(kind),
+                  first ? QKeySequence(QKeySequence::New) : QKeySequence(), [this, kind] { NewStudy(kind); });
+    action->setIcon(KindIcon(kind));
+    databaseActions_.push_back(action);
+  }
+  AddEditorActions(study);
+
+  QMenu& tools = *menuBar()->addMenu(QStringLiteral("&Tools"));
+  databaseActions_.push_back(AddAction(tools, QStringLiteral("&Scenarios..."), {}, [this] {
+    EditScenarios(program_, this);
+    RefreshStudies();
+  }));
+  AddAction(tools, QStringLiteral("Se&ttings..."), QKeySequence::Preferences,
+            [this] { EditSettings(program_, this); });
+}
+
+void MainWindow::AddEditorActions(QMenu& study) {
+  study.addSeparator();
+  listActions_.push_back(
+      AddAction(study, QStringLiteral("&Open"), QKeySequence(QStringLiteral("Ctrl+O")), [this] {
+        if (const auto id = list_->SelectedStudy()) OpenStudy(*id);
+      }));
+  listActions_.push_back(AddAction(study, QStringLiteral("&Delete..."),
+                                   QKeySequence(QStringLiteral("Ctrl+Del")),
+                                   [this] { DeleteSelectedStudy(); }));
+  databaseActions_.push_back(AddAction(study, QStringLiteral("&Find"), QKeySequence::Find, [this] {
+    tabs_->setCurrentIndex(0);
+    list_->FocusFilter();
+  }));
+  databaseActions_.push_back(
+      AddAction(study, QStringLiteral("&Refresh List"), QKeySequence::Refresh, [this] { RefreshStudies(); }));
+  for (QAction* action : listActions_) list_->View().addAction(action);
+  study.addSeparator();
+  editorActions_ = {
+      AddAction(study, QStringLiteral("&Save"), QKeySequence::Save, [this] { CurrentEditor()->Save(); }),
+      AddAction(study, QStringLiteral("Save as &Copy..."), QKeySequence(QStringLiteral("Ctrl+Shift+S")),
+                [this] { CurrentEditor()->SaveCopy(); }),
+      AddAction(study, QStringLiteral("Chec&k"), QKeySequence(QStringLiteral("Ctrl+K")),
+                [this] { CurrentEditor()->Check(); }),
+      AddAction(study, QStringLiteral("C&lose"), QKeySequence::Close,
+                [this] { CloseEditor(tabs_->currentIndex()); }),
+  };
+}
+
+/// What a command raises is told to the user in one message.
+template <class Action>
+void MainWindow::Guarded(Action action) {
+  try {
+    action();
+  } catch (const std::exception& error) {
+    host::MessageBox& messages = host::TheMessageBox();
+    messages.Show(error.what(), host::MessageStyle::Critical, messages.ApplicationTitle());
+  }
+}
+
+void MainWindow::OpenDatabase(const std::string& path, Program::WhenMissing whenMissing) {
+  if (!CloseAllEditors()) return;
+  try {
+    program_.OpenDatabase(path, whenMissing);
+  } catch (const database::OpenError& error) {
+    ShowNoDatabase(path, error.what(), error.Problem() == database::OpenProblem::Missing);
+    return;
+  }
+  Guarded([this] { RefreshStudies(); });
+}
+
+void MainWindow::ChooseDatabase(bool create) {
+  const QString title = create ? QStringLiteral("New Study Database") : QStringLiteral("Open Study Database");
+  const QString filter = QLatin1String(kFileFilter);
+  const QString path = create
+                           ? QFileDialog::getSaveFileName(this, title, QStringLiteral("studies.db"), filter)
+                           : QFileDialog::getOpenFileName(this, title, {}, filter);
+  if (path.isEmpty()) return;
+  OpenDatabase(path.toStdString(), create ? Program::WhenMissing::Create : Program::WhenMissing::Refuse);
+}
+
+void MainWindow::ShowNoDatabase(const std::string& path, const std::string& problem, bool canCreate) {
+  std::vector<StartPage::Choice> choices;
+  if (canCreate) {
+    choices.push_back(
+        {QStringLiteral("&Create It"), [this, path] { OpenDatabase(path, Program::WhenMissing::Create); }});
+  } else if (!path.empty()) {
+    choices.push_back(
+        {QStringLiteral("&Try Again"), [this, path] { OpenDatabase(path, Program::WhenMissing::Refuse); }});
+  }
+  choices.push_back({QStringLiteral("&Open Another Database..."), [this] { ChooseDatabase(false); }});
+  startPage_->Show(QStringLiteral("No study database is open"), QString::fromStdString(problem), choices);
+  home_->setCurrentWidget(startPage_);
+  ShowState();
+}
+
+void MainWindow::ShowEmptyPage() {
+  const QString text =
+      QStringLiteral(
+          "A KIV study tells the switch what to record, for how long, and into which data file.\n\n"
+          "Start with a new study: choose its scenario (make one right there), the folder of its data "
+          "file and the handoffs that it records. Then save it; it is listed here from then on.\n\n"
+          "The studies are kept in %1. Nothing else needs to be set up.")
+          .arg(databaseLabel_->text());
+  std::vector<StartPage::Choice> choices;
+  for (const StudyEditor& editor : StudyEditors()) {
+    const std::string kind(editor.name);
+    choices.push_back({QStringLiteral("&New ") + QString::fromStdString(kind),
+                       [this, kind] { Guarded([&] { NewStudy(kind); }); }});
+  }
+  startPage_->Show(QStringLiteral("No studies yet"), text, choices);
+  home_->setCurrentWidget(startPage_);
+}
+
+void MainWindow::RefreshStudies() {
+  list_->SetStudies(program_.Store().List());
+  ShowState();
+  if (list_->StudyCount() == 0) {
+    ShowEmptyPage();
+  } else {
+    home_->setCurrentWidget(list_);
+  }
+}
+
+EditorView* MainWindow::NewStudy(const std::string& kind) {
+  StudyStore& store = program_.Store();
+  return AddEditor(std::make_unique<StudySession>(store, store.New(kind)));
+}
+
+EditorView* MainWindow::OpenStudy(std::int32_t id) {
+  for (int i = 1; i < tabs_->count(); ++i) {
+    auto* editor = static_cast<EditorView*>(tabs_->widget(i));
+    if (editor->Session().ID() != id) continue;
+    tabs_->setCurrentIndex(i);
+    return editor;
+  }
+  EditorView* editor = nullptr;
+  Guarded([&] {
+    StudyStore& store = program_.Store();
+    editor = AddEditor(std::make_unique<StudySession>(store, store.Load(id)));
+  });
+  return editor;
+}
+
+EditorView* MainWindow::AddEditor(std::unique_ptr<StudySession> session) {
+  const QIcon icon = KindIcon(session->Kind());
+  auto* editor = new EditorView(program_, std::move(session), tabs_);
+  editor->TitleChanged.Connect([this, editor] {
+    if (const int index = tabs_->indexOf(editor); index > 0) tabs_->setTabText(index, editor->Title());
+  });
+  editor->Stored.Connect([this, editor] {
+    RefreshStudies();
+    list_->SelectStudy(editor->Session().ID());
+  });
+  tabs_->setCurrentIndex(tabs_->addTab(editor, icon, editor->Title()));
+  return editor;
+}
+
+EditorView* MainWindow::CurrentEditor() const {
+  return tabs_->currentIndex() > 0 ? static_cast<EditorView*>(tabs_->currentWidget()) : nullptr;
+}
+
+bool MainWindow::CloseEditor(int index) {
+  auto* editor = static_cast<EditorView*>(tabs_->widget(index));
+  tabs_->setCurrentIndex(index);
+  if (!editor->MayClose()) return false;
+  tabs_->removeTab(index);
+  editor->deleteLater();
+  return true;
+}
+
+bool MainWindow::CloseAllEditors() {
+  while (tabs_->count() > 1) {
+    if (!CloseEditor(tabs_->count() - 1)) return false;
+  }
+  return true;
+}
+
+void MainWindow::DeleteSelectedStudy() {
+  const auto id = list_->SelectedStudy();
+  if (!id) return;
+  QMessageBox question(QMessageBox::Warning, QString::fromStdString(program_.Settings().ApplicationTitle()),
+                       QStringLiteral("Delete study %1? This cannot be undone.").arg(*id),
+                       QMessageBox::Cancel, this);
+  const QPushButton* remove = question.addButton(QStringLiteral("&Delete"), QMessageBox::DestructiveRole);
+  question.setDefaultButton(QMessageBox::Cancel);
+  question.exec();
+  if (question.clickedButton() != reinterpret_cast<const QAbstractButton*>(remove)) return;
+  program_.Store().Remove(*id);
+  RefreshStudies();
+}
+
+void MainWindow::ShowState() {
+  const bool hasDatabase = program_.HasDatabase();
+  if (hasDatabase) {
+    const database::Connection& database = program_.Store().Database();
+    databaseLabel_->setText(QString::fromStdString(database.Name()) +
+                            (database.ReadOnly() ? QStringLiteral(" (read-only)") : QString()));
+  } else {
+    databaseLabel_->setText(QStringLiteral("No database"));
+  }
+  const auto enable = [](const std::vector<QAction*>& actions, bool enabled) {
+    for (QAction* action : actions) action->setEnabled(enabled);
+  };
+  enable(databaseActions_, hasDatabase);
+  enable(editorActions_, CurrentEditor() != nullptr);
+  enable(listActions_, hasDatabase && tabs_->currentIndex() == 0 && list_->SelectedStudy().has_value());
+  setWindowTitle(QString::fromStdString(program_.Settings().ApplicationTitle()));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (!CloseAllEditors()) {
+    event->ignore();
+    return;
+  }
+  program_.Settings().File().setValue(QLatin1String(kGeometryKey), saveGeometry());
+  event->accept();
+}
+
+}  // namespace kiv::client

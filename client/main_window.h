@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "client/program.h"
+
+class QAction;
+class QLabel;
+class QStackedWidget;
+class QTabWidget;
+
+namespace kiv::client {
+
+class EditorView;
+class StartPage;
+class StudyListPage;
+
+/// The window: the list of studies, and an editor for each open study.
+class MainWindow : public QMainWindow {
+ public:
+  explicit MainWindow(Program& program);
+  ~MainWindow() override;
+
+  /// Opens a database; when that fails, the window says why and what to do.
+  void OpenDatabase(const std::string& path, Program::WhenMissing whenMissing);
+
+  EditorView* NewStudy(const std::string& kind);
+  /// Opens a stored study, or goes to its editor when it is open already. Null when it cannot be opened,
+  /// which the user has been told.
+  EditorView* OpenStudy(std::int32_t id);
+  EditorView* CurrentEditor() const;
+  StudyListPage& List() { return *list_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void AddMenus();
+  void AddEditorActions(class QMenu& studyMenu);
+  QAction* AddAction(class QMenu& menu, const QString& text, const QKeySequence& keys,
+                     std::function<void()> run);
+  void ChooseDatabase(bool create);
+  EditorView* AddEditor(std::unique_ptr<class StudySession> session);
+  bool CloseEditor(int index);
+  bool CloseAllEditors();
+  void DeleteSelectedStudy();
+  void RefreshStudies();
+  void ShowEmptyPage();
+  void ShowNoDatabase(const std::string& path, const std::string& problem, bool canCreate);
+  void ShowState();
+  template <class Action>
+  void Guarded(Action action);
+
+  Program& program_;
+  QTabWidget* tabs_;
+  QStackedWidget* home_;
+  StartPage* startPage_;
+  StudyListPage* list_;
+  QLabel* databaseLabel_;
+  QLabel* userLabel_;
+  std::vector<QAction*> databaseActions_;  // need an open database
+  std::vector<QAction*> editorActions_;    // need an open editor
+  std::vector<QAction*> listActions_;      // need a selected study
+};
+
+}  // namespace kiv::client

@@ -1,0 +1,123 @@
+#include "client/program.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QStandardPaths>
+#include <ctime>
+#include <utility>
+
+#include "core/msql.h"
+#include "database/open.h"
+#include "hom/hom_studies.h"
+
+namespace kiv::client {
+
+namespace {
+
+class LoginSession : public host::Session {
+ public:
+  std::string UserName() const override {
+    if (const passwd* entry = getpwuid(geteuid())) return entry->pw_name;
+    return std::to_string(geteuid());
+  }
+  std::tm LocalTime() const override {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return local;
+  }
+};
+
+/// File names that every system between the switch and the desk can hold.
+class PortableFileNames : public host::FileNameRules {
+ public:
+  bool HasOnlyPermittedCharacters(const std::string& name) const override {
+    return name.find_first_of("\\/:*?\"<>|") == std::string::npos;
+  }
+  std::string ForbiddenCharacters() const override { return "\\ / : * ? \" < > |"; }
+};
+
+}  // namespace
+
+/// The only documents of this program are the scenarios of its database.
+class Program::Scenarios : public host::DocumentLibrary {
+ public:
+  Scenarios(Program& program, std::function<std::optional<std::string>()> askForName)
+      : program_(program), askForName_(std::move(askForName)) {}
+
+  std::shared_ptr<host::DocumentType> NewDocumentType() const override {
+    return std::make_shared<host::DocumentType>();
+  }
+  std::vector<host::Document> Documents(const host::DocumentType&) const override {
+    return program_.Store().Scenarios();
+  }
+  std::optional<host::Document> AskForNewDocument(const host::DocumentType&) override {
+    const auto name = askForName_ ? askForName_() : std::nullopt;
+    if (!name) return std::nullopt;
+    const host::Document scenario{program_.Store().AddScenario(*name), *name};
+    DocumentsChanged.Raise();
+    return scenario;
+  }
+  std::string MissingDocumentText(const host::DocumentType&) const override {
+    return "Please select a scenario.";
+  }
+
+ private:
+  Program& program_;
+  std::function<std::optional<std::string>()> askForName_;
+};
+
+Program::Program()
+    : errors_(std::make_shared<ErrorLog>()),
+      settings_(std::make_shared<UserSettings>()),
+      session_(std::make_shared<LoginSession>()) {}
+
+Program::~Program() {
+  MSQL::ReleaseDatabase();
+  host::InstallServices({});
+}
+
+void Program::Start(UserInterface userInterface) {
+  RegisterHomStudies();
+  host::InstallServices(
+      {.openDatabase = [this] { return connection_; },
+       .errorReporter = errors_,
+       .messageBox = std::move(userInterface.messageBox),
+       .settings = settings_,
+       .session = session_,
+       .documents = std::make_shared<Scenarios>(*this, std::move(userInterface.askForScenarioName)),
+       .fileNameRules = std::make_shared<PortableFileNames>(),
+       .folderChooser = std::move(userInterface.folderChooser),
+       .beeper = std::move(userInterface.beeper),
+       .dragSource = nullptr});
+}
+
+void Program::OpenDatabase(const std::string& path, WhenMissing whenMissing) {
+  const auto mode = whenMissing == WhenMissing::Create ? database::OpenMode::CreateIfMissing
+                                                       : database::OpenMode::MustExist;
+  connection_ = database::OpenStudyDatabase(path, mode);
+  MSQL::ReleaseDatabase();
+  store_ = std::make_unique<StudyStore>(connection_, errors_);
+}
+
+StudyStore& Program::Store() const {
+  if (!store_) throw Error(ErrorNumber::ObjectNotSet, "No study database is open.");
+  return *store_;
+}
+
+void Program::AnnounceScenarios() const {
+  host::TheDocuments().DocumentsChanged.Raise();
+}
+
+std::string Program::UserName() const {
+  return session_->UserName();
+}
+
+std::string Program::DefaultDatabasePath() {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  return QDir(folder).filePath(QStringLiteral("kivstudy/studies.db")).toStdString();
+}
+
+}  // namespace kiv::client

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "client/error_log.h"
+#include "client/study_store.h"
+#include "client/user_settings.h"
+#include "database/connection.h"
+#include "host/services.h"
+
+namespace kiv::client {
+
+/// What differs between the window and the command line.
+struct UserInterface {
+  std::shared_ptr<host::MessageBox> messageBox;
+  std::shared_ptr<host::FolderChooser> folderChooser;
+  std::shared_ptr<host::Beeper> beeper;
+  /// Asks for the name of a new scenario; nothing when the user changed his mind.
+  std::function<std::optional<std::string>()> askForScenarioName;
+};
+
+/// The program as a host of the library: its database, its settings and the services that the library needs.
+/// One for each process.
+class Program {
+ public:
+  Program();
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+  ~Program();
+
+  /// Gives the library its services and makes the study kinds known.
+  void Start(UserInterface userInterface);
+
+  /// Opens a database and forgets the one before; without a successful opening the one before stays.
+  /// Raises database::OpenError.
+  enum class WhenMissing { Refuse, Create };
+  void OpenDatabase(const std::string& path, WhenMissing whenMissing);
+  bool HasDatabase() const { return store_ != nullptr; }
+  /// Raises error 91 when no database is open.
+  StudyStore& Store() const;
+
+  UserSettings& Settings() { return *settings_; }
+  std::string UserName() const;
+
+  /// Where the studies are when nobody says otherwise.
+  static std::string DefaultDatabasePath();
+
+  /// Tells every open study that scenarios were made, renamed or removed.
+  void AnnounceScenarios() const;
+
+ private:
+  class Scenarios;
+
+  std::shared_ptr<ErrorLog> errors_;
+  std::shared_ptr<UserSettings> settings_;
+  std::shared_ptr<host::Session> session_;
+  std::shared_ptr<database::Connection> connection_;
+  std::unique_ptr<StudyStore> store_;
+};
+
+}  // namespace kiv::client

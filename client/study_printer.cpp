@@ -1,0 +1,159 @@
+#include "client/study_printer.h"
+
+#include <algorithm>
+#include <array>
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+#include "base/utf16.h"
+#include "core/conversions.h"
+
+namespace kiv::client {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr std::size_t kColumns = 7;
+using Line = std::array<std::string, kColumns>;
+
+/// Texts of a database may be anything; a bad byte must not keep the rest from being printed.
+std::string Dump(const Json& json, int indent) {
+  return json.dump(indent, ' ', false, Json::error_handler_t::replace);
+}
+
+std::string MinutesText(std::int32_t minutes) {
+  return minutes == CKivStudyData::kNotGiven ? std::string() : std::to_string(minutes);
+}
+
+Json NumberOrNull(std::int32_t number) {
+  return number == CKivStudyData::kNotGiven ? Json() : Json(number);
+}
+
+Json JsonValue(const Variant& value) {
+  if (const auto* number = std::get_if<std::int64_t>(&value.Value())) return *number;
+  if (value.IsNull()) return nullptr;
+  return ToText(value);
+}
+
+std::size_t DisplayWidth(const std::string& text) {
+  const bool ascii =
+      std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  return ascii ? text.size() : CharacterCount(text);
+}
+
+void PrintTable(const std::vector<Line>& lines, std::ostream& out) {
+  std::array<std::size_t, kColumns> widths{};
+  for (const Line& line : lines) {
+    for (std::size_t i = 0; i < kColumns; ++i) widths[i] = std::max(widths[i], DisplayWidth(line[i]));
+  }
+  std::string text;
+  for (const Line& line : lines) {
+    for (std::size_t i = 0; i < kColumns; ++i) {
+      text += line[i];
+      const bool last = i + 1 == kColumns;
+      if (!last) text.append(widths[i] - DisplayWidth(line[i]) + 2, ' ');
+    }
+    text += '\n';
+  }
+  out << text;
+}
+
+std::string ScenarioName(const std::vector<host::Document>& scenarios, std::int32_t id) {
+  const auto found = std::find_if(scenarios.begin(), scenarios.end(),
+                                  [id](const host::Document& scenario) { return scenario.id == id; });
+  return found == scenarios.end() ? std::string() : found->name;
+}
+
+/// The messages are written for message boxes; here each is one line.
+std::string OneLine(std::string text) {
+  std::erase(text, '\r');
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  return text;
+}
+
+}  // namespace
+
+void PrintStudies(const std::vector<StudySummary>& studies, OutputFormat format, std::ostream& out) {
+  if (format == OutputFormat::Json) {
+    Json list = Json::array();
+    for (const StudySummary& study : studies) {
+      list.push_back({{"id", study.id},
+                      {"kind", study.kind},
+                      {"name", study.name},
+                      {"scenario", study.scenario},
+                      {"durationMinutes", NumberOrNull(study.duration)},
+                      {"modifiedBy", study.modifiedBy},
+                      {"modifiedAt", study.modifiedAt}});
+    }
+    out << Dump(list, 2) << '\n';
+    return;
+  }
+  std::vector<Line> lines = {{"ID", "KIND", "NAME", "SCENARIO", "MINUTES", "CHANGED BY", "CHANGED AT"}};
+  lines.reserve(studies.size() + 1);
+  for (const StudySummary& study : studies) {
+    lines.push_back({std::to_string(study.id), study.kind, study.name, study.scenario,
+                     MinutesText(study.duration), study.modifiedBy, study.modifiedAt});
+  }
+  PrintTable(lines, out);
+}
+
+void PrintStudy(const Study& study, const std::vector<host::Document>& scenarios, OutputFormat format,
+                std::ostream& out) {
+  const CKivStudyData& record = *study.record;
+  Json json = {{"id", record.ID()},
+               {"kind", record.AppName()},
+               {"name", study.name},
+               {"scenario", ScenarioName(scenarios, record.ScenarioID())},
+               {"durationMinutes", NumberOrNull(record.Duration())},
+               {"pollingIntervalSeconds", NumberOrNull(record.PollingInterval())},
+               {"retrieveDelayMinutes", NumberOrNull(record.RetrieveDelay())},
+               {"revision", study.revision}};
+  Json fields = Json::object();
+  for (const NamedValue& field : record.SubRecord()->StoredFields()) {
+    fields[std::string(field.name)] = JsonValue(field.value);
+  }
+  if (format == OutputFormat::Json) {
+    json["data"] = std::move(fields);
+    out << Dump(json, 2) << '\n';
+    return;
+  }
+  constexpr std::size_t kNameWidth = 24;
+  const auto print = [&out](const Json& values) {
+    for (const auto& [name, value] : values.items()) {
+      out << name << std::string(kNameWidth - std::min(name.size(), kNameWidth - 1), ' ');
+      if (value.is_string()) {
+        out << value.get_ref<const std::string&>();
+      } else if (!value.is_null()) {
+        out << value;
+      }
+      out << '\n';
+    }
+  };
+  print(json);
+  out << '\n';
+  print(fields);
+}
+
+std::size_t PrintProblems(const StudySession& session, OutputFormat format, std::ostream& out) {
+  Json list = Json::array();
+  for (const auto& tab : session.Tabs()) {
+    for (const Problem& problem : tab->Problems()) {
+      list.push_back({{"tab", tab->Title()},
+                      {"control", problem.control->Name()},
+                      {"severity", problem.style == host::MessageStyle::Warning ? "warning" : "error"},
+                      {"message", problem.message}});
+    }
+  }
+  if (format == OutputFormat::Json) {
+    out << Dump(list, 2) << '\n';
+    return list.size();
+  }
+  for (const Json& problem : list) {
+    out << problem["tab"].get<std::string>() << ": " << OneLine(problem["message"]) << '\n';
+  }
+  if (list.empty()) out << "Study " << session.ID() << " is valid.\n";
+  return list.size();
+}
+
+}  // namespace kiv::client

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/error.h"
+#include "client/error_log.h"
+#include "core/study_data.h"
+#include "database/connection.h"
+#include "host/documents.h"
+
+namespace kiv::client {
+
+/// One line of the list of studies.
+struct StudySummary {
+  std::int32_t id = 0;
+  std::string kind;
+  std::string name;
+  std::string scenario;  ///< empty when the study has none
+  std::int32_t duration = CKivStudyData::kNotGiven;
+  std::string modifiedBy;
+  std::string modifiedAt;  ///< UTC, such as 2026-03-09T13:05:00Z
+};
+
+/// A study with what the program stores beside the shared record.
+struct Study {
+  std::shared_ptr<CKivStudyData> record;
+  std::string name;
+  std::int32_t revision = 0;  ///< counts the saves; 0 while the study was never stored
+};
+
+/// A request that the store refuses; the text is one message for the user.
+class StoreError : public Error {
+ public:
+  explicit StoreError(const std::string& text, ErrorNumber number = ErrorNumber::InvalidArgument)
+      : Error(number, text) {}
+};
+
+/// Somebody else saved the study since it was loaded, or deleted it.
+class StudyConflict : public StoreError {
+ public:
+  using StoreError::StoreError;
+};
+
+/// Studies and scenarios in the program's database. Database failures are raised as host::DatabaseError.
+class StudyStore {
+ public:
+  StudyStore(std::shared_ptr<database::Connection> connection, std::shared_ptr<ErrorLog> errors);
+
+  database::Connection& Database() const { return *connection_; }
+
+  /// Every study by ascending identifier.
+  std::vector<StudySummary> List() const;
+
+  /// A new study of a kind that is not stored yet.
+  Study New(const std::string& kind) const;
+  /// Raises StoreError when there is no such study or when it could not be read completely.
+  Study Load(std::int32_t id) const;
+  /// Stores a study whole or not at all, as a new one while its record is new. On success the record is no
+  /// longer new; on failure the study is as it was before.
+  void Save(Study& study, const std::string& user);
+  /// Stores a copy under a new identifier; on failure the study is as it was before.
+  void SaveCopy(Study& study, const std::string& user);
+  void Remove(std::int32_t id);
+
+  std::vector<host::Document> Scenarios() const;
+  /// Identifier of the new scenario. Raises StoreError for an empty name or one that exists already.
+  std::int32_t AddScenario(const std::string& name);
+  void RenameScenario(std::int32_t id, const std::string& name);
+  /// Raises StoreError while studies belong to the scenario.
+  void RemoveScenario(std::int32_t id);
+
+ private:
+  std::int32_t WriteStudyRow(const Study& study, const std::string& user);
+  StudyConflict ConflictOver(std::int32_t id) const;
+  std::string CheckedScenarioName(const std::string& name, std::int32_t ownId) const;
+
+  std::shared_ptr<database::Connection> connection_;
+  std::shared_ptr<ErrorLog> errors_;
+};
+
+}  // namespace kiv::client

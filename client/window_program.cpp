@@ -1,0 +1,60 @@
+#include "client/window_program.h"
+
+#include <QInputDialog>
+#include <exception>
+
+#include "client/main_window.h"
+#include "host/services.h"
+#include "qt/beeper.h"
+#include "qt/folder_chooser.h"
+#include "qt/message_box.h"
+
+namespace kiv::client {
+
+namespace {
+
+std::optional<std::string> AskForScenarioName() {
+  bool accepted = false;
+  const QString name =
+      QInputDialog::getText(QApplication::activeWindow(), QStringLiteral("New Scenario"),
+                            QStringLiteral("&Name of the scenario:"), QLineEdit::Normal, {}, &accepted);
+  if (!accepted) return std::nullopt;
+  return name.toStdString();
+}
+
+}  // namespace
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+  try {
+    return QApplication::notify(receiver, event);
+  } catch (const std::exception& error) {
+    const host::MessageBox& messages = host::TheMessageBox();
+    host::TheMessageBox().Show(error.what(), host::MessageStyle::Critical, messages.ApplicationTitle());
+    return true;
+  }
+}
+
+void StartWithWindow(Program& program) {
+  program.Start({.messageBox = std::make_shared<qt::MessageBox>(
+                     [&program] { return program.Settings().ApplicationTitle(); }),
+                 .folderChooser = std::make_shared<qt::FolderChooser>(),
+                 .beeper = std::make_shared<qt::Beeper>(),
+                 .askForScenarioName = AskForScenarioName});
+}
+
+int RunWindow(int argc, char** argv, const WindowRequest& request) {
+  const Application application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("kivstudy"));
+  Program program;
+  StartWithWindow(program);
+  MainWindow window(program);
+  window.show();
+  if (request.database) {
+    window.OpenDatabase(*request.database, Program::WhenMissing::Refuse);
+  } else {
+    window.OpenDatabase(Program::DefaultDatabasePath(), Program::WhenMissing::Create);
+  }
+  return QApplication::exec() == 0 ? kOk : kRefused;
+}
+
+}  // namespace kiv::client

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QApplication>
+#include <memory>
+
+#include "client/command_line.h"
+#include "client/program.h"
+
+namespace kiv::client {
+
+/// The application object. What escapes an event handler is told to the user instead of ending the program.
+class Application : public QApplication {
+ public:
+  using QApplication::QApplication;
+  bool notify(QObject* receiver, QEvent* event) override;
+};
+
+/// Gives the program the dialogs of the window.
+void StartWithWindow(Program& program);
+
+/// Opens the main window and runs until it is closed. Returns an ExitCode.
+int RunWindow(int argc, char** argv, const WindowRequest& request);
+
+}  // namespace kiv::client

@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# Measures the program against baselines in the same run and prints the ratios.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+scripts/setup.sh
+scripts/build.sh bench
+export QT_QPA_PLATFORM=offscreen
+build/bench/bench/editor_bench
+bench/list_bench.sh build/bench
