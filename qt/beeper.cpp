@@ -1,0 +1,11 @@
+#include "qt/beeper.h"
+
+#include <QApplication>
+
+namespace kiv::qt {
+
+void Beeper::Beep() {
+  QApplication::beep();
+}
+
+}  // namespace kiv::qt

@@ -1,0 +1,87 @@
+#include <QCheckBox>
+#include <QPushButton>
+
+#include "qt/control_views.h"
+#include "qt/text.h"
+
+namespace kiv::qt {
+
+namespace {
+
+Qt::CheckState ToQt(ui::CheckState state) {
+  switch (state) {
+    case ui::CheckState::Unchecked: return Qt::Unchecked;
+    case ui::CheckState::Checked: return Qt::Checked;
+    case ui::CheckState::Grayed: break;
+  }
+  return Qt::PartiallyChecked;
+}
+
+void ShowCaption(QAbstractButton& button, const std::string& caption) {
+  const QString text = qt::ToQt(caption);
+  if (button.text() == text) return;
+  button.setText(text);
+  button.setAccessibleName(PlainCaption(caption));
+}
+
+class CheckBoxView final : public QCheckBox, public ControlView {
+ public:
+  CheckBoxView(ui::CheckBox& box, QWidget* parent)
+      : QCheckBox(parent), ControlView(box, *this), box_(box), changed_(ShowValueOn(box.Changed)) {
+    ShowAppearance();
+    ShowValue();
+  }
+
+  bool HoldsValue() const override { return true; }
+
+  void ShowAppearance() override {
+    ControlView::ShowAppearance();
+    ShowCaption(*this, box_.Caption());
+  }
+
+ protected:
+  void ShowValue() override {
+    const Qt::CheckState state = ToQt(static_cast<ui::CheckState>(box_.Value()));
+    setTristate(state == Qt::PartiallyChecked);
+    setCheckState(state);
+  }
+
+  /// The control alone decides what comes after a click.
+  void nextCheckState() override {
+    Act([this] { box_.Click(); });
+  }
+
+ private:
+  ui::CheckBox& box_;
+  ScopedConnection changed_;
+};
+
+class ButtonView final : public QPushButton, public ControlView {
+ public:
+  ButtonView(ui::Button& button, QWidget* parent)
+      : QPushButton(parent), ControlView(button, *this), button_(button) {
+    setAutoDefault(false);  // the Enter key in a field presses no button
+    ShowAppearance();
+    connect(this, &QPushButton::clicked, this, [this] { Act([this] { button_.Click(); }); });
+  }
+
+  void ShowAppearance() override {
+    ControlView::ShowAppearance();
+    ShowCaption(*this, button_.Caption());
+  }
+
+ private:
+  ui::Button& button_;
+};
+
+}  // namespace
+
+ControlView* MakeView(ui::CheckBox& control, QWidget* parent) {
+  return new CheckBoxView(control, parent);
+}
+
+ControlView* MakeView(ui::Button& control, QWidget* parent) {
+  return new ButtonView(control, parent);
+}
+
+}  // namespace kiv::qt

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "host/message_box.h"
+
+namespace kiv::qt {
+
+/// Messages as modal boxes over the active window.
+class MessageBox : public host::MessageBox {
+ public:
+  /// `applicationTitle` is asked for each message.
+  explicit MessageBox(std::function<std::string()> applicationTitle);
+
+  void Show(const std::string& text, host::MessageStyle style, const std::string& title) override;
+  std::string ApplicationTitle() const override { return applicationTitle_(); }
+
+ private:
+  std::function<std::string()> applicationTitle_;
+};
+
+}  // namespace kiv::qt

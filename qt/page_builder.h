@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QString>
+#include <vector>
+
+#include "ui/layout.h"
+
+class QBoxLayout;
+class QFormLayout;
+class QLabel;
+class QWidget;
+
+namespace kiv::qt {
+
+class ControlView;
+
+/// Makes the widgets of a layout tree and arranges them.
+class PageBuilder {
+ public:
+  /// Fills a widget that has no layout yet.
+  void Build(const ui::LayoutItem& page, QWidget* content);
+
+  /// Every view made, in the order of the layout.
+  const std::vector<ControlView*>& Views() const { return views_; }
+  /// The labels in front of the fields of all forms.
+  const std::vector<QLabel*>& FormLabels() const { return formLabels_; }
+
+ private:
+  using Items = std::vector<ui::LayoutItem>;
+
+  void AddToColumn(QBoxLayout& column, const ui::LayoutItem& item, QWidget* parent);
+  void AddToForm(QFormLayout& form, const ui::LayoutItem& item, QWidget* parent);
+  void FillRow(QBoxLayout& row, const Items& items, QWidget* parent, const QString& fieldName = {});
+  void AddArea(QBoxLayout& box, const ui::LayoutItem& area, QWidget* parent);
+  QLabel* MakeFieldLabel(const ui::LayoutItem& field, QWidget* parent);
+  void FillField(QBoxLayout& row, const ui::LayoutItem& field, QLabel* label, QWidget* parent);
+  ControlView* Make(ui::Control& control, QWidget* parent, const ui::LayoutItem* next);
+
+  std::vector<ControlView*> views_;
+  std::vector<QLabel*> formLabels_;
+};
+
+}  // namespace kiv::qt

@@ -1,0 +1,166 @@
+#include "qt/page_view.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QLabel>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "qt/control_view.h"
+#include "qt/page_builder.h"
+#include "qt/text.h"
+
+namespace kiv::qt {
+
+namespace {
+
+ui::Container& OutermostOf(ui::Container& page) {
+  ui::Container* container = &page;
+  while (container->Parent()) container = container->Parent();
+  return *container;
+}
+
+/// From a menu, a drop-down list or another window the focus comes back by itself: the control never lost it.
+bool IsTemporary(const QWidget& left, Qt::FocusReason reason) {
+  const QWidget* now = QApplication::focusWidget();
+  return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+         reason == Qt::MenuBarFocusReason || (now && now->window() != left.window());
+}
+
+QString SummaryOf(const std::vector<Mark>& marks) {
+  if (marks.empty()) return {};
+  const QString first = ToQt(marks.front().message).simplified();
+  switch (marks.size()) {
+    case 1: return first;
+    case 2: return QStringLiteral("%1 (and one more problem)").arg(first);
+    default: return QStringLiteral("%1 (and %2 more problems)").arg(first).arg(marks.size() - 1);
+  }
+}
+
+}  // namespace
+
+PageView::PageView(ui::Container& page, const ui::LayoutItem& layout, QWidget* parent)
+    : QWidget(parent),
+      outermost_(&OutermostOf(page)),
+      scroll_(new QScrollArea(this)),
+      summary_(new QLabel(this)) {
+  auto* content = new QWidget;
+  PageBuilder builder;
+  builder.Build(layout, content);
+  formLabels_ = builder.FormLabels();
+  AlignLabels();
+
+  for (ControlView* view : builder.Views()) {
+    views_.emplace(&view->Control(), view);
+    if (view->Widget().focusPolicy() != Qt::NoFocus) view->Widget().installEventFilter(this);
+  }
+  for (QLabel* label : formLabels_) {
+    if (auto* view = dynamic_cast<ControlView*>(label)) {
+      labelsChanged_.emplace_back(view->Control().AppearanceChanged.Connect([this] { AlignLabels(); }));
+    }
+  }
+
+  scroll_->setFrameShape(QFrame::NoFrame);
+  scroll_->setWidgetResizable(true);
+  scroll_->setWidget(content);
+  // The page shows the background of what it stands on, such as a tab.
+  scroll_->viewport()->setAutoFillBackground(false);
+  content->setAutoFillBackground(false);
+  summary_->setTextFormat(Qt::PlainText);
+  summary_->setWordWrap(true);
+  QMargins margins = content->layout()->contentsMargins();
+  margins.setTop(0);
+  summary_->setContentsMargins(margins);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins({});
+  column->setSpacing(0);
+  column->addWidget(scroll_, 1);
+  column->addWidget(summary_);
+
+  focusChanged_ = outermost_->FocusChanged.Connect([this](ui::Control& control) { MoveFocusTo(control); });
+}
+
+PageView::~PageView() {
+  // What the widgets do while they go is nothing that the user did.
+  for (const auto& [control, view] : views_) view->Widget().removeEventFilter(this);
+}
+
+QWidget* PageView::WidgetOf(const ui::Control& control) const {
+  const ControlView* view = ViewOf(&control);
+  return view ? &view->Widget() : nullptr;
+}
+
+ControlView* PageView::ViewOf(const ui::Control* control) const {
+  const auto found = views_.find(control);
+  return found == views_.end() ? nullptr : found->second;
+}
+
+void PageView::ShowMarks(const std::vector<Mark>& marks) {
+  const std::vector<ControlView*> before = std::exchange(marked_, {});
+  for (const Mark& mark : marks) {
+    ControlView* view = ViewOf(mark.control);
+    if (!view || std::find(marked_.begin(), marked_.end(), view) != marked_.end()) continue;
+    view->ShowMark(ToQt(mark.message));
+    marked_.push_back(view);
+  }
+  for (ControlView* view : before) {
+    if (std::find(marked_.begin(), marked_.end(), view) == marked_.end()) view->ShowMark({});
+  }
+  summary_->setText(SummaryOf(marks));
+}
+
+QSize PageView::sizeHint() const {
+  // A scroll area by itself would be content with less than its whole content.
+  const QSize content = scroll_->widget()->sizeHint();
+  const QSize summary = summary_->sizeHint().expandedTo(summary_->minimumSize());
+  return {content.width(), content.height() + summary.height()};
+}
+
+bool PageView::eventFilter(QObject* object, QEvent* event) {
+  if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+    if (auto* view = dynamic_cast<ControlView*>(object)) {
+      if (event->type() == QEvent::FocusIn) {
+        view->Enter();
+      } else if (!IsTemporary(view->Widget(), static_cast<QFocusEvent*>(event)->reason())) {
+        view->Leave();
+      }
+    }
+  }
+  return QWidget::eventFilter(object, event);
+}
+
+void PageView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    // The labels learn of it after this widget.
+    QMetaObject::invokeMethod(
+        this, [this] { AlignLabels(); }, Qt::QueuedConnection);
+  }
+}
+
+void PageView::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!focusChanged_.Connected()) return;
+  if (const ui::Control* focused = outermost_->FocusedControl()) MoveFocusTo(*focused);
+}
+
+void PageView::MoveFocusTo(const ui::Control& control) {
+  const ControlView* view = ViewOf(&control);
+  if (!view || view->Widget().focusPolicy() == Qt::NoFocus) return;
+  QWidget& widget = view->Widget();
+  if (!widget.hasFocus()) widget.setFocus(Qt::OtherFocusReason);
+  scroll_->ensureWidgetVisible(&widget);
+}
+
+/// All forms of a page share one width of labels.
+void PageView::AlignLabels() {
+  int width = 0;
+  for (const QLabel* label : formLabels_) width = std::max(width, label->sizeHint().width());
+  for (QLabel* label : formLabels_) label->setMinimumWidth(width);
+  // The line of the first problem has its room from the beginning.
+  const QMargins margins = summary_->contentsMargins();
+  summary_->setMinimumHeight(summary_->fontMetrics().height() + margins.top() + margins.bottom());
+}
+
+}  // namespace kiv::qt

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QWidget>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "base/signal.h"
+#include "ui/control.h"
+#include "ui/layout.h"
+
+class QLabel;
+class QScrollArea;
+
+namespace kiv::qt {
+
+class ControlView;
+
+/// Something that is wrong with a control, in words for the user.
+struct Mark {
+  const ui::Control* control = nullptr;
+  std::string message;
+};
+
+/// A page of controls as Qt widgets. The page and its view may go away in either order.
+class PageView : public QWidget {
+ public:
+  /// `layout` arranges controls of `page`, also those of containers inside it.
+  PageView(ui::Container& page, const ui::LayoutItem& layout, QWidget* parent = nullptr);
+  ~PageView() override;
+
+  /// The widget that shows a control; null when the layout does not hold it.
+  QWidget* WidgetOf(const ui::Control& control) const;
+
+  /// Marks these controls and no others, and tells the first message below the page.
+  void ShowMarks(const std::vector<Mark>& marks);
+
+  QSize sizeHint() const override;
+  bool eventFilter(QObject* object, QEvent* event) override;
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  ControlView* ViewOf(const ui::Control* control) const;
+  void MoveFocusTo(const ui::Control& control);
+  void AlignLabels();
+
+  ui::Container* outermost_;
+  QScrollArea* scroll_;
+  QLabel* summary_;
+  std::unordered_map<const ui::Control*, ControlView*> views_;
+  std::vector<QLabel*> formLabels_;
+  std::vector<ControlView*> marked_;
+  ScopedConnection focusChanged_;
+  std::vector<ScopedConnection> labelsChanged_;
+};
+
+}  // namespace kiv::qt
