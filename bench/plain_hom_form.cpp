@@ -141,7 +141,7 @@ QWidget* CurrentStudyPage() {
 QWidget* MakePlainHomForm(const PlainValues& values) {
   auto* form = new QWidget;
   auto* name = new QLineEdit(values.name, form);
-  auto* label = new QLabel(QStringLiteral("S&tudy name:"), form);
+  auto* label = new QLabel(QStringLiteral("Stud&y name:"), form);
   label->setBuddy(name);
   auto* tabs = new QTabWidget(form);
   tabs->addTab(GeneralPage(values), QStringLiteral("General"));
@@ -150,7 +150,7 @@ QWidget* MakePlainHomForm(const PlainValues& values) {
   auto* top = RowOf({label, name});
   auto* bottom =
       RowOf({new QLabel(QStringLiteral("Study 1"), form), new QPushButton(QStringLiteral("Chec&k"), form),
-             new QPushButton(QStringLiteral("Save as Cop&y..."), form),
+             new QPushButton(QStringLiteral("Save as Co&py..."), form),
              new QPushButton(QStringLiteral("Sa&ve"), form)});
   auto* all = new QVBoxLayout(form);
   all->addLayout(top);

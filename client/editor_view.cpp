@@ -36,14 +36,14 @@ EditorView::EditorView(Program& program, std::unique_ptr<StudySession> session, 
       name_(new QLineEdit(QString::fromStdString(session_->Name()), this)),
       state_(new QLabel(this)),
       tabs_(new QTabWidget(this)) {
-  auto* nameLabel = new QLabel(QStringLiteral("S&tudy name:"), this);
+  auto* nameLabel = new QLabel(QStringLiteral("Stud&y name:"), this);
   nameLabel->setBuddy(name_);
   name_->setObjectName(QStringLiteral("studyName"));
   name_->setAccessibleName(QStringLiteral("Study name"));
   tabs_->setObjectName(QStringLiteral("tabs"));
 
   auto* check = new QPushButton(QStringLiteral("Chec&k"), this);
-  auto* copy = new QPushButton(QStringLiteral("Save as Cop&y..."), this);
+  auto* copy = new QPushButton(QStringLiteral("Save as Co&py..."), this);
   auto* save = new QPushButton(QStringLiteral("Sa&ve"), this);
   check->setObjectName(QStringLiteral("check"));
   copy->setObjectName(QStringLiteral("saveCopy"));
@@ -178,7 +178,7 @@ void EditorView::ResolveConflict(const std::string& text) {
   QMessageBox question(QMessageBox::Warning, QString::fromStdString(program_.Settings().ApplicationTitle()),
                        QString::fromStdString(text), QMessageBox::Cancel, this);
   const QPushButton* reload = question.addButton(QStringLiteral("&Reload"), QMessageBox::DestructiveRole);
-  const QPushButton* copy = question.addButton(QStringLiteral("Save as Cop&y..."), QMessageBox::AcceptRole);
+  const QPushButton* copy = question.addButton(QStringLiteral("Save as Co&py..."), QMessageBox::AcceptRole);
   question.setDefaultButton(QMessageBox::Cancel);
   question.exec();
   try {

@@ -129,7 +129,7 @@ void MainWindow::AddEditorActions(QMenu& study) {
                 [this] { CurrentEditor()->SaveCopy(); }),
       AddAction(study, QStringLiteral("Chec&k"), QKeySequence(QStringLiteral("Ctrl+K")),
                 [this] { CurrentEditor()->Check(); }),
-      AddAction(study, QStringLiteral("C&lose"), QKeySequence::Close,
+      AddAction(study, QStringLiteral("C&lose"), QKeySequence(QStringLiteral("Ctrl+W")),
                 [this] { CloseEditor(tabs_->currentIndex()); }),
   };
 }

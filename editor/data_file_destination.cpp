@@ -133,7 +133,7 @@ void XKivDataFileDestination::ShowPreview() {
 }
 
 ui::LayoutItem XKivDataFileDestination::Layout() {
-  return ui::Group(Frame1, {ui::Form({ui::Field("&Folder:", {ui::Single(txtPath), ui::Single(cmdBrowse)}),
+  return ui::Group(Frame1, {ui::Form({ui::Field("F&older:", {ui::Single(txtPath), ui::Single(cmdBrowse)}),
                                       ui::Field(Label1, {ui::Single(txtFilename), ui::Single(lblExtension)}),
                                       ui::Field("", {ui::Single(lblPreview)})})});
 }

@@ -28,7 +28,7 @@ XKivHomCurrent::XKivHomCurrent()
       lblExtension(&fraCurrentStudy, "lblExtension") {
   chkCollectData.SetCaption("Also &collect data for the current standard");
   fraCurrentStudy.SetCaption("Data File on the OMP-FX");
-  chkStartOnFail.SetCaption("Start on &failure");
+  chkStartOnFail.SetCaption("Start on fail&ure");
   lblExtension.SetCaption(std::string(kExtension));
 
   CheckList directory;

@@ -82,7 +82,7 @@ void XKivHomGen::SaveData() {
 
 ui::LayoutItem XKivHomGen::Layout() {
   using namespace ui;
-  return Column({Form({Field("&Scenario:", {Single(fdocCBScenario), Single(cmdNewScenario)})}),
+  return Column({Form({Field("S&cenario:", {Single(fdocCBScenario), Single(cmdNewScenario)})}),
                  XDest.Layout(), Form({Field("Study &duration:", {Single(txtDuration), Text("minutes")})}),
                  Stretch()});
 }

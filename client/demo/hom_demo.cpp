@@ -71,6 +71,7 @@ void CompleteStudy(const UserHand& user) {
 void ReopenAndChange(const UserHand& user, MainWindow& window) {
   Expect(!window.CurrentEditor()->Session().Modified(), "The study is saved.");
   user.Press(Qt::Key_W, Qt::ControlModifier);
+  user.Wait(kUntilMarked);
   user.TakePicture("6-list-of-studies");
   user.Find("studies")->setFocus();
   user.Press(Qt::Key_Return);

@@ -16,20 +16,29 @@ namespace kiv::client {
 
 namespace {
 
+constexpr int kSettleMs = 60;  // layouts and closed editors catch up
+
 [[noreturn]] void Fail(const QString& what) {
   throw std::runtime_error(what.toStdString());
 }
 
+/// Without a window manager nobody gives the focus back when a dialog has closed; then this does.
 QWidget* ActiveWindow() {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
   if (QWidget* window = QApplication::activeWindow()) return window;
-  Fail(QStringLiteral("no window is active"));
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (!window->isVisible()) continue;
+    QApplication::setActiveWindow(window);
+    return window;
+  }
+  Fail(QStringLiteral("no window is open"));
 }
 
 /// The widget that the keyboard goes to.
 QWidget* FocusWidget() {
-  if (QWidget* widget = QApplication::focusWidget()) return widget;
-  return ActiveWindow();
+  QWidget* window = ActiveWindow();
+  if (QWidget* widget = window->focusWidget()) return widget;
+  return window;
 }
 
 }  // namespace
@@ -127,6 +136,7 @@ void UserHand::Wait(int milliseconds) const {
 
 void UserHand::TakePicture(const QString& name) const {
   if (pictureFolder_.isEmpty()) return;
+  Wait(kSettleMs);
   const QString file = pictureFolder_ + QLatin1Char('/') + name + QStringLiteral(".png");
   if (!ActiveWindow()->grab().save(file)) Fail(QStringLiteral("cannot write ") + file);
 }
