@@ -1,9 +1,10 @@
 #include "qt/page_builder.h"
 
 #include <QBoxLayout>
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QLabel>
-#include <algorithm>
+#include <QStyle>
+#include <utility>
 
 #include "qt/control_views.h"
 #include "qt/mark_room.h"
@@ -16,6 +17,10 @@ namespace {
 using ui::LayoutItem;
 using Kind = LayoutItem::Kind;
 
+/// The columns of a form.
+constexpr int kLabelColumn = 0;
+constexpr int kFieldColumn = 1;
+
 bool IsLabel(const ControlView& view) {
   return qobject_cast<QLabel*>(&view.Widget()) != nullptr;
 }
@@ -25,6 +30,22 @@ QLabel* MakeText(const std::string& text, QWidget* parent) {
   label->setTextFormat(Qt::PlainText);
   label->setText(ToQt(text));
   return label;
+}
+
+bool IsTextBox(const LayoutItem& item) {
+  return item.kind == Kind::Single && dynamic_cast<const ui::TextBox*>(item.control);
+}
+
+bool IsText(const LayoutItem& item) {
+  return item.kind == Kind::Text ||
+         (item.kind == Kind::Single && dynamic_cast<const ui::Label*>(item.control));
+}
+
+/// A number is followed by its unit, or by a word between it and the number behind.
+BoxWidth WidthOf(const std::vector<LayoutItem>& row, std::size_t i) {
+  const bool isFirst = i + 1 < row.size() && row[i + 1].kind == Kind::Text;
+  const bool isSecond = i >= 2 && row[i - 1].kind == Kind::Text && IsTextBox(row[i - 2]);
+  return isFirst || isSecond ? BoxWidth::Short : BoxWidth::Full;
 }
 
 void AddMarkRoom(QBoxLayout& row, ControlView& view, QWidget* parent) {
@@ -68,14 +89,15 @@ void PageBuilder::AddToColumn(QBoxLayout& column, const LayoutItem& item, QWidge
 
 void PageBuilder::AddArea(QBoxLayout& box, const LayoutItem& area, QWidget* parent) {
   if (area.kind == Kind::Form) {
-    auto* form = new QFormLayout;
-    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    // A QFormLayout would give a wrapped text the height of its narrowest look.
+    auto* form = new QGridLayout;
+    form->setColumnStretch(kFieldColumn, 1);
     box.addLayout(form);
     for (const LayoutItem& item : area.items) AddToForm(*form, item, parent);
     return;
   }
   QVBoxLayout* column = nullptr;
-  if (ControlView* group = area.control ? Make(*area.control, parent, nullptr) : nullptr) {
+  if (ControlView* group = area.control ? Make(*area.control, parent, BoxWidth::Full) : nullptr) {
     parent = &group->Widget();
     column = new QVBoxLayout(parent);
     box.addWidget(parent);
@@ -86,23 +108,30 @@ void PageBuilder::AddArea(QBoxLayout& box, const LayoutItem& area, QWidget* pare
   for (const LayoutItem& item : area.items) AddToColumn(*column, item, parent);
 }
 
-void PageBuilder::AddToForm(QFormLayout& form, const LayoutItem& item, QWidget* parent) {
+void PageBuilder::AddToForm(QGridLayout& form, const LayoutItem& item, QWidget* parent) {
+  const int line = form.rowCount();
   if (item.kind != Kind::Field) {
     auto* column = new QVBoxLayout;
-    form.addRow(column);
+    form.addLayout(column, line, kLabelColumn, 1, -1);
     AddToColumn(*column, item, parent);
     return;
   }
   QLabel* label = MakeFieldLabel(item, parent);
-  if (label) formLabels_.push_back(label);
   auto* row = new QHBoxLayout;
-  form.addRow(label, row);
+  form.addLayout(row, line, kFieldColumn);
   FillField(*row, item, label, parent);
+  if (!label) return;
+  const bool isTall = row->expandingDirections().testFlag(Qt::Vertical);
+  const int side = label->style()->styleHint(QStyle::SH_FormLayoutLabelAlignment, nullptr, label);
+  label->setAlignment(Qt::Alignment(side & Qt::AlignHorizontal_Mask) |
+                      (isTall ? Qt::AlignTop : Qt::AlignVCenter));
+  form.addWidget(label, line, kLabelColumn);
+  formLabels_.push_back(label);
 }
 
 /// The label in front of a field; null for a field that has none.
 QLabel* PageBuilder::MakeFieldLabel(const LayoutItem& field, QWidget* parent) {
-  if (field.control) return qobject_cast<QLabel*>(&Make(*field.control, parent, nullptr)->Widget());
+  if (field.control) return qobject_cast<QLabel*>(&Make(*field.control, parent, BoxWidth::Full)->Widget());
   return field.text.empty() ? nullptr : MakeText(field.text, parent);
 }
 
@@ -130,12 +159,11 @@ void PageBuilder::FillRow(QBoxLayout& row, const std::vector<LayoutItem>& items,
   ControlView* withoutRoom = nullptr;  // its mark's icon stands behind the texts that belong to it
   for (std::size_t i = 0; i < items.size(); ++i) {
     const LayoutItem& item = items[i];
-    const bool closesControl =
-        item.kind != Kind::Text && !(item.kind == Kind::Single && dynamic_cast<ui::Label*>(item.control));
-    if (withoutRoom && closesControl) AddMarkRoom(row, *std::exchange(withoutRoom, nullptr), parent);
+    const bool isUnit = IsText(item) && !(i + 1 < items.size() && IsTextBox(items[i + 1]));
+    if (withoutRoom && !isUnit) AddMarkRoom(row, *std::exchange(withoutRoom, nullptr), parent);
     switch (item.kind) {
       case Kind::Single: {
-        ControlView* view = Make(*item.control, parent, i + 1 < items.size() ? &items[i + 1] : nullptr);
+        ControlView* view = Make(*item.control, parent, WidthOf(items, i));
         if (!view) break;
         QWidget& widget = view->Widget();
         row.addWidget(&widget);
@@ -194,10 +222,8 @@ void PageBuilder::FillRow(QBoxLayout& row, const std::vector<LayoutItem>& items,
   if (!filled) row.addStretch(1);
 }
 
-/// `next` is what stands behind the control in its row: a number is followed by its unit.
-ControlView* PageBuilder::Make(ui::Control& control, QWidget* parent, const LayoutItem* next) {
-  const bool isNumber = next && next->kind == Kind::Text;
-  ControlView* view = MakeView(control, parent, isNumber ? BoxWidth::Short : BoxWidth::Full);
+ControlView* PageBuilder::Make(ui::Control& control, QWidget* parent, BoxWidth width) {
+  ControlView* view = MakeView(control, parent, width);
   if (view) views_.push_back(view);
   return view;
 }

@@ -6,13 +6,14 @@
 #include "ui/layout.h"
 
 class QBoxLayout;
-class QFormLayout;
+class QGridLayout;
 class QLabel;
 class QWidget;
 
 namespace kiv::qt {
 
 class ControlView;
+enum class BoxWidth;
 
 /// Makes the widgets of a layout tree and arranges them.
 class PageBuilder {
@@ -29,12 +30,12 @@ class PageBuilder {
   using Items = std::vector<ui::LayoutItem>;
 
   void AddToColumn(QBoxLayout& column, const ui::LayoutItem& item, QWidget* parent);
-  void AddToForm(QFormLayout& form, const ui::LayoutItem& item, QWidget* parent);
+  void AddToForm(QGridLayout& form, const ui::LayoutItem& item, QWidget* parent);
   void FillRow(QBoxLayout& row, const Items& items, QWidget* parent, const QString& fieldName = {});
   void AddArea(QBoxLayout& box, const ui::LayoutItem& area, QWidget* parent);
   QLabel* MakeFieldLabel(const ui::LayoutItem& field, QWidget* parent);
   void FillField(QBoxLayout& row, const ui::LayoutItem& field, QLabel* label, QWidget* parent);
-  ControlView* Make(ui::Control& control, QWidget* parent, const ui::LayoutItem* next);
+  ControlView* Make(ui::Control& control, QWidget* parent, BoxWidth width);
 
   std::vector<ControlView*> views_;
   std::vector<QLabel*> formLabels_;

@@ -6,6 +6,7 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "qt/control_view.h"
 #include "qt/page_builder.h"
