@@ -14,9 +14,10 @@ namespace kiv::qt {
 
 namespace {
 
-/// Only real changes: each call would cost a new layout.
+/// Only real changes, since each call costs a new layout. What counts is the widget's own state: a host that
+/// disables a whole page for a while enables it again.
 void SetUse(QWidget& widget, bool enabled, bool visible) {
-  if (widget.isEnabled() != enabled) widget.setEnabled(enabled);
+  if (widget.testAttribute(Qt::WA_ForceDisabled) == enabled) widget.setEnabled(enabled);
   if (widget.isHidden() == visible) widget.setVisible(visible);
 }
 

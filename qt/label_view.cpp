@@ -1,3 +1,4 @@
+#include <QAbstractButton>
 #include <QGroupBox>
 #include <QLabel>
 
@@ -20,7 +21,10 @@ class LabelView final : public QLabel, public ControlView {
     ControlView::ShowAppearance();
     const QString shown = buddy() ? ToQt(label_.Caption()) : PlainCaption(label_.Caption());
     if (shown != text()) setText(shown);
-    if (buddy()) buddy()->setAccessibleName(SpokenLabel(label_.Caption()));
+    // A button or box goes by its own caption.
+    if (buddy() && !qobject_cast<QAbstractButton*>(buddy())) {
+      buddy()->setAccessibleName(SpokenLabel(label_.Caption()));
+    }
   }
 
  private:

@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QStyle>
+#include <algorithm>
 #include <utility>
 
 #include "qt/control_views.h"
@@ -41,6 +42,12 @@ bool IsText(const LayoutItem& item) {
          (item.kind == Kind::Single && dynamic_cast<const ui::Label*>(item.control));
 }
 
+/// The label of a field, whether it changes or not.
+const std::string& CaptionOf(const LayoutItem& field) {
+  const auto* label = dynamic_cast<const ui::Label*>(field.control);
+  return label ? label->Caption() : field.text;
+}
+
 /// A number is followed by its unit, or by a word between it and the number behind.
 BoxWidth WidthOf(const std::vector<LayoutItem>& row, std::size_t i) {
   const bool isFirst = i + 1 < row.size() && row[i + 1].kind == Kind::Text;
@@ -48,10 +55,9 @@ BoxWidth WidthOf(const std::vector<LayoutItem>& row, std::size_t i) {
   return isFirst || isSecond ? BoxWidth::Short : BoxWidth::Full;
 }
 
-void AddMarkRoom(QBoxLayout& row, ControlView& view, QWidget* parent) {
-  auto* room = new MarkRoom(parent);
-  row.addSpacerItem(room);
-  view.SetMarkRoom(room);
+/// Whether the item is a text that belongs to what stands before it, and not between two numbers.
+bool IsUnit(const std::vector<LayoutItem>& row, std::size_t i) {
+  return IsText(row[i]) && !(i + 1 < row.size() && IsTextBox(row[i + 1]));
 }
 
 }  // namespace
@@ -81,9 +87,9 @@ void PageBuilder::AddToColumn(QBoxLayout& column, const LayoutItem& item, QWidge
   auto* row = new QHBoxLayout;
   column.addLayout(row);
   if (item.kind == Kind::Row) {
-    FillRow(*row, item.items, parent);
+    FillRow(*row, item.items, parent, {});
   } else {
-    FillRow(*row, {item}, parent);
+    FillRow(*row, {item}, parent, {});
   }
 }
 
@@ -136,90 +142,103 @@ QLabel* PageBuilder::MakeFieldLabel(const LayoutItem& field, QWidget* parent) {
 }
 
 /// Adds what stands behind the label, and ties the label to its first control.
-void PageBuilder::FillField(QBoxLayout& row, const LayoutItem& field, QLabel* label, QWidget* parent) {
-  const std::size_t firstView = views_.size();
-  FillRow(row, field.items, parent, label ? SpokenLabel(FromQt(label->text())) : QString());
-  if (!label || firstView == views_.size()) return;
-  ControlView& first = *views_[firstView];
-  if (!IsLabel(first)) label->setBuddy(&first.Widget());
+void PageBuilder::FillField(QBoxLayout& box, const LayoutItem& field, QLabel* label, QWidget* parent) {
+  const auto firstView = static_cast<std::ptrdiff_t>(views_.size());
+  FillRow(box, field.items, parent, SpokenLabel(CaptionOf(field)));
+  if (!label) return;
+  const auto named = std::find_if(views_.begin() + firstView, views_.end(),
+                                  [](const ControlView* view) { return !IsLabel(*view); });
+  if (named != views_.end()) label->setBuddy(&(*named)->Widget());
   if (auto* labelView = dynamic_cast<ControlView*>(label)) {
     labelView->ShowAppearance();
+  } else if (named != views_.end()) {
+    (*named)->AddCompanion(label);
   } else {
-    first.AddCompanion(label);
-    if (!label->buddy()) label->setText(PlainCaption(field.text));
+    label->setText(PlainCaption(field.text));
   }
 }
 
-/// `fieldName` is what a screen reader calls the controls that have no caption.
-void PageBuilder::FillRow(QBoxLayout& row, const std::vector<LayoutItem>& items, QWidget* parent,
+/// One row while it is filled.
+struct PageBuilder::Row {
+  QBoxLayout& box;
+  QWidget* parent;
+  const std::vector<LayoutItem>& items;
+  QString fieldName;
+  QString name = fieldName;            ///< what a screen reader calls the next control without a caption
+  bool isFull = false;                 ///< something takes the whole width
+  ControlView* last = nullptr;         ///< the control that a text belongs to
+  ControlView* withoutRoom = nullptr;  ///< its mark's icon stands behind its unit
+
+  void AddMarkRoom() {
+    if (!withoutRoom) return;
+    auto* room = new MarkRoom(parent);
+    box.addSpacerItem(room);
+    std::exchange(withoutRoom, nullptr)->SetMarkRoom(room);
+  }
+
+  /// A text that has the row for itself may take several lines.
+  void AddText(QLabel& text) {
+    box.addWidget(&text);
+    if (items.size() > 1) return;
+    text.setWordWrap(true);
+    isFull = true;
+  }
+};
+
+void PageBuilder::FillRow(QBoxLayout& box, const std::vector<LayoutItem>& items, QWidget* parent,
                           const QString& fieldName) {
-  QString name = fieldName;
-  bool filled = false;                 // something takes the whole width
-  ControlView* last = nullptr;         // the control that a text belongs to
-  ControlView* withoutRoom = nullptr;  // its mark's icon stands behind the texts that belong to it
+  Row row{box, parent, items, fieldName};
   for (std::size_t i = 0; i < items.size(); ++i) {
     const LayoutItem& item = items[i];
-    const bool isUnit = IsText(item) && !(i + 1 < items.size() && IsTextBox(items[i + 1]));
-    if (withoutRoom && !isUnit) AddMarkRoom(row, *std::exchange(withoutRoom, nullptr), parent);
+    if (!IsUnit(items, i)) row.AddMarkRoom();
     switch (item.kind) {
-      case Kind::Single: {
-        ControlView* view = Make(*item.control, parent, WidthOf(items, i));
-        if (!view) break;
-        QWidget& widget = view->Widget();
-        row.addWidget(&widget);
-        if (IsLabel(*view)) {
-          if (items.size() > 1) break;
-          static_cast<QLabel&>(widget).setWordWrap(true);
-          filled = true;
-          break;
-        }
-        if (!name.isEmpty() && widget.accessibleName().isEmpty()) widget.setAccessibleName(name);
-        if (widget.sizePolicy().expandingDirections().testFlag(Qt::Horizontal)) filled = true;
-        if (view->HoldsValue()) withoutRoom = view;
-        last = view;
-        break;
-      }
+      case Kind::Single: AddControl(row, *item.control, WidthOf(items, i)); break;
       case Kind::Text: {
         QLabel* text = MakeText(item.text, parent);
-        row.addWidget(text);
-        if (last) last->AddCompanion(text);
-        if (items.size() == 1) {
-          text->setWordWrap(true);
-          filled = true;
-        }
-        name = (fieldName + u' ' + text->text()).trimmed();
+        row.AddText(*text);
+        if (row.last) row.last->AddCompanion(text);
+        row.name = (fieldName + u' ' + text->text()).trimmed();
         break;
       }
       case Kind::Stretch:
-        row.addStretch(1);
-        filled = true;
+        box.addStretch(1);
+        row.isFull = true;
         break;
-      case Kind::Field: {
-        QLabel* label = MakeFieldLabel(item, parent);
-        if (label) row.addWidget(label);
-        auto* field = new QHBoxLayout;
-        row.addLayout(field);
-        FillField(*field, item, label, parent);
-        filled = true;
-        break;
-      }
+      case Kind::Field:
       case Kind::Row: {
+        QLabel* label = item.kind == Kind::Field ? MakeFieldLabel(item, parent) : nullptr;
+        if (label) box.addWidget(label);
         auto* inner = new QHBoxLayout;
-        row.addLayout(inner);
-        FillRow(*inner, item.items, parent, fieldName);
-        filled = true;
+        box.addLayout(inner);
+        FillField(*inner, item, label, parent);
+        row.isFull = true;
         break;
       }
       case Kind::Column:
       case Kind::Group:
       case Kind::Form:
-        AddArea(row, item, parent);
-        filled = true;
+        AddArea(box, item, parent);
+        row.isFull = true;
         break;
     }
   }
-  if (withoutRoom) AddMarkRoom(row, *withoutRoom, parent);
-  if (!filled) row.addStretch(1);
+  row.AddMarkRoom();
+  if (!row.isFull) box.addStretch(1);
+}
+
+void PageBuilder::AddControl(Row& row, ui::Control& control, BoxWidth width) {
+  ControlView* view = Make(control, row.parent, width);
+  if (!view) return;
+  QWidget& widget = view->Widget();
+  if (IsLabel(*view)) {
+    row.AddText(static_cast<QLabel&>(widget));
+    return;
+  }
+  row.box.addWidget(&widget);
+  if (!row.name.isEmpty() && widget.accessibleName().isEmpty()) widget.setAccessibleName(row.name);
+  if (widget.sizePolicy().expandingDirections().testFlag(Qt::Horizontal)) row.isFull = true;
+  if (view->HoldsValue()) row.withoutRoom = view;
+  row.last = view;
 }
 
 ControlView* PageBuilder::Make(ui::Control& control, QWidget* parent, BoxWidth width) {

@@ -27,14 +27,16 @@ class PageBuilder {
   const std::vector<QLabel*>& FormLabels() const { return formLabels_; }
 
  private:
-  using Items = std::vector<ui::LayoutItem>;
+  struct Row;
 
   void AddToColumn(QBoxLayout& column, const ui::LayoutItem& item, QWidget* parent);
-  void AddToForm(QGridLayout& form, const ui::LayoutItem& item, QWidget* parent);
-  void FillRow(QBoxLayout& row, const Items& items, QWidget* parent, const QString& fieldName = {});
   void AddArea(QBoxLayout& box, const ui::LayoutItem& area, QWidget* parent);
+  void AddToForm(QGridLayout& form, const ui::LayoutItem& item, QWidget* parent);
   QLabel* MakeFieldLabel(const ui::LayoutItem& field, QWidget* parent);
-  void FillField(QBoxLayout& row, const ui::LayoutItem& field, QLabel* label, QWidget* parent);
+  void FillField(QBoxLayout& box, const ui::LayoutItem& field, QLabel* label, QWidget* parent);
+  void FillRow(QBoxLayout& box, const std::vector<ui::LayoutItem>& items, QWidget* parent,
+               const QString& fieldName);
+  void AddControl(Row& row, ui::Control& control, BoxWidth width);
   ControlView* Make(ui::Control& control, QWidget* parent, BoxWidth width);
 
   std::vector<ControlView*> views_;

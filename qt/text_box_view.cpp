@@ -85,9 +85,12 @@ class TextBoxView final : public QLineEdit, public ControlView {
       case KeyUse::Character: break;
     }
     const QString passed = Filtered(event->text());
-    if (passed.isEmpty()) return;
-    QKeyEvent filtered(event->type(), event->key(), event->modifiers(), passed);
-    QLineEdit::keyPressEvent(&filtered);
+    if (passed == event->text()) {
+      QLineEdit::keyPressEvent(event);
+    } else if (!passed.isEmpty()) {
+      QKeyEvent filtered(event->type(), event->key(), event->modifiers(), passed);
+      QLineEdit::keyPressEvent(&filtered);
+    }
   }
 
   void inputMethodEvent(QInputMethodEvent* event) override {

@@ -76,6 +76,13 @@ TEST_F(Page, EnabledAndVisibleAreInheritedAndTakeTheTextsAlong) {
   EXPECT_FALSE(The<QGroupBox>(page_->fraOuter).isVisible());
   page_->fraOuter.SetVisible(true);
   EXPECT_TRUE(box.isVisible() && label->isVisible() && unit->isVisible());
+
+  view_->setEnabled(false);  // as a host that is busy
+  page_->txtName.SetEnabled(false);
+  page_->txtFrom.SetEnabled(true);
+  view_->setEnabled(true);
+  EXPECT_FALSE(The<QLineEdit>(page_->txtName).isEnabled());
+  EXPECT_TRUE(box.isEnabled());
 }
 
 TEST_F(Page, TypedCharactersPassTheFilter) {
