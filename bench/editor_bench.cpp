@@ -19,14 +19,28 @@ namespace {
 
 using client::Study;
 
+/// Sees a widget being painted.
+class PaintWatch : public QObject {
+ public:
+  explicit PaintWatch(QWidget& widget) { widget.installEventFilter(this); }
+  bool Painted() const { return painted_; }
+  bool eventFilter(QObject*, QEvent* event) override {
+    painted_ = painted_ || event->type() == QEvent::Paint;
+    return false;
+  }
+
+ private:
+  bool painted_ = false;
+};
+
 /// Milliseconds from making a window's contents to the end of its first paint.
 double TimeToFirstPaint(const std::function<QWidget*()>& make) {
   const auto start = std::chrono::steady_clock::now();
   const std::unique_ptr<QWidget> window(make());
+  const PaintWatch watch(*window);
   window->resize(900, 600);
   window->show();
-  QApplication::processEvents();
-  window->repaint();
+  while (!watch.Painted()) QApplication::processEvents();
   const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
   return time.count();
 }

@@ -116,7 +116,7 @@ std::optional<int> RunCommandLine(int argc, const char* const* argv, WindowReque
     if (show->parsed()) return Show(program, options, out);
     return Validate(program, options, out);
   } catch (const std::exception& error) {
-    err << error.what() << '\n';
+    err << FailureText(error) << '\n';
     return kRefused;
   }
 }

@@ -11,8 +11,8 @@
 #include <QPushButton>
 #include <exception>
 
+#include "client/messages.h"
 #include "host/constants.h"
-#include "host/services.h"
 
 namespace kiv::client {
 
@@ -84,7 +84,7 @@ class ScenariosDialog : public QDialog {
         program_.AnnounceScenarios();
         return;
       } catch (const std::exception& error) {
-        Tell(error.what());
+        TellFailure(error);
       }
     }
   }
@@ -108,13 +108,8 @@ class ScenariosDialog : public QDialog {
       Fill(0);
       program_.AnnounceScenarios();
     } catch (const std::exception& error) {
-      Tell(error.what());
+      TellFailure(error);
     }
-  }
-
-  static void Tell(const std::string& text) {
-    host::MessageBox& messages = host::TheMessageBox();
-    messages.Show(text, host::MessageStyle::Critical, messages.ApplicationTitle());
   }
 
   Program& program_;

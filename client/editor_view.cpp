@@ -13,7 +13,7 @@
 #include <exception>
 #include <utility>
 
-#include "host/services.h"
+#include "client/messages.h"
 #include "qt/page_view.h"
 
 namespace kiv::client {
@@ -21,11 +21,6 @@ namespace kiv::client {
 namespace {
 
 constexpr int kMarkDelayMs = 200;  // typing is not interrupted by checks that look at folders
-
-void Tell(const std::string& text) {
-  host::MessageBox& messages = host::TheMessageBox();
-  messages.Show(text, host::MessageStyle::Critical, messages.ApplicationTitle());
-}
 
 }  // namespace
 
@@ -149,7 +144,7 @@ bool EditorView::Attempt(Action action) {
   } catch (const StudyConflict& conflict) {
     ResolveConflict(conflict.what());
   } catch (const std::exception& error) {
-    Tell(std::string("The study was not saved: ") + error.what() + "\r\n\r\nYour input is still here.");
+    Tell(std::string("The study was not saved: ") + FailureText(error) + "\r\n\r\nYour input is still here.");
     if (session_->Name().empty()) name_->setFocus();
   }
   ShowMarks();
@@ -184,7 +179,7 @@ void EditorView::ResolveConflict(const std::string& text) {
   try {
     if (question.clickedButton() == reload) session_->Reload();
   } catch (const std::exception& error) {
-    Tell(error.what());
+    TellFailure(error);
   }
   if (question.clickedButton() == copy) SaveCopy();
 }

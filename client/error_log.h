@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -18,11 +19,10 @@ class ErrorLog : public host::ErrorReporter {
   /// Listens from now until it goes away.
   class Watch {
    public:
-    explicit Watch(const ErrorLog& log) : log_(log), start_(log.messages_.size()) {}
-    /// The first message reported since; empty when there was none.
-    std::string FirstMessage() const {
-      return log_.messages_.size() > start_ ? log_.messages_[start_] : std::string();
-    }
+    explicit Watch(const ErrorLog& log) : log_(log), start_(log.failures_.size()) {}
+    /// Raises the first failure reported since: the exception behind it where there was one, else a
+    /// StoreError with its message.
+    void RaiseFirst() const;
 
    private:
     const ErrorLog& log_;
@@ -30,7 +30,7 @@ class ErrorLog : public host::ErrorReporter {
   };
 
  private:
-  std::vector<std::string> messages_;
+  std::vector<std::exception_ptr> failures_;
 };
 
 }  // namespace kiv::client

@@ -18,13 +18,13 @@
 #include "client/dialogs.h"
 #include "client/editor_view.h"
 #include "client/kind_icon.h"
+#include "client/messages.h"
 #include "client/start_page.h"
 #include "client/study_list.h"
 #include "client/study_session.h"
 #include "core/study_kinds.h"
 #include "database/open_error.h"
 #include "editor/study_editors.h"
-#include "host/services.h"
 
 namespace kiv::client {
 
@@ -140,8 +140,7 @@ void MainWindow::Guarded(Action action) {
   try {
     action();
   } catch (const std::exception& error) {
-    host::MessageBox& messages = host::TheMessageBox();
-    messages.Show(error.what(), host::MessageStyle::Critical, messages.ApplicationTitle());
+    TellFailure(error);
   }
 }
 

@@ -106,7 +106,7 @@ bool StudyFilter::lessThan(const QModelIndex& left, const QModelIndex& right) co
     case StudyTable::kMinutes: return first.duration < second.duration;
     case StudyTable::kChangedAt: return first.modifiedAt < second.modifiedAt;
     default:
-      return QString::localeAwareCompare(CellText(first, left.column()), CellText(second, left.column())) < 0;
+      return CellText(first, left.column()).compare(CellText(second, left.column()), Qt::CaseInsensitive) < 0;
   }
 }
 
@@ -152,7 +152,7 @@ StudyListPage::StudyListPage(QWidget* parent)
     const int icon = column == StudyTable::kKind ? 24 : 0;
     view_->setColumnWidth(column, widthOf(typical[static_cast<std::size_t>(column)]) + icon);
   }
-  view_->horizontalHeader()->setStretchLastSection(true);
+  view_->horizontalHeader()->setSectionResizeMode(StudyTable::kName, QHeaderView::Stretch);
 
   auto* top = new QHBoxLayout;
   top->addWidget(label);

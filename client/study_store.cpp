@@ -89,10 +89,11 @@ Study StudyStore::Load(std::int32_t id) const {
   study.record->InitEdit(kind, EditorNameOf(kind), study.record->StudyType(), study.record->ScenarioType(),
                          id, number("scenario_id"), number("duration"), number("polling_interval"),
                          number("retrieve_delay"));
-  // An editor on half a study would write that half back.
-  if (const std::string failure = watch.FirstMessage(); !failure.empty()) {
-    throw StoreError("Study " + std::to_string(id) + " could not be read: " + failure + ". Try again later.",
-                     ErrorNumber::DatabaseFailure);
+  try {
+    watch.RaiseFirst();  // an editor on half a study would write that half back
+  } catch (const StoreError& error) {
+    throw StoreError("Study " + std::to_string(id) + " was not opened: " + error.what() +
+                     ". Try again; if that does not help, ask whoever runs the database.");
   }
   return study;
 }
@@ -105,9 +106,7 @@ void StudyStore::Save(Study& study, const std::string& user) {
     const ErrorLog::Watch watch(*errors_);
     const std::int32_t revision = WriteStudyRow(study, user);
     record.SaveSubTableData();
-    if (const std::string failure = watch.FirstMessage(); !failure.empty()) {
-      throw StoreError(failure, ErrorNumber::DatabaseFailure);
-    }
+    watch.RaiseFirst();
     transaction.Commit();
     study.revision = revision;
     record.SetIsNew(false);

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "base/error.h"
 #include "client/error_log.h"
+#include "client/store_error.h"
 #include "core/study_data.h"
 #include "database/connection.h"
 #include "host/documents.h"
@@ -29,19 +29,6 @@ struct Study {
   std::shared_ptr<CKivStudyData> record;
   std::string name;
   std::int32_t revision = 0;  ///< counts the saves; 0 while the study was never stored
-};
-
-/// A request that the store refuses; the text is one message for the user.
-class StoreError : public Error {
- public:
-  explicit StoreError(const std::string& text, ErrorNumber number = ErrorNumber::InvalidArgument)
-      : Error(number, text) {}
-};
-
-/// Somebody else saved the study since it was loaded, or deleted it.
-class StudyConflict : public StoreError {
- public:
-  using StoreError::StoreError;
 };
 
 /// Studies and scenarios in the program's database. Database failures are raised as host::DatabaseError.

@@ -4,7 +4,7 @@
 #include <exception>
 
 #include "client/main_window.h"
-#include "host/services.h"
+#include "client/messages.h"
 #include "qt/beeper.h"
 #include "qt/folder_chooser.h"
 #include "qt/message_box.h"
@@ -28,8 +28,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
   try {
     return QApplication::notify(receiver, event);
   } catch (const std::exception& error) {
-    const host::MessageBox& messages = host::TheMessageBox();
-    host::TheMessageBox().Show(error.what(), host::MessageStyle::Critical, messages.ApplicationTitle());
+    TellFailure(error);
     return true;
   }
 }

@@ -7,6 +7,23 @@
 
 namespace kiv::database {
 
+namespace {
+
+FailureCause CauseOf(int extendedCode) {
+  switch (extendedCode & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED: return FailureCause::Busy;
+    case SQLITE_READONLY: return FailureCause::ReadOnly;
+    case SQLITE_FULL: return FailureCause::DiskFull;
+    default: return FailureCause::Other;
+  }
+}
+
+}  // namespace
+
+SqliteError::SqliteError(int extendedCode, const std::string& driverText, const std::string& statement)
+    : StatementError(CauseOf(extendedCode), driverText, statement), extendedCode_(extendedCode) {}
+
 SqliteError LastSqliteError(sqlite3* database, const std::string& statement) {
   const int code = sqlite3_extended_errcode(database);
   std::string text = sqlite3_errmsg(database);

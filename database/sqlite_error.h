@@ -4,16 +4,16 @@
 
 #include "database/open_error.h"
 #include "database/sqlite_file.h"
+#include "database/statement_error.h"
 
 struct sqlite3;
 
 namespace kiv::database {
 
 /// A failure that SQLite reports.
-class SqliteError : public host::DatabaseError {
+class SqliteError : public StatementError {
  public:
-  SqliteError(int extendedCode, const std::string& driverText, const std::string& statement)
-      : DatabaseError(driverText, statement), extendedCode_(extendedCode) {}
+  SqliteError(int extendedCode, const std::string& driverText, const std::string& statement);
 
   /// The result code without its details, such as SQLITE_CONSTRAINT.
   int Code() const { return extendedCode_ & 0xFF; }

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QPointer>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -90,21 +91,25 @@ void UserHand::Type(const QString& text) const {
   for (const QChar character : text) QTest::keyClick(FocusWidget(), character.toLatin1());
 }
 
-void UserHand::During(const std::function<void()>& action,
-                      const std::function<void(QWidget& dialog)>& inDialog) const {
+void UserHand::During(const std::function<void()>& action, const InDialog& inDialog) const {
+  During(action, std::vector<InDialog>{inDialog});
+}
+
+void UserHand::During(const std::function<void()>& action, const std::vector<InDialog>& inDialogs) const {
   constexpr int kLookEveryMs = 20;
   constexpr int kPatienceMs = 5000;
-  bool shown = false;
+  std::size_t seen = 0;
+  QPointer<QWidget> last;
   std::exception_ptr failure;
   QTimer look;
   QTimer patience;
   patience.setSingleShot(true);
   QObject::connect(&look, &QTimer::timeout, [&] {
     QWidget* dialog = QApplication::activeModalWidget();
-    if (!dialog || shown) return;
-    shown = true;
+    if (!dialog || dialog == last || seen == inDialogs.size()) return;
+    last = dialog;
     try {
-      inDialog(*dialog);
+      inDialogs[seen++](*dialog);
     } catch (...) {
       failure = std::current_exception();
       dialog->close();
@@ -113,9 +118,9 @@ void UserHand::During(const std::function<void()>& action,
   look.start(kLookEveryMs);
   patience.start(kPatienceMs);
   action();
-  while (!shown && patience.isActive()) QTest::qWait(kLookEveryMs);
+  while (seen < inDialogs.size() && !failure && patience.isActive()) QTest::qWait(kLookEveryMs);
   if (failure) std::rethrow_exception(failure);
-  if (!shown) Fail(QStringLiteral("no dialog appeared"));
+  if (seen < inDialogs.size()) Fail(QStringLiteral("no dialog appeared"));
 }
 
 QString UserHand::MessageDuring(const std::function<void()>& action, const QString& picture) const {

@@ -3,6 +3,7 @@
 #include <QString>
 #include <Qt>
 #include <functional>
+#include <vector>
 
 class QWidget;
 
@@ -28,9 +29,10 @@ class UserHand {
   void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const;
   void Type(const QString& text) const;
 
-  /// Runs an action that opens a dialog, and meanwhile what the user does with the dialog.
-  void During(const std::function<void()>& action,
-              const std::function<void(QWidget& dialog)>& inDialog) const;
+  using InDialog = std::function<void(QWidget& dialog)>;
+  /// Runs an action that opens dialogs, and meanwhile what the user does with each of them.
+  void During(const std::function<void()>& action, const std::vector<InDialog>& inDialogs) const;
+  void During(const std::function<void()>& action, const InDialog& inDialog) const;
   /// The text of the message that an action shows; it is read and closed.
   QString MessageDuring(const std::function<void()>& action, const QString& picture = {}) const;
 

@@ -123,8 +123,8 @@ TEST_P(Store, AFailedSaveLeavesNothingBehindAndKeepsTheInput) {
   try {
     session->Save("ann");
     FAIL() << "stored on a broken table";
-  } catch (const StoreError& error) {
-    EXPECT_STREQ(error.what(), "disk on fire");
+  } catch (const host::DatabaseError& error) {
+    EXPECT_EQ(FailureText(error), "disk on fire");
   }
   EXPECT_TRUE(store_->List().empty());
   EXPECT_TRUE(session->IsNew());

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "host/database.h"
+
+namespace kiv::database {
+
+/// Why a statement failed, as far as a user can do something about it.
+enum class FailureCause {
+  Busy,      ///< another connection holds what the statement needs
+  ReadOnly,  ///< the database cannot be written by this user
+  DiskFull,
+  Other
+};
+
+/// A statement that a ready adapter could not carry out.
+class StatementError : public host::DatabaseError {
+ public:
+  StatementError(FailureCause cause, const std::string& driverText, std::string statement)
+      : DatabaseError(driverText, std::move(statement)), cause_(cause) {}
+
+  FailureCause Cause() const { return cause_; }
+
+ private:
+  FailureCause cause_;
+};
+
+}  // namespace kiv::database

@@ -1,0 +1,311 @@
+// The whole program through its window, with a user's keys and clicks, on real database files.
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QRegularExpression>
+#include <QTabWidget>
+#include <QTableView>
+#include <filesystem>
+#include <fstream>
+#include <map>
+
+#include "client/demo/user_hand.h"
+#include "client/editor_view.h"
+#include "client/main_window.h"
+#include "client/study_list.h"
+#include "client/window_program.h"
+#include "core/conversions.h"
+#include "database/sqlite_database.h"
+#include "host/constants.h"
+#include "support/temp_folder.h"
+
+namespace kiv::client {
+namespace {
+
+class Window : public ::testing::Test {
+ protected:
+  Window() {
+    qputenv("XDG_CONFIG_HOME", folder_.File("settings").c_str());
+    program_ = std::make_unique<Program>();
+    StartWithWindow(*program_);
+    window_ = std::make_unique<MainWindow>(*program_);
+    window_->show();
+    QApplication::setActiveWindow(window_.get());
+  }
+
+  void Open() { window_->OpenDatabase(database_, Program::WhenMissing::Create); }
+  /// A new HOM study with valid input.
+  void StartStudy() {
+    if (program_->Store().Scenarios().empty()) program_->Store().AddScenario("Downtown");
+    window_->NewStudy("HOM Study");
+    user_.Choose("fdocCBScenario", "Downtown");
+    user_.Fill("txtPath", QString::fromStdString(folder_.Path()));
+  }
+  std::string RefusalOfSave() {
+    return user_.MessageDuring([this] { user_.Press(Qt::Key_S, Qt::ControlModifier); }).toStdString();
+  }
+  std::string FocusName() const {
+    const QWidget* focused = window_->focusWidget();
+    return focused ? focused->objectName().toStdString() : "";
+  }
+  QString StartText() const { return window_->findChild<QLabel*>("startText")->text(); }
+  /// Presses the button of a question that an action asks.
+  void Answer(const std::function<void()>& action, const QString& button) {
+    user_.During(action, [&](QWidget& dialog) { PressButton(dialog, button); });
+  }
+  static void PressButton(QWidget& dialog, const QString& text) {
+    for (auto* button : dialog.findChildren<QAbstractButton*>()) {
+      if (button->text().remove('&') == text) return button->click();
+    }
+    ADD_FAILURE() << "no button " << text.toStdString();
+    dialog.close();
+  }
+
+  test::TempFolder folder_;
+  std::string database_ = folder_.File("studies.db");
+  std::unique_ptr<Program> program_;
+  std::unique_ptr<MainWindow> window_;
+  UserHand user_{QString()};
+};
+
+TEST_F(Window, EveryRefusalOfAHomStudyIsShownInOrderAndLeadsToItsField) {
+  Open();
+  window_->NewStudy("HOM Study");
+  const auto refused = [this](const char* message, const char* field) {
+    EXPECT_EQ(RefusalOfSave(), message);
+    EXPECT_EQ(FocusName(), field);
+  };
+  user_.Fill("txtFilename", "");
+  user_.Fill("txtDuration", "");
+  refused("Please select a scenario.", "fdocCBScenario");
+  user_.During([&] { user_.Click("cmdNewScenario"); },
+               [&](QWidget&) {
+                 user_.Type("Downtown");
+                 user_.Press(Qt::Key_Return);
+               });
+  refused("Data File Destination Path is a required field.", "txtPath");
+  user_.Fill("txtPath", "/dev/shm");
+  refused("Only hard disks and network drives are valid data file destination.", "txtPath");
+  user_.Fill("txtPath", QString::fromStdString(folder_.File("none")));
+  refused("Data File Destination Path does not exist.", "txtPath");
+  user_.Fill("txtPath", QString::fromStdString(folder_.Path()));
+  refused("Data File Destination Filename is a required field.", "txtFilename");
+  user_.Fill("txtFilename", "$x. y");  // neither the dot nor the blank arrives
+  refused("The first character of the filename must be AlphaNumeric. ", "txtFilename");
+  user_.Fill("txtFilename", "abcdefghijkl");
+  refused(
+      "A filename must have at least 1 but no more than 11 characters\r\n"
+      "and cannot include any of the following characters: \\ / : * ? \" < > |",
+      "txtFilename");
+  user_.Fill("txtFilename", "night");
+  refused("Study Duration must be numeric.", "txtDuration");
+  user_.Fill("txtDuration", "1440");
+  refused("Study Duration must be between 10 and 1439 minutes inclusive.", "txtDuration");
+  user_.Fill("txtDuration", "1439");
+  user_.ClickTab("tabs", 1);
+  user_.Click("chkAMPS");
+  user_.ClickTab("tabs", 2);
+  refused("You must select at least one Handoff Type.", "chkAMPS");
+  EXPECT_EQ(window_->findChild<QTabWidget*>("tabs")->currentIndex(), 1);
+  user_.Click("cmdTDMA");
+  user_.ClickTab("tabs", 2);
+  user_.Click("chkCollectData");
+  user_.ClickTab("tabs", 0);
+  refused("OMP-FX Directory is a required field.", "txtCurStdPath");
+  user_.Fill("txtCurStdPath", "a&b");
+  refused(
+      "OMP-FX Directory cannot include any of the following characters:  *!~?+;\"'${}<>[]()^&|\\# <blank>",
+      "txtCurStdPath");
+  user_.Fill("txtCurStdPath", "/omp");
+  user_.Fill("txtCurStdDatafile", "a b");
+  refused("OMP-FX Filename cannot contain spaces.", "txtCurStdDatafile");
+  user_.Fill("txtCurStdDatafile", "ab");
+  user_.Fill("studyName", " ");
+  EXPECT_NE(RefusalOfSave().find("Please give the study a name."), std::string::npos);
+  user_.Fill("studyName", "Nights");
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  ASSERT_EQ(program_->Store().List().size(), 1U);
+  EXPECT_EQ(program_->Store().List()[0].name, "Nights");
+}
+
+TEST_F(Window, UnsavedInputIsAskedAbout) {
+  Open();
+  StartStudy();
+  const auto close = [this] { user_.Press(Qt::Key_W, Qt::ControlModifier); };
+  Answer(close, "Cancel");
+  ASSERT_NE(window_->CurrentEditor(), nullptr);
+  Answer([this] { window_->close(); }, "Cancel");
+  EXPECT_TRUE(window_->isVisible());
+  Answer(close, "Save");
+  EXPECT_EQ(window_->CurrentEditor(), nullptr);
+  ASSERT_EQ(program_->Store().List().size(), 1U);
+
+  window_->OpenStudy(program_->Store().List()[0].id);
+  close();  // nothing changed, nothing asked
+  EXPECT_EQ(window_->CurrentEditor(), nullptr);
+  window_->OpenStudy(program_->Store().List()[0].id);
+  user_.Fill("txtDuration", "99");
+  Answer(close, "Discard");
+  EXPECT_EQ(program_->Store().List()[0].duration, 30);
+}
+
+TEST_F(Window, AMissingOrForeignDatabaseIsExplainedOnThePage) {
+  window_->OpenDatabase(database_, Program::WhenMissing::Refuse);
+  EXPECT_TRUE(StartText().contains("does not exist")) << StartText().toStdString();
+  PressButton(*window_, "Create It");
+  EXPECT_TRUE(program_->HasDatabase());
+  EXPECT_TRUE(StartText().contains(QString::fromStdString(database_)));
+
+  const std::string foreign = folder_.File("letter.txt");
+  std::ofstream(foreign) << "Dear Sir";
+  window_->OpenDatabase(foreign, Program::WhenMissing::Refuse);
+  EXPECT_TRUE(StartText().contains("not a study database")) << StartText().toStdString();
+}
+
+TEST_F(Window, ALockedDatabaseCostsNoInput) {
+  Open();
+  StartStudy();
+  const auto other = database::SqliteDatabase::Open(database_, database::OpenMode::MustExist);
+  other->ExecuteSql("BEGIN EXCLUSIVE");
+  const std::string message = RefusalOfSave();
+  EXPECT_NE(message.find("in use by another program"), std::string::npos) << message;
+  EXPECT_EQ(qobject_cast<QLineEdit*>(user_.Find("txtPath"))->text().toStdString(), folder_.Path());
+  other->ExecuteSql("COMMIT");
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(program_->Store().List().size(), 1U);
+}
+
+TEST_F(Window, AReadOnlyDatabaseCanBeReadAndSaysWhyNotWritten) {
+  Open();
+  StartStudy();
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  user_.Press(Qt::Key_W, Qt::ControlModifier);
+  // Permissions do not bind the superuser, so for this test it is nobody.
+  constexpr uid_t kNobody = 65534;
+  std::filesystem::permissions(database_,
+                               std::filesystem::perms::owner_read | std::filesystem::perms::others_read);
+  const uid_t before = geteuid();
+  ASSERT_EQ(before == 0 ? seteuid(kNobody) : 0, 0);
+  Open();
+  EXPECT_NE(window_->OpenStudy(1), nullptr);
+  user_.Fill("txtDuration", "77");
+  const std::string message = RefusalOfSave();
+  ASSERT_EQ(before == 0 ? seteuid(before) : 0, 0);
+  EXPECT_NE(message.find("read-only"), std::string::npos) << message;
+  EXPECT_EQ(qobject_cast<QLineEdit*>(user_.Find("txtDuration"))->text(), "77");
+}
+
+TEST_F(Window, TheLaterOfTwoEditorsMaySaveACopy) {
+  Open();
+  StartStudy();
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  StudySession elsewhere(program_->Store(), program_->Store().Load(1));
+  elsewhere.SetName("Changed elsewhere");
+  ASSERT_TRUE(elsewhere.Save("bob"));
+  user_.Fill("txtDuration", "55");
+  user_.During([this] { user_.Press(Qt::Key_S, Qt::ControlModifier); },
+               {[](QWidget& conflict) { PressButton(conflict, "Save as Copy..."); },
+                [this](QWidget&) { user_.Press(Qt::Key_Return); }});
+  const auto studies = program_->Store().List();
+  ASSERT_EQ(studies.size(), 2U);
+  EXPECT_EQ(studies[0].name, "Changed elsewhere");
+  EXPECT_EQ(studies[1].duration, 55);
+}
+
+TEST_F(Window, StudiesAreFoundSortedAndDeleted) {
+  Open();
+  for (const char* name : {"Bravo", "alpha", "Charlie"}) {
+    StartStudy();
+    user_.Fill("studyName", name);
+    user_.Press(Qt::Key_S, Qt::ControlModifier);
+    user_.Press(Qt::Key_W, Qt::ControlModifier);
+  }
+  const QAbstractItemModel& shown = *window_->List().View().model();
+  const auto name = [&](int row) { return shown.index(row, StudyTable::kName).data().toString(); };
+  window_->List().View().sortByColumn(StudyTable::kName, Qt::AscendingOrder);
+  EXPECT_EQ(name(0) + name(1) + name(2), "alphaBravoCharlie");
+  user_.Press(Qt::Key_F, Qt::ControlModifier);
+  user_.Type("downtown CHAR");
+  ASSERT_EQ(shown.rowCount(), 1);
+  EXPECT_EQ(name(0), "Charlie");
+  window_->List().SelectStudy(3);
+  Answer([this] { user_.Press(Qt::Key_Delete, Qt::ControlModifier); }, "Delete");
+  EXPECT_EQ(program_->Store().List().size(), 2U);
+}
+
+TEST_F(Window, SettingsAndScenariosAreChangedInTheirDialogs) {
+  Open();
+  const auto trigger = [this](const QString& text) {
+    for (auto* action : window_->findChildren<QAction*>()) {
+      if (action->text().remove('&') == text) return action->trigger();
+    }
+    FAIL() << "no action " << text.toStdString();
+  };
+  user_.During([&] { trigger("Settings..."); },
+               [&](QWidget&) {
+                 user_.Fill("applicationTitle", "Network Studies");
+                 user_.Fill("phoneNumberMask", "###-####");
+                 user_.Press(Qt::Key_Return);
+               });
+  EXPECT_EQ(window_->windowTitle(), "Network Studies");
+  EXPECT_EQ(program_->Settings().General(host::kPhoneNumberMask), "###-####");
+
+  program_->Store().AddScenario("Downtown");
+  window_->NewStudy("HOM Study");
+  user_.Choose("fdocCBScenario", "Downtown");
+  user_.During([&] { trigger("Scenarios..."); },
+               [&](QWidget& dialog) {
+                 user_.During([&] { PressButton(dialog, "Rename..."); },
+                              [&](QWidget&) {
+                                user_.Press(Qt::Key_A, Qt::ControlModifier);
+                                user_.Type("Harbour");
+                                user_.Press(Qt::Key_Return);
+                              });
+                 PressButton(dialog, "Close");
+               });
+  EXPECT_EQ(program_->Store().Scenarios()[0].name, "Harbour");
+  EXPECT_EQ(qobject_cast<QComboBox*>(user_.Find("fdocCBScenario"))->currentText(), "Harbour");
+}
+
+TEST_F(Window, EveryMnemonicOfAPageIsUnique) {
+  Open();
+  window_->NewStudy("HOM Study");
+  auto& tabs = *window_->findChild<QTabWidget*>("tabs");
+  for (int page = 0; page < tabs.count(); ++page) {
+    tabs.setCurrentIndex(page);
+    std::map<QChar, QString> taken;
+    const auto take = [&](const QString& text) {
+      static const QRegularExpression mnemonic("&([^&])");
+      const auto match = mnemonic.match(text);
+      if (!match.hasMatch()) return;
+      const QChar letter = match.captured(1).at(0).toUpper();
+      EXPECT_FALSE(taken.contains(letter)) << text.toStdString() << " and " << taken[letter].toStdString();
+      taken[letter] = text;
+    };
+    for (const auto* action : window_->menuBar()->actions()) take(action->text());
+    for (const auto* label : window_->findChildren<QLabel*>()) {
+      if (label->isVisible() && label->buddy()) take(label->text());
+    }
+    for (const auto* button : window_->findChildren<QAbstractButton*>()) {
+      if (button->isVisible()) take(button->text());
+    }
+    EXPECT_GT(taken.size(), 8U);
+  }
+}
+
+}  // namespace
+}  // namespace kiv::client
+
+int main(int argc, char** argv) {
+  ::testing::InitGoogleTest(&argc, argv);
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const kiv::client::Application application(argc, argv);
+  return RUN_ALL_TESTS();
+}
