@@ -107,7 +107,8 @@ class Signal {
     RaiseGuard(const RaiseGuard&) = delete;
     RaiseGuard& operator=(const RaiseGuard&) = delete;
     ~RaiseGuard() {
-      if (--handlers_.raising == 0) std::erase_if(handlers_.all, [](const auto& slot) { return !slot->connected; });
+      if (--handlers_.raising == 0)
+        std::erase_if(handlers_.all, [](const auto& slot) { return !slot->connected; });
     }
 
    private:

@@ -17,7 +17,9 @@ void DocumentChooser::SetDocumentType(std::shared_ptr<host::DocumentType> type) 
   following_ = host::TheDocuments().DocumentsChanged.Connect([this] { Refresh(); });
 }
 
-void DocumentChooser::Refresh() { List(SelectedID()); }
+void DocumentChooser::Refresh() {
+  List(SelectedID());
+}
 
 void DocumentChooser::List(std::int32_t selected) {
   ui::ItemList items;
