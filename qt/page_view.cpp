@@ -82,11 +82,6 @@ PageView::PageView(ui::Container& page, const ui::LayoutItem& layout, QWidget* p
   focusChanged_ = outermost_->FocusChanged.Connect([this](ui::Control& control) { MoveFocusTo(control); });
 }
 
-PageView::~PageView() {
-  // What the widgets do while they go is nothing that the user did.
-  for (const auto& [control, view] : views_) view->Widget().removeEventFilter(this);
-}
-
 QWidget* PageView::WidgetOf(const ui::Control& control) const {
   const ControlView* view = ViewOf(&control);
   return view ? &view->Widget() : nullptr;

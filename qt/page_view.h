@@ -27,7 +27,6 @@ class PageView : public QWidget {
  public:
   /// `layout` arranges controls of `page`, also those of containers inside it.
   PageView(ui::Container& page, const ui::LayoutItem& layout, QWidget* parent = nullptr);
-  ~PageView() override;
 
   /// The widget that shows a control; null when the layout does not hold it.
   QWidget* WidgetOf(const ui::Control& control) const;

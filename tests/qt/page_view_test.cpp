@@ -116,7 +116,7 @@ TEST_F(Page, TypedCharactersPassTheFilter) {
   EXPECT_EQ(page_->txtName.Text(), "\xF0\x9F\x98\x80");
 }
 
-TEST_F(Page, WhatIsPastedPassesTheFilterBy) {
+TEST_F(Page, PasteAndUndoPassTheFilterBy) {
   auto& box = The<QLineEdit>(page_->txtCount);
   page_->txtCount.SetText("12");
   box.setFocus();
@@ -127,6 +127,12 @@ TEST_F(Page, WhatIsPastedPassesTheFilterBy) {
   EXPECT_EQ(page_->txtCount.Text(), "12x y");
   EXPECT_EQ(box.text(), "12x y");
   EXPECT_EQ(page_->filtered, 0);
+
+  auto& plain = The<QLineEdit>(page_->txtName);
+  QTest::keyClicks(&plain, "ab");
+  plain.undo();
+  EXPECT_EQ(plain.text(), "");
+  EXPECT_EQ(page_->txtName.Text(), "");
 }
 
 TEST_F(Page, EachActRaisesOneEvent) {
