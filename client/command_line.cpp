@@ -109,7 +109,8 @@ std::optional<int> RunCommandLine(int argc, const char* const* argv, WindowReque
     program.Start({.messageBox = std::make_shared<MessagesAsLines>(err),
                    .folderChooser = nullptr,
                    .beeper = std::make_shared<Silence>(),
-                   .askForScenarioName = nullptr});
+                   .askForScenarioName = nullptr,
+                   .tellFailure = nullptr});
     if (init->parsed()) return Init(program, options, out);
     program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Refuse);
     if (list->parsed()) return List(program, options, out);

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <exception>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -9,9 +10,15 @@
 
 namespace kiv::client {
 
-/// Keeps what the library reports, so that a save or a load can tell whether all went well.
+/// Takes what the library reports: a save or a load that watches learns whether all went well; what nobody
+/// watches is told to the user at once.
 class ErrorLog : public host::ErrorReporter {
  public:
+  using Teller = std::function<void(const std::exception&)>;
+
+  /// Until it is set, what nobody watches goes untold.
+  void SetTeller(Teller teller) { teller_ = std::move(teller); }
+
   void ReportError(const std::string& caption, const std::string& module, const std::string& routine,
                    const std::string& message) override;
   void ReportError() override;
@@ -19,17 +26,25 @@ class ErrorLog : public host::ErrorReporter {
   /// Listens from now until it goes away.
   class Watch {
    public:
-    explicit Watch(const ErrorLog& log) : log_(log), start_(log.failures_.size()) {}
+    explicit Watch(ErrorLog& log);
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+    ~Watch();
+
     /// Raises the first failure reported since: the exception behind it where there was one, else a
     /// StoreError with its message.
     void RaiseFirst() const;
 
    private:
-    const ErrorLog& log_;
+    ErrorLog& log_;
     std::size_t start_;
   };
 
  private:
+  void Take(const std::exception_ptr& failure);
+
+  Teller teller_;
+  int watches_ = 0;
   std::vector<std::exception_ptr> failures_;
 };
 

@@ -81,6 +81,7 @@ Program::~Program() {
 
 void Program::Start(UserInterface userInterface) {
   RegisterHomStudies();
+  errors_->SetTeller(std::move(userInterface.tellFailure));
   host::InstallServices(
       {.openDatabase = [this] { return connection_; },
        .errorReporter = errors_,

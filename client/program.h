@@ -20,6 +20,8 @@ struct UserInterface {
   std::shared_ptr<host::Beeper> beeper;
   /// Asks for the name of a new scenario; nothing when the user changed his mind.
   std::function<std::optional<std::string>()> askForScenarioName;
+  /// Tells the user of a failure that nobody else tells.
+  ErrorLog::Teller tellFailure;
 };
 
 /// The program as a host of the library: its database, its settings and the services that the library needs.

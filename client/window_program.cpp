@@ -38,7 +38,8 @@ void StartWithWindow(Program& program) {
                      [&program] { return program.Settings().ApplicationTitle(); }),
                  .folderChooser = std::make_shared<qt::FolderChooser>(),
                  .beeper = std::make_shared<qt::Beeper>(),
-                 .askForScenarioName = AskForScenarioName});
+                 .askForScenarioName = AskForScenarioName,
+                 .tellFailure = TellFailure});
 }
 
 int RunWindow(int argc, char** argv, const WindowRequest& request) {

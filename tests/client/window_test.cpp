@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QRegularExpression>
 #include <QTabWidget>
 #include <QTableView>
@@ -272,6 +273,22 @@ TEST_F(Window, SettingsAndScenariosAreChangedInTheirDialogs) {
                });
   EXPECT_EQ(program_->Store().Scenarios()[0].name, "Harbour");
   EXPECT_EQ(qobject_cast<QComboBox*>(user_.Find("fdocCBScenario"))->currentText(), "Harbour");
+}
+
+TEST_F(Window, AFailingButtonOfAPageIsTold) {
+  Open();
+  StartStudy();
+  QString told;
+  user_.During([this] { user_.Click("cmdNewScenario"); }, {[this](QWidget&) {
+                                                             user_.Type("downtown");
+                                                             user_.Press(Qt::Key_Return);
+                                                           },
+                                                           [&](QWidget& message) {
+                                                             told =
+                                                                 qobject_cast<QMessageBox*>(&message)->text();
+                                                             user_.Press(Qt::Key_Return);
+                                                           }});
+  EXPECT_EQ(told, "There is already a scenario named \"downtown\". Choose another name.");
 }
 
 TEST_F(Window, EveryMnemonicOfAPageIsUnique) {
