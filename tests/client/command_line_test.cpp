@@ -35,7 +35,10 @@ Result RunProgram(std::vector<std::string> arguments) {
 
 class CommandLine : public ::testing::Test {
  protected:
-  CommandLine() { setenv("XDG_CONFIG_HOME", folder_.Path().c_str(), 1); }
+  CommandLine() {
+    static const test::TempFolder settings;  // Qt asks once in a process where settings are
+    setenv("XDG_CONFIG_HOME", settings.Path().c_str(), 1);
+  }
 
   /// Stores a study; an invalid one is stored past the editor's rules, as another program may do.
   void StoreStudy(const std::string& name, std::int32_t duration) {

@@ -33,7 +33,6 @@ namespace {
 class Window : public ::testing::Test {
  protected:
   Window() {
-    qputenv("XDG_CONFIG_HOME", folder_.File("settings").c_str());
     program_ = std::make_unique<Program>();
     StartWithWindow(*program_);
     window_ = std::make_unique<MainWindow>(*program_);
@@ -323,6 +322,8 @@ TEST_F(Window, EveryMnemonicOfAPageIsUnique) {
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const kiv::test::TempFolder settings;  // Qt asks once in a process where settings are
+  qputenv("XDG_CONFIG_HOME", settings.Path().c_str());
   const kiv::client::Application application(argc, argv);
   return RUN_ALL_TESTS();
 }
