@@ -35,6 +35,7 @@ class Window : public ::testing::Test {
   Window() {
     program_ = std::make_unique<Program>();
     StartWithWindow(*program_);
+    program_->Settings().File().clear();
     window_ = std::make_unique<MainWindow>(*program_);
     window_->show();
     QApplication::setActiveWindow(window_.get());
