@@ -10,7 +10,6 @@
 
 #include "database/row_buffer.h"
 #include "database/sqlite_file.h"
-#include "host/sql_rendering.h"
 
 namespace kiv::database {
 
@@ -164,13 +163,8 @@ void SqliteDatabase::Connect(OpenMode mode) {
   Run("SELECT 1 FROM sqlite_schema LIMIT 1");  // the first read, which finds out whether the file is sound
 }
 
-std::shared_ptr<host::Recordset> SqliteDatabase::Run(const std::string& sql,
-                                                     std::initializer_list<std::string_view> arguments,
-                                                     int timeoutSeconds) {
-  if (TransactionLost()) {
-    // Going on would write the rest of a save without its beginning.
-    throw host::DatabaseError("The transaction was ended by a failure; its changes are taken back.", sql);
-  }
+std::shared_ptr<host::Recordset> SqliteDatabase::Run(const std::string& sql, int timeoutSeconds,
+                                                     std::initializer_list<std::string_view> arguments) {
   const DeadlineScope scope(deadline_, timeoutSeconds);
   const StatementHandle statement = Prepare(sql);
   Bind(statement.get(), arguments, sql);
@@ -240,60 +234,33 @@ bool SqliteDatabase::WaitForOthers(int attempt) {
   return true;
 }
 
-std::shared_ptr<host::Recordset> SqliteDatabase::OpenQuery(const std::string& sql, int timeoutSeconds) {
-  return Run(sql, {}, timeoutSeconds);
-}
-
-void SqliteDatabase::ExecuteSql(const std::string& sql) {
-  Run(sql);
-}
-
-std::string SqliteDatabase::FormatValueList(std::span<const Variant> values) const {
-  return host::RenderValueList(values);
-}
-
-std::string SqliteDatabase::FormatAssignmentList(std::span<const host::Assignment> assignments) const {
-  return host::RenderAssignmentList(assignments);
-}
-
-bool SqliteDatabase::ColumnExists(const std::string& table, const std::string& column) {
-  return !Run("SELECT 1 FROM pragma_table_info(?) WHERE name = ? COLLATE NOCASE", {table, column})
+bool SqliteDatabase::FindColumn(const std::string& table, const std::string& column) {
+  return !Run("SELECT 1 FROM pragma_table_info(?) WHERE name = ? COLLATE NOCASE", kNoTimeout, {table, column})
               ->EndOfFile();
 }
 
-std::string SqliteDatabase::CallStoredFunction(const std::string& name, const std::string& argument) {
-  const Variant result = Run("SELECT CAST(" + QuotedName(name) + "(?) AS TEXT)", {argument})->FieldAt(0);
+std::string SqliteDatabase::CallFunction(const std::string& name, const std::string& argument) {
+  const Variant result =
+      Run("SELECT CAST(" + QuotedName(name) + "(?) AS TEXT)", kNoTimeout, {argument})->FieldAt(0);
   return result.IsNull() ? std::string() : std::get<std::string>(result.Value());
 }
 
-bool SqliteDatabase::FieldToBoolean(const Variant& field) const {
-  return host::RenderedAsTrue(field);
-}
-
-void SqliteDatabase::Begin() {
-  if (inTransaction_ || sqlite3_get_autocommit(handle_) == 0) {
-    throw Error(ErrorNumber::InvalidArgument, "A transaction is already open.");
-  }
+void SqliteDatabase::StartTransaction() {
   // At once for writing: two readers that both want to write later could only fail.
   Run("BEGIN IMMEDIATE");
-  inTransaction_ = true;
 }
 
-void SqliteDatabase::Commit() {
-  if (!inTransaction_) throw Error(ErrorNumber::InvalidArgument, "There is no transaction to commit.");
+void SqliteDatabase::CommitTransaction() {
   Run("COMMIT");
-  inTransaction_ = false;
 }
 
-void SqliteDatabase::Rollback() {
-  if (!inTransaction_) throw Error(ErrorNumber::InvalidArgument, "There is no transaction to roll back.");
-  if (!TransactionLost()) Run("ROLLBACK");
-  inTransaction_ = false;
-}
-
-bool SqliteDatabase::TransactionLost() const {
+void SqliteDatabase::RollbackTransaction() {
   // After some failures, a full disk for one, SQLite rolls back by itself.
-  return inTransaction_ && sqlite3_get_autocommit(handle_) != 0;
+  if (TransactionIsSound()) Run("ROLLBACK");
+}
+
+bool SqliteDatabase::TransactionIsSound() const {
+  return sqlite3_get_autocommit(handle_) == 0;
 }
 
 bool SqliteDatabase::ReadOnly() const {

@@ -5,12 +5,11 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 
-#include "database/connection.h"
 #include "database/open_error.h"
+#include "database/sql_connection.h"
 #include "database/sqlite_error.h"
 
 struct sqlite3;
@@ -20,7 +19,7 @@ namespace kiv::database {
 
 /// One SQLite file. Failures are raised as SqliteError, or as DatabaseError when a statement is refused
 /// before SQLite sees it. Another program that holds the file is waited for, five seconds at most.
-class SqliteDatabase : public Connection {
+class SqliteDatabase : public SqlConnection {
  public:
   using TextFunction = std::function<std::string(const std::string& argument)>;
 
@@ -32,19 +31,6 @@ class SqliteDatabase : public Connection {
   SqliteDatabase& operator=(const SqliteDatabase&) = delete;
   ~SqliteDatabase() override;
 
-  /// The time-out covers waiting, running and fetching; 0 is no limit.
-  std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql, int timeoutSeconds) override;
-  /// Runs a statement; rows that it yields are dropped.
-  void ExecuteSql(const std::string& sql) override;
-  std::string FormatValueList(std::span<const Variant> values) const override;
-  std::string FormatAssignmentList(std::span<const host::Assignment> assignments) const override;
-  bool ColumnExists(const std::string& table, const std::string& column) override;
-  std::string CallStoredFunction(const std::string& name, const std::string& argument) override;
-  bool FieldToBoolean(const Variant& field) const override;
-
-  void Begin() override;
-  void Commit() override;
-  void Rollback() override;
   bool ReadOnly() const override;
   std::string Name() const override { return path_; }
 
@@ -64,22 +50,27 @@ class SqliteDatabase : public Connection {
   explicit SqliteDatabase(std::string utf8Path) : path_(std::move(utf8Path)) {}
 
   void Connect(OpenMode mode);
-  /// Every statement comes through here. Null when it has no columns.
-  std::shared_ptr<host::Recordset> Run(const std::string& sql,
-                                       std::initializer_list<std::string_view> arguments = {},
-                                       int timeoutSeconds = 0);
+  /// Every statement comes through here. The time-out covers waiting, running and fetching.
+  std::shared_ptr<host::Recordset> Run(const std::string& sql, int timeoutSeconds,
+                                       std::initializer_list<std::string_view> arguments) override;
+  void Run(const std::string& sql) { Run(sql, kNoTimeout, {}); }
+  bool FindColumn(const std::string& table, const std::string& column) override;
+  std::string CallFunction(const std::string& name, const std::string& argument) override;
+  void StartTransaction() override;
+  void CommitTransaction() override;
+  void RollbackTransaction() override;
+  bool TransactionIsSound() const override;
+
   StatementHandle Prepare(const std::string& sql) const;
   void RefuseFurtherStatement(const char* rest, const std::string& sql) const;
   void Bind(sqlite3_stmt* statement, std::initializer_list<std::string_view> arguments,
             const std::string& sql) const;
-  bool TransactionLost() const;
 
   bool DeadlinePassed() const { return Clock::now() >= deadline_; }
   bool WaitForOthers(int attempt);
 
   std::string path_;
   sqlite3* handle_ = nullptr;
-  bool inTransaction_ = false;
   Clock::time_point deadline_ = Clock::time_point::max();  ///< of the statement that runs
   Clock::time_point waitingSince_;
 };

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <stdexcept>
@@ -45,6 +46,10 @@ class ConnectionConformance : public testing::TestWithParam<Engine> {
   }
   void Insert(std::vector<Variant> values) {
     connection_->ExecuteSql("INSERT INTO Sample VALUES (" + connection_->FormatValueList(values) + ")");
+  }
+  /// An insert of the form that waits for more of its kind.
+  static std::string Row(int id, const std::string& parent = "NULL") {
+    return "INSERT INTO Sample (Id, Parent) VALUES (" + std::to_string(id) + ", " + parent + ")";
   }
   Variant ValueOf(const std::string& expression) {
     return Query("SELECT " + expression + " FROM Sample ORDER BY Id")->FieldAt(0);
@@ -253,6 +258,74 @@ TEST_P(ConnectionConformance, TransactionIsAllOrNothing) {
   EXPECT_THAT(Ids(*other), ElementsAre(1, 2, 3)) << "the refused inner Begin left the outer one alone";
   ExpectInvalidArgument([&] { connection_->Commit(); }, "no transaction");
   ExpectInvalidArgument([&] { connection_->Rollback(); }, "no transaction");
+}
+
+TEST_P(ConnectionConformance, WaitingInsertsAreSentBeforeAnythingElse) {
+  database_->AddBracketFunction(*connection_, "lucent_generic.find_cell_tech");
+  connection_->ExecuteSql("CREATE TABLE Other (Id BIGINT)");
+  Transaction transaction(*connection_);
+  connection_->ExecuteSql(Row(1));
+  connection_->ExecuteSql(Row(2, "1"));
+  EXPECT_THAT(Ids(), ElementsAre(1, 2));
+  connection_->ExecuteSql("INSERT INTO Other (Id) VALUES (7)");
+  connection_->ExecuteSql(Row(3));
+  connection_->ExecuteSql("DELETE FROM Sample WHERE Id = 3");
+  connection_->ExecuteSql(Row(3));
+  connection_->ExecuteSql("INSERT INTO Sample (Id) SELECT max(Id) + 1 FROM Sample");
+  EXPECT_THAT(Ids(), ElementsAre(1, 2, 3, 4));
+  for (int id = 5; id <= 3000; ++id) connection_->ExecuteSql(Row(id));
+  transaction.Commit();
+  const auto other = database_->Connect();
+  EXPECT_EQ(Ids(*other).size(), 3000U);
+  EXPECT_EQ(other->OpenQuery("SELECT Id FROM Other", kTimeoutSeconds)->RecordCount(), 1);
+}
+
+TEST_P(ConnectionConformance, WaitingInsertsGoWithTheirTransaction) {
+  connection_->ExecuteSql(Row(1));
+  EXPECT_THAT(Ids(*database_->Connect()), ElementsAre(1)) << "nothing waits outside of one";
+  EXPECT_THROW(connection_->ExecuteSql(Row(1)), host::DatabaseError);
+  {
+    const Transaction transaction(*connection_);
+    connection_->ExecuteSql(Row(2));
+  }
+  EXPECT_THAT(Ids(), ElementsAre(1));
+  Transaction next(*connection_);
+  connection_->ExecuteSql(Row(3));
+  next.Commit();
+  EXPECT_THAT(Ids(), ElementsAre(1, 3));
+}
+
+TEST_P(ConnectionConformance, FailingWaitingInsertsEndTheirTransaction) {
+  database_->AddBracketFunction(*connection_, "lucent_generic.find_cell_tech");
+  const std::vector<std::function<void()>> senders = {
+      [&] { Ids(); },
+      [&] { connection_->ExecuteSql("DELETE FROM Sample"); },
+      [&] { connection_->ExecuteSql("INSERT INTO Sample (Id) VALUES (5)"); },
+      [&] { connection_->ColumnExists("Sample", "Id"); },
+      [&] { connection_->CallStoredFunction("lucent_generic.find_cell_tech", "x"); },
+      [&] { connection_->Commit(); },
+  };
+  for (const auto& send : senders) {
+    connection_->Begin();
+    connection_->ExecuteSql(Row(1));
+    connection_->ExecuteSql(Row(2, "99"));
+    try {
+      send();
+      ADD_FAILURE() << "the failure was not told";
+    } catch (const host::DatabaseError& error) {
+      EXPECT_EQ(error.Statement(), "INSERT INTO Sample (Id, Parent) VALUES (1, NULL), (2, 99)");
+      EXPECT_THAT(error.what(), testing::ContainsRegex("FOREIGN KEY|foreign key"));
+    }
+    EXPECT_THROW(connection_->ExecuteSql(Row(3)), host::DatabaseError);
+    EXPECT_THROW(Ids(), host::DatabaseError);
+    EXPECT_THROW(connection_->Commit(), host::DatabaseError);
+    connection_->Rollback();
+    EXPECT_THAT(Ids(), ElementsAre());
+  }
+  Transaction transaction(*connection_);
+  connection_->ExecuteSql(Row(4));
+  transaction.Commit();
+  EXPECT_THAT(Ids(), ElementsAre(4));
 }
 
 TEST_P(ConnectionConformance, TimeOutEndsAnEndlessQuery) {

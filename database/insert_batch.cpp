@@ -1,0 +1,154 @@
+#include "database/insert_batch.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kiv::database {
+
+namespace {
+
+/// Larger statements save nothing more, and the time of one grows with its size.
+constexpr std::size_t kMostRows = 500;
+constexpr std::size_t kMostBytes = 128 * 1024;
+
+bool IsDigit(char character) {
+  return character >= '0' && character <= '9';
+}
+bool IsLetter(char character) {
+  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
+}
+
+/// Reads a statement from its start. Each step says whether what it looks for was there.
+class Scanner {
+ public:
+  explicit Scanner(std::string_view text) : text_(text) {}
+
+  std::size_t Place() const { return place_; }
+  bool AtEnd() const { return place_ == text_.size(); }
+
+  void SkipBlanks() {
+    while (Next() == ' ' || Next() == '\n' || Next() == '\t' || Next() == '\r') ++place_;
+  }
+  bool Character(char wanted) {
+    if (AtEnd() || text_[place_] != wanted) return false;
+    ++place_;
+    return true;
+  }
+  bool Keyword(std::string_view upperCase) {
+    const std::string_view word = Word();
+    return std::ranges::equal(word, upperCase, [](char character, char upper) {
+      return character == upper || (IsLetter(character) && character - 'a' + 'A' == upper);
+    });
+  }
+  /// One with dots as well.
+  bool Name() {
+    do {
+      const std::string_view word = Word();
+      if (word.empty() || IsDigit(word.front())) return false;
+    } while (Character('.'));
+    return true;
+  }
+  bool Value() {
+    if (Next() == '\'') return Text();
+    return IsLetter(Next()) ? Keyword("NULL") : Number();
+  }
+  /// `(item, item)`
+  bool List(bool (Scanner::*item)()) {
+    if (!Character('(')) return false;
+    do {
+      SkipBlanks();
+      if (!(this->*item)()) return false;
+      SkipBlanks();
+    } while (Character(','));
+    return Character(')');
+  }
+
+ private:
+  char Next() const { return AtEnd() ? '\0' : text_[place_]; }
+
+  std::string_view Word() {
+    const std::size_t start = place_;
+    while (IsLetter(Next()) || IsDigit(Next()) || Next() == '_') ++place_;
+    return text_.substr(start, place_ - start);
+  }
+  bool Text() {
+    while (Character('\'')) {  // a doubled quote goes on with the same text
+      const std::size_t end = text_.find_first_of(std::string_view("'\0", 2), place_);
+      if (end == std::string_view::npos || text_[end] != '\'') return false;
+      place_ = end + 1;
+    }
+    return true;
+  }
+  bool Digits() {
+    const std::size_t start = place_;
+    while (IsDigit(Next())) ++place_;
+    return place_ > start;
+  }
+  bool Sign() { return Character('-') || Character('+'); }
+  bool Number() {
+    Sign();
+    if (!Digits()) return false;
+    if (Character('.') && !Digits()) return false;
+    if (Character('e') || Character('E')) {
+      Sign();
+      return Digits();
+    }
+    return true;
+  }
+
+  std::string_view text_;
+  std::size_t place_ = 0;
+};
+
+/// Where the row of an insert that may be joined begins; npos for every other statement.
+std::size_t RowStart(std::string_view sql) {
+  Scanner scanner(sql);
+  const auto blankAfter = [&scanner](bool found) {
+    const std::size_t end = scanner.Place();
+    scanner.SkipBlanks();
+    return found && scanner.Place() > end;
+  };
+  if (!blankAfter(scanner.Keyword("INSERT")) || !blankAfter(scanner.Keyword("INTO")) || !scanner.Name()) {
+    return std::string_view::npos;
+  }
+  scanner.SkipBlanks();
+  if (!scanner.List(&Scanner::Name)) return std::string_view::npos;
+  scanner.SkipBlanks();
+  if (!scanner.Keyword("VALUES")) return std::string_view::npos;
+  scanner.SkipBlanks();
+  const std::size_t start = scanner.Place();
+  return scanner.List(&Scanner::Value) && scanner.AtEnd() ? start : std::string_view::npos;
+}
+
+}  // namespace
+
+bool InsertBatch::Take(std::string_view sql) {
+  const std::size_t rowStart = RowStart(sql);
+  if (rowStart == std::string_view::npos) return false;
+  if (Empty()) {
+    sql_ = sql;
+    headLength_ = rowStart;
+    rows_ = 1;
+    return true;
+  }
+  const std::string_view row = sql.substr(rowStart);
+  constexpr std::string_view kSeparator = ", ";
+  if (rows_ == kMostRows || sql_.size() + kSeparator.size() + row.size() > kMostBytes ||
+      sql.substr(0, rowStart) != std::string_view(sql_).substr(0, headLength_)) {
+    return false;
+  }
+  sql_.append(kSeparator).append(row);
+  ++rows_;
+  return true;
+}
+
+std::string InsertBatch::Release() {
+  rows_ = 0;
+  return std::exchange(sql_, {});
+}
+
+void InsertBatch::Discard() {
+  Release();
+}
+
+}  // namespace kiv::database

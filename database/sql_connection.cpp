@@ -1,0 +1,85 @@
+#include "database/sql_connection.h"
+
+#include "host/sql_rendering.h"
+
+namespace kiv::database {
+
+std::shared_ptr<host::Recordset> SqlConnection::OpenQuery(const std::string& sql, int timeoutSeconds) {
+  Prepare(sql);
+  return Run(sql, timeoutSeconds, {});
+}
+
+void SqlConnection::ExecuteSql(const std::string& sql) {
+  if (inTransaction_) {
+    RefuseWhenLost(sql);
+    if (waiting_.Take(sql)) return;
+    SendWaiting();
+    if (waiting_.Take(sql)) return;  // the first of the next batch
+  }
+  Run(sql, kNoTimeout, {});
+}
+
+bool SqlConnection::ColumnExists(const std::string& table, const std::string& column) {
+  Prepare({});
+  return FindColumn(table, column);
+}
+
+std::string SqlConnection::CallStoredFunction(const std::string& name, const std::string& argument) {
+  Prepare({});
+  return CallFunction(name, argument);
+}
+
+std::string SqlConnection::FormatValueList(std::span<const Variant> values) const {
+  return host::RenderValueList(values);
+}
+
+std::string SqlConnection::FormatAssignmentList(std::span<const host::Assignment> assignments) const {
+  return host::RenderAssignmentList(assignments);
+}
+
+bool SqlConnection::FieldToBoolean(const Variant& field) const {
+  return host::RenderedAsTrue(field);
+}
+
+void SqlConnection::Begin() {
+  if (inTransaction_ || TransactionIsSound()) {
+    throw Error(ErrorNumber::InvalidArgument, "A transaction is already open.");
+  }
+  StartTransaction();
+  inTransaction_ = true;
+}
+
+void SqlConnection::Commit() {
+  if (!inTransaction_) throw Error(ErrorNumber::InvalidArgument, "There is no transaction to commit.");
+  Prepare("COMMIT");
+  CommitTransaction();
+  inTransaction_ = false;
+}
+
+void SqlConnection::Rollback() {
+  if (!inTransaction_) throw Error(ErrorNumber::InvalidArgument, "There is no transaction to roll back.");
+  waiting_.Discard();
+  RollbackTransaction();
+  inTransaction_ = false;
+  batchFailed_ = false;
+}
+
+void SqlConnection::Prepare(const std::string& sql) {
+  RefuseWhenLost(sql);
+  SendWaiting();
+}
+
+void SqlConnection::RefuseWhenLost(const std::string& sql) const {
+  if (!inTransaction_ || (TransactionIsSound() && !batchFailed_)) return;
+  // Going on would write the rest of a save without its beginning.
+  throw host::DatabaseError("The transaction was ended by a failure; its changes are taken back.", sql);
+}
+
+void SqlConnection::SendWaiting() {
+  if (waiting_.Empty()) return;
+  batchFailed_ = true;  // until it is known better, because its callers believe the rows written
+  Run(waiting_.Release(), kNoTimeout, {});
+  batchFailed_ = false;
+}
+
+}  // namespace kiv::database

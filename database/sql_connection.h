@@ -1,0 +1,59 @@
+#pragma once
+
+#include <initializer_list>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "database/connection.h"
+#include "database/insert_batch.h"
+
+namespace kiv::database {
+
+/// What the ready adapters do alike: SQL as host/sql_rendering writes it, the state of the transaction, and
+/// inserts that are sent together. Inside a transaction a single-row insert may wait for more of its kind; it
+/// is sent before anything else is run. When that fails, its error comes from the call that had it sent, and
+/// the transaction can only be rolled back.
+class SqlConnection : public Connection {
+ public:
+  std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql, int timeoutSeconds) final;
+  /// Runs a statement; rows that it yields are dropped.
+  void ExecuteSql(const std::string& sql) final;
+  bool ColumnExists(const std::string& table, const std::string& column) final;
+  std::string CallStoredFunction(const std::string& name, const std::string& argument) final;
+  std::string FormatValueList(std::span<const Variant> values) const final;
+  std::string FormatAssignmentList(std::span<const host::Assignment> assignments) const final;
+  bool FieldToBoolean(const Variant& field) const final;
+
+  void Begin() final;
+  void Commit() final;
+  void Rollback() final;
+
+ protected:
+  static constexpr int kNoTimeout = 0;
+
+  /// Runs one statement with its parameters. Null when it has no columns.
+  virtual std::shared_ptr<host::Recordset> Run(const std::string& sql, int timeoutSeconds,
+                                               std::initializer_list<std::string_view> arguments) = 0;
+  virtual bool FindColumn(const std::string& table, const std::string& column) = 0;
+  virtual std::string CallFunction(const std::string& name, const std::string& argument) = 0;
+  virtual void StartTransaction() = 0;
+  virtual void CommitTransaction() = 0;
+  /// Also when the engine has ended the transaction by itself.
+  virtual void RollbackTransaction() = 0;
+  /// Whether the engine has a transaction open that can still be committed.
+  virtual bool TransactionIsSound() const = 0;
+
+ private:
+  /// Comes before every statement.
+  void Prepare(const std::string& sql);
+  void RefuseWhenLost(const std::string& sql) const;
+  void SendWaiting();
+
+  bool inTransaction_ = false;
+  bool batchFailed_ = false;
+  InsertBatch waiting_;
+};
+
+}  // namespace kiv::database

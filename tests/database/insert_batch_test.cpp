@@ -1,0 +1,108 @@
+#include "database/insert_batch.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace kiv::database {
+
+namespace {
+
+using namespace std::string_literals;
+
+/// What is sent for statements that all join.
+std::string Joined(std::initializer_list<std::string> statements) {
+  InsertBatch batch;
+  for (const std::string& sql : statements) EXPECT_TRUE(batch.Take(sql)) << sql;
+  const std::string joined = batch.Release();
+  EXPECT_TRUE(batch.Empty());
+  return joined;
+}
+
+TEST(InsertBatch, RowsOfOneTableAreJoined) {
+  EXPECT_EQ(Joined({"INSERT INTO KIV_Cell_List (kiv_list_id, CellId) VALUES (1, 2)"}),
+            "INSERT INTO KIV_Cell_List (kiv_list_id, CellId) VALUES (1, 2)");
+  EXPECT_EQ(Joined({"INSERT INTO T (A, B) VALUES ('it''s (', NULL)",
+                    "INSERT INTO T (A, B) VALUES (-1.5e+300, '\\'' , ( -- \" ;')",
+                    "INSERT INTO T (A, B) VALUES (null, '')", "INSERT INTO T (A, B) VALUES ('', +7)"}),
+            "INSERT INTO T (A, B) VALUES ('it''s (', NULL), (-1.5e+300, '\\'' , ( -- \" ;'), (null, ''), "
+            "('', +7)");
+  EXPECT_EQ(Joined({"insert  into s.T_1(a)\nvalues( 'x' )", "insert  into s.T_1(a)\nvalues('y')"}),
+            "insert  into s.T_1(a)\nvalues( 'x' ), ('y')");
+}
+
+TEST(InsertBatch, NothingElseJoins) {
+  for (const std::string& sql : {"INSERT INTO T (A) VALUES (1) RETURNING A"s,
+                                 "INSERT INTO T (A) VALUES (1) ON CONFLICT DO NOTHING"s,
+                                 "INSERT INTO T (A) VALUES (1), (2)"s,
+                                 "INSERT INTO T (A) VALUES (1) -- one"s,
+                                 "INSERT INTO T (A) VALUES (1); DELETE FROM T"s,
+                                 "INSERT INTO T (A) VALUES (1);"s,
+                                 "INSERT INTO T (A) VALUES (1) "s,
+                                 "INSERT INTO T (A) SELECT 1"s,
+                                 "INSERT INTO T VALUES (1)"s,
+                                 "INSERT INTO T (A) VALUES ((SELECT max(A) FROM T))"s,
+                                 "INSERT INTO T (A) VALUES (now())"s,
+                                 "INSERT INTO T (A) VALUES (CURRENT_TIMESTAMP)"s,
+                                 "INSERT INTO T (A) VALUES (1 + 1)"s,
+                                 "INSERT INTO T (A) VALUES ('a' 'b')"s,
+                                 "INSERT INTO T (A) VALUES ('a' || 'b')"s,
+                                 "INSERT INTO T (A) VALUES (E'a')"s,
+                                 "INSERT INTO T (A) VALUES (x'00')"s,
+                                 "INSERT INTO T (A) VALUES (\"A\")"s,
+                                 "INSERT INTO T (A) VALUES (1x)"s,
+                                 "INSERT INTO T (A) VALUES (1e)"s,
+                                 "INSERT INTO T (A) VALUES (1.)"s,
+                                 "INSERT INTO T (A) VALUES (- 1)"s,
+                                 "INSERT INTO T (A) VALUES (?)"s,
+                                 "INSERT INTO T (A) VALUES ($1)"s,
+                                 "INSERT INTO T (A) VALUES ()"s,
+                                 "INSERT INTO T (A) VALUES (1,)"s,
+                                 "INSERT INTO T () VALUES (1)"s,
+                                 "INSERT INTO T (A) VALUES (1"s,
+                                 "INSERT INTO T (A) VALUES ('"s,
+                                 "INSERT INTO T (A) VALUES ('a"s,
+                                 "INSERT INTO T (A) VALUES ('a''"s,
+                                 "INSERT INTO T (A) VALUES ('a\0b')"s,
+                                 "INSERT INTO T (A) VALUES"s,
+                                 "INSERT INTO T (A /* ) VALUES (1) */) VALUES (1)"s,
+                                 "INSERT INTO \"T\" (A) VALUES (1)"s,
+                                 "INSERT INTO T AS X (A) VALUES (1)"s,
+                                 "INSERT INTO T (1) VALUES (1)"s,
+                                 "INSERTINTO T (A) VALUES (1)"s,
+                                 "INSERT INTO T (A) OVERRIDING SYSTEM VALUE VALUES (1)"s,
+                                 "INSERT OR IGNORE INTO T (A) VALUES (1)"s,
+                                 "REPLACE INTO T (A) VALUES (1)"s,
+                                 "DELETE FROM T"s,
+                                 ""s,
+                                 "("s}) {
+    InsertBatch batch;
+    EXPECT_FALSE(batch.Take(sql)) << sql;
+    EXPECT_TRUE(batch.Empty()) << sql;
+    ASSERT_TRUE(batch.Take("INSERT INTO T (A) VALUES (0)"));
+    EXPECT_FALSE(batch.Take(sql)) << sql;
+    EXPECT_EQ(batch.Release(), "INSERT INTO T (A) VALUES (0)") << sql;
+  }
+}
+
+TEST(InsertBatch, OtherTablesColumnsAndFullBatchesComeNext) {
+  InsertBatch batch;
+  ASSERT_TRUE(batch.Take("INSERT INTO T (A) VALUES (0)"));
+  for (const char* sql : {"INSERT INTO U (A) VALUES (1)", "INSERT INTO T (B) VALUES (1)",
+                          "INSERT INTO T (A, B) VALUES (1, 2)", "INSERT INTO TT (A) VALUES (1)"}) {
+    EXPECT_FALSE(batch.Take(sql)) << sql;
+  }
+  int rows = 1;
+  while (rows < 100000 && batch.Take("INSERT INTO T (A) VALUES (1)")) ++rows;
+  EXPECT_GE(rows, 100);
+  EXPECT_LT(rows, 100000);
+  batch.Discard();
+  const std::string large = "INSERT INTO T (A) VALUES ('" + std::string(1000000, 'x') + "')";
+  EXPECT_TRUE(batch.Take(large)) << "a large row may wait, but alone";
+  EXPECT_FALSE(batch.Take("INSERT INTO T (A) VALUES (1)"));
+  EXPECT_EQ(batch.Release(), large);
+}
+
+}  // namespace
+
+}  // namespace kiv::database
