@@ -15,10 +15,14 @@
 namespace kiv {
 
 enum class FieldRole {
-  Key,      ///< identifies the row; inserted, never updated, not loaded
-  Stored,   ///< a column of every database
-  Optional  ///< a column that databases of an earlier layout lack
+  Key,       ///< identifies the row; inserted, never updated, not loaded
+  Stored,    ///< a column of every database
+  Optional,  ///< a column that databases of an earlier layout lack
+  Nullable   ///< a number that may be unset: kUnsetNumber in the record, NULL in the database
 };
+
+/// What an unset number of a Nullable field reads in the record.
+inline constexpr std::int32_t kUnsetNumber = -1;
 
 /// One field of a record: its column, where its value lives, and how it is stored.
 template <class Record>
@@ -29,11 +33,16 @@ struct RecordField {
   std::string_view whenAbsent = {};  ///< text of an optional field that the database lacks
 
   Variant Get(const Record& record) const {
-    return std::visit([&record](auto place) { return Variant(record.*place); }, member);
+    if (const auto* number = std::get_if<0>(&member)) {
+      const bool unset = role == FieldRole::Nullable && record.*(*number) == kUnsetNumber;
+      return unset ? Variant() : Variant(record.*(*number));
+    }
+    return Variant(record.*std::get<1>(member));
   }
   void Set(Record& record, const Variant& value) const {
     if (const auto* number = std::get_if<0>(&member)) {
-      record.*(*number) = ToInt32(value);
+      const bool unset = role == FieldRole::Nullable && value.IsNull();
+      record.*(*number) = unset ? kUnsetNumber : ToInt32(value);
     } else {
       record.*std::get<1>(member) = ToText(value);
     }
@@ -97,11 +106,16 @@ void LoadFields(Record& record, const host::Recordset& row, std::span<const Reco
   record = std::move(loaded);
 }
 
+/// An entry of a list leaves out the key that it shares with the record which the list belongs to.
 template <class Record>
-std::vector<NamedValue> ListFields(const Record& record, std::span<const RecordField<Record>> fields) {
+std::vector<NamedValue> ListFields(const Record& record, std::span<const RecordField<Record>> fields,
+                                   KeyField key = KeyField::Include) {
   std::vector<NamedValue> values;
   values.reserve(fields.size());
-  for (const RecordField<Record>& field : fields) values.push_back({field.name, field.Get(record)});
+  for (const RecordField<Record>& field : fields) {
+    if (field.role == FieldRole::Key && key == KeyField::LeaveOut) continue;
+    values.push_back({field.name, field.Get(record)});
+  }
   return values;
 }
 

@@ -23,6 +23,11 @@ void ReleaseDatabase();
 /// Opens a query with the time-out that every query of the library has; null when no result set came back.
 std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql);
 
+/// Opens the query of a study's own row. When the database fails or no result set comes back, the message is
+/// reported under the study kind and the routine's name, and null returned.
+std::shared_ptr<host::Recordset> OpenStudyRow(const std::string& sql, std::string_view kind,
+                                              const char* routine, const std::string& message);
+
 /// Runs a write routine that keeps its failures to itself: they are reported under the study kind and the
 /// routine's name. False when it failed.
 bool TrapErrors(std::string_view kind, const char* routine,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -12,6 +13,21 @@ namespace kiv {
 struct NamedValue {
   std::string_view name;
   Variant value;
+};
+
+struct StoredEntry;
+
+/// A list that belongs to a record, in the order of storing.
+struct StoredList {
+  std::string_view name;
+  std::vector<StoredEntry> entries;
+};
+
+/// One entry of a list: its own fields, and the lists that belong to it in turn.
+struct StoredEntry {
+  std::string name;  ///< what users call it; empty when its fields say it all
+  std::vector<NamedValue> fields;
+  std::vector<StoredList> lists;
 };
 
 /// The part of a study that belongs to its kind: what the study record asks of it.
@@ -35,6 +51,8 @@ class ISubRecord : public Object {
 
   /// The fields of the record's own row, in the order of storing.
   virtual std::vector<NamedValue> StoredFields() const = 0;
+  /// The lists that are stored with the record.
+  virtual std::vector<StoredList> StoredLists() const { return {}; }
 };
 
 }  // namespace kiv

@@ -6,7 +6,6 @@
 #include "core/msql.h"
 #include "core/study_data.h"
 #include "core/study_kinds.h"
-#include "host/services.h"
 
 namespace kiv {
 
@@ -93,23 +92,13 @@ namespace {
 
 constexpr std::string_view kTable = "KIV_HomStudy";
 
-std::shared_ptr<host::Recordset> QueryStudyRow(std::int32_t id) {
-  try {
-    return OpenQuery("SELECT * FROM " + std::string(kTable) + " WHERE Id = " + std::to_string(id));
-  } catch (const host::DatabaseError&) {
-    return nullptr;  // told like a missing result set
-  }
-}
-
 }  // namespace
 
 void LoadHomData(std::int32_t id, CKivHomData& record) {
-  const auto rows = QueryStudyRow(id);
-  if (!rows) {
-    host::TheErrorReporter().ReportError(std::string(kHomStudy), kModuleName, "LoadHomData",
-                                         "Unable to load study types data from " + std::string(kTable));
-    return;
-  }
+  const std::string table(kTable);
+  const auto rows = OpenStudyRow("SELECT * FROM " + table + " WHERE Id = " + std::to_string(id), kHomStudy,
+                                 "LoadHomData", "Unable to load study types data from " + table);
+  if (!rows) return;
   if (rows->RecordCount() > 0) {
     const auto fields = CKivHomData::Fields();
     LoadFields(record, *rows, fields, FindOptionalFields(Database(), kTable, fields));
