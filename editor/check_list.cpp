@@ -43,14 +43,16 @@ std::vector<Problem> CheckList::Problems() const {
   return problems;
 }
 
-bool CheckList::Enforce(const std::function<void()>& beforeMessage) const {
+bool CheckList::Enforce() const {
   const std::optional<Problem> problem = FirstProblem();
-  if (!problem) return true;
-  if (beforeMessage) beforeMessage();
+  if (problem) Tell(*problem);
+  return !problem;
+}
+
+void Tell(const Problem& problem) {
   host::MessageBox& messages = host::TheMessageBox();
-  messages.Show(problem->message, problem->style, messages.ApplicationTitle());
-  problem->control->SetFocus();
-  return false;
+  messages.Show(problem.message, problem.style, messages.ApplicationTitle());
+  problem.control->SetFocus();
 }
 
 }  // namespace kiv

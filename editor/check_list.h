@@ -17,6 +17,9 @@ struct Problem {
   host::MessageStyle style = host::MessageStyle::Critical;
 };
 
+/// Shows a problem in the host's message box and moves the focus there.
+void Tell(const Problem& problem);
+
 /// The rules of a page, in the order in which they are checked.
 class CheckList {
  public:
@@ -35,9 +38,8 @@ class CheckList {
   /// Every failing check, the first one of each control.
   std::vector<Problem> Problems() const;
 
-  /// Shows the first failure in the host's message box and moves the focus there. True when all is well.
-  /// `beforeMessage` runs between finding a failure and showing it.
-  bool Enforce(const std::function<void()>& beforeMessage = {}) const;
+  /// Tells the first failure. True when all is well.
+  bool Enforce() const;
 
  private:
   struct Check {

@@ -38,6 +38,11 @@ void DocumentChooser::SelectID(std::int32_t id) {
   SetListIndex(MKivStudyCtls::FindItemDataIndex(Items(), id));
 }
 
+void DocumentChooser::OfferNew(ui::Button& button) {
+  button.SetCaption("&New...");
+  button.Clicked.Connect([this] { AskForNew(); });
+}
+
 void DocumentChooser::AskForNew() {
   const auto document = host::TheDocuments().AskForNewDocument(Required(type_));
   if (!document) return;
@@ -45,8 +50,12 @@ void DocumentChooser::AskForNew() {
   SelectID(document->id);
 }
 
-std::string DocumentChooser::MissingText() const {
-  return host::TheDocuments().MissingDocumentText(Required(type_));
+CheckList DocumentChooser::Checks() {
+  CheckList checks;
+  checks.Add(
+      *this, [this] { return SelectedID() != kNoDocument; },
+      [this] { return host::TheDocuments().MissingDocumentText(Required(type_)); });
+  return checks;
 }
 
 }  // namespace kiv

@@ -4,7 +4,9 @@
 #include <memory>
 #include <string>
 
+#include "editor/check_list.h"
 #include "host/documents.h"
+#include "ui/buttons.h"
 #include "ui/combo_box.h"
 
 namespace kiv {
@@ -26,13 +28,14 @@ class DocumentChooser : public ui::ComboBox {
   /// Selects a document; one that does not exist selects none.
   void SelectID(std::int32_t id);
 
-  /// Lets the user make a new document and selects it.
-  void AskForNew();
+  /// Makes a button beside the list let the user make a new document, which is then selected.
+  void OfferNew(ui::Button& button);
 
-  /// What to tell a user who has selected none.
-  std::string MissingText() const;
+  /// A document must be selected; the host has the words for it.
+  CheckList Checks();
 
  private:
+  void AskForNew();
   void List(std::int32_t selected);
 
   ScopedConnection following_;

@@ -18,9 +18,14 @@ bool Tab::HandleTabProcess(const std::string&) {
 }
 
 bool Tab::IsTabValid(const std::string&) {
-  return checks_.Enforce([this] {
-    if (editor_) editor_->BringTabForward(Name());
-  });
+  const std::optional<Problem> problem = checks_.FirstProblem();
+  if (problem) Refuse(*problem);
+  return !problem;
+}
+
+void Tab::Refuse(const Problem& problem) {
+  if (editor_) editor_->BringTabForward(Name());
+  Tell(problem);
 }
 
 void Tab::LoadData(const Variant& study, const std::string&, std::shared_ptr<host::EditorContext> editor) {
@@ -47,19 +52,21 @@ void Tab::ReportChange() {
 }
 
 void Tab::Remember(const char* valueName, std::function<std::string()> read,
-                   std::function<void(const std::string&)> show) {
-  remembered_.push_back({valueName, std::move(read), std::move(show)});
+                   std::function<void(const std::string&)> show, WhenEmpty whenEmpty) {
+  remembered_.push_back({valueName, std::move(read), std::move(show), whenEmpty});
 }
 
-void Tab::Remember(const char* valueName, ui::TextBox& box) {
+void Tab::Remember(const char* valueName, ui::TextBox& box, WhenEmpty whenEmpty) {
   Remember(
-      valueName, [&box] { return box.Text(); }, [&box](const std::string& text) { box.SetText(text); });
+      valueName, [&box] { return box.Text(); }, [&box](const std::string& text) { box.SetText(text); },
+      whenEmpty);
 }
 
 void Tab::ShowRememberedValues() {
   const host::Settings& settings = host::TheSettings();
   for (const RememberedValue& value : remembered_) {
-    if (const auto text = settings.Remembered(host::kKivStateRoot, value.name)) value.show(*text);
+    const auto text = settings.Remembered(host::kKivStateRoot, value.name);
+    if (text && (!text->empty() || value.whenEmpty == WhenEmpty::Show)) value.show(*text);
   }
 }
 

@@ -18,6 +18,19 @@ namespace ui {
 class TextBox;
 }
 
+/// Sets a flag for as long as it lives; nests.
+class FlagGuard {
+ public:
+  explicit FlagGuard(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
+  FlagGuard(const FlagGuard&) = delete;
+  FlagGuard& operator=(const FlagGuard&) = delete;
+  ~FlagGuard() { flag_ = before_; }
+
+ private:
+  bool& flag_;
+  bool before_;
+};
+
 /// What every tab of a study editor has in common: its study, its loading flag, change reports, its list of
 /// checks and the values that it remembers for the next new study.
 class Tab : public ui::Container, public IDynaTabControl {
@@ -29,7 +42,7 @@ class Tab : public ui::Container, public IDynaTabControl {
   /// How the page is arranged.
   virtual ui::LayoutItem Layout() = 0;
   /// Every failing check, the first one of each control, told without a message box.
-  std::vector<Problem> Problems() const { return checks_.Problems(); }
+  virtual std::vector<Problem> Problems() const { return checks_.Problems(); }
   /// Writes the tab's values to the user's remembered ones; the host calls it after a study was stored.
   void RememberValues() const;
 
@@ -52,14 +65,24 @@ class Tab : public ui::Container, public IDynaTabControl {
   virtual void ShowNewStudy() = 0;
   virtual void ShowStoredStudy() = 0;
 
+  /// While it lives, nothing is reported as a change: the tab fills its controls.
+  FlagGuard HoldReports() { return FlagGuard(loading_); }
+  /// The host shows a wait cursor while it lives.
+  class Hourglass;
+
   /// Reports a change whenever the event is raised, except while the tab fills its controls.
   void ReportChangesOf(Signal<>& event);
   void ReportChange();
 
-  /// A text that the user need not enter again for the next new study.
+  /// Brings the tab forward and tells the problem.
+  void Refuse(const Problem& problem);
+
+  /// A text that the user need not enter again for the next new study. One that was emptied may be shown as
+  /// such or leave the tab's default in place.
+  enum class WhenEmpty { Show, KeepDefault };
   void Remember(const char* valueName, std::function<std::string()> read,
-                std::function<void(const std::string&)> show);
-  void Remember(const char* valueName, ui::TextBox& box);
+                std::function<void(const std::string&)> show, WhenEmpty whenEmpty = WhenEmpty::Show);
+  void Remember(const char* valueName, ui::TextBox& box, WhenEmpty whenEmpty = WhenEmpty::Show);
   /// Shows the remembered values that exist.
   void ShowRememberedValues();
 
@@ -70,6 +93,7 @@ class Tab : public ui::Container, public IDynaTabControl {
     const char* name;
     std::function<std::string()> read;
     std::function<void(const std::string&)> show;
+    WhenEmpty whenEmpty;
   };
 
   std::string title_;
@@ -77,6 +101,21 @@ class Tab : public ui::Container, public IDynaTabControl {
   std::shared_ptr<host::EditorContext> editor_;
   std::shared_ptr<CKivStudyData> study_;
   bool loading_ = false;
+};
+
+class Tab::Hourglass {
+ public:
+  explicit Hourglass(const Tab& tab) : editor_(tab.editor_) {
+    if (editor_) editor_->ShowHourglass(true);
+  }
+  Hourglass(const Hourglass&) = delete;
+  Hourglass& operator=(const Hourglass&) = delete;
+  ~Hourglass() {
+    if (editor_) editor_->ShowHourglass(false);
+  }
+
+ private:
+  std::shared_ptr<host::EditorContext> editor_;
 };
 
 /// A tab of the study kind whose sub-record is `Data`.
@@ -95,19 +134,6 @@ class TabOf : public Tab {
   }
 
   std::shared_ptr<Data> data_;
-};
-
-/// Sets a flag for as long as it lives; nests.
-class FlagGuard {
- public:
-  explicit FlagGuard(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
-  FlagGuard(const FlagGuard&) = delete;
-  FlagGuard& operator=(const FlagGuard&) = delete;
-  ~FlagGuard() { flag_ = before_; }
-
- private:
-  bool& flag_;
-  bool before_;
 };
 
 }  // namespace kiv

@@ -2,6 +2,7 @@
 
 #include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
+#include "editor/number_checks.h"
 #include "host/constants.h"
 
 namespace kiv {
@@ -12,8 +13,7 @@ constexpr std::int32_t kMaxNameLength = 11;  // of the default pattern, expanded
 constexpr const char* kExtension = ".hom";
 constexpr const char* kDefaultName = "h$YY$MM$DD$HH$MI";
 constexpr const char* kDefaultDuration = "30";
-constexpr std::int32_t kMinDuration = 10;
-constexpr std::int32_t kMaxDuration = 1439;  // less than a day
+const NumberRange kDuration = {"Study Duration", 10, 1439, "minutes"};  // less than a day
 
 }  // namespace
 
@@ -23,20 +23,13 @@ XKivHomGen::XKivHomGen()
       cmdNewScenario(this, "cmdNewScenario"),
       XDest(this, "XDest"),
       txtDuration(this, "txtDuration") {
-  cmdNewScenario.SetCaption("&New...");
-  cmdNewScenario.Clicked.Connect([this] { fdocCBScenario.AskForNew(); });
+  fdocCBScenario.OfferNew(cmdNewScenario);
   txtDuration.SetKeyFilter(MKivStudyCtls::NumericKeyFilter);
 
-  checks_.Add(
-      fdocCBScenario, [this] { return fdocCBScenario.SelectedID() != DocumentChooser::kNoDocument; },
-      [this] { return fdocCBScenario.MissingText(); });
+  checks_.Append(fdocCBScenario.Checks());
   checks_.Append(XDest.PathChecks());
   checks_.Append(XDest.FilenameChecks());
-  checks_.Add(
-      txtDuration, [this] { return IsNumeric(txtDuration.Text()); }, "Study Duration must be numeric.");
-  checks_.Add(
-      txtDuration, [this] { return IsNumberBetween(txtDuration.Text(), kMinDuration, kMaxDuration); },
-      "Study Duration must be between 10 and 1439 minutes inclusive.");
+  checks_.Append(NumberChecks(txtDuration, kDuration));
 
   Remember(
       host::remembered::kDatafilePath, [this] { return XDest.Path(); },

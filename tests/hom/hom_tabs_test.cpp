@@ -5,41 +5,18 @@
 #include "hom/detail_tab.h"
 #include "hom/general_tab.h"
 #include "hom/hom_studies.h"
-#include "support/fake_host.h"
+#include "support/tab_test.h"
 #include "support/temp_folder.h"
 
 namespace kiv {
 namespace {
 
-/// One tab on a HOM study, driven as a host does.
 template <class TabType>
-class HomTab : public ::testing::Test {
+class HomTab : public test::TabTest<TabType> {
  protected:
-  HomTab() {
-    RegisterHomStudies();
-    study_->InitNew(std::string(kHomStudy), "HOM", study_->StudyType(), study_->ScenarioType(), 0);
-  }
+  HomTab() : test::TabTest<TabType>(kHomStudy, "HOM", RegisterHomStudies) {}
 
-  CKivHomData& Data() { return *study_->HomData(); }
-  void LoadNew() {
-    tab_.LoadState();
-    tab_.LoadData(Variant(study_), "", host_.editor);
-  }
-  void LoadStored() {
-    study_->SetIsNew(false);
-    LoadNew();
-  }
-  /// The message of a refusal; empty when the tab is valid.
-  std::string Refusal() {
-    const bool valid = tab_.IsTabValid("");
-    const std::string text = host_.TakeMessage();
-    EXPECT_EQ(valid, text.empty());
-    return text;
-  }
-
-  test::FakeHost host_;
-  std::shared_ptr<CKivStudyData> study_ = std::make_shared<CKivStudyData>();
-  TabType tab_;
+  CKivHomData& Data() { return *this->study_->HomData(); }
 };
 
 using General = HomTab<XKivHomGen>;

@@ -121,10 +121,11 @@ struct FakeBeeper : host::Beeper {
 struct FakeEditor : host::EditorContext {
   std::vector<std::string> changes;
   std::vector<std::string> broughtForward;
+  std::string hourglass;  // '+' for each time it was shown, '-' for each time it was taken away
 
   void DataChanged(const std::string& tabName) override { changes.push_back(tabName); }
   void BringTabForward(const std::string& tabName) override { broughtForward.push_back(tabName); }
-  void ShowHourglass(bool) override {}
+  void ShowHourglass(bool shown) override { hourglass += shown ? '+' : '-'; }
 };
 
 /// A whole host for one test: installed while it lives.
