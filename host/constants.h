@@ -13,6 +13,10 @@ inline constexpr const char* kHomDuration = "HomDuration";
 inline constexpr const char* kCurStdPath = "CurStdPath";
 inline constexpr const char* kCurStdDatafile = "CurStdDatafile";
 inline constexpr const char* kStartOnFail = "StartOnFail";
+inline constexpr const char* kPlmFilename = "PlmFilename";
+inline constexpr const char* kPlmDuration = "PlmDuration";
+inline constexpr const char* kPlmTag = "PlmTag";
+inline constexpr const char* kPlmRetrieveDelay = "PlmRetrieveDelay";
 }  // namespace remembered
 
 /// General setting: the pattern of a directory number, `#` for a digit.

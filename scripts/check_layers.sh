@@ -11,9 +11,10 @@ ui: base ui
 core: base host ui core
 editor: base host ui core editor
 hom: base host ui core editor hom
+plm: base host ui core editor plm
 database: base host database
 qt: base host ui qt
-client: base host ui core editor hom database qt client
+client: base host ui core editor hom plm database qt client
 '
 
 failed=0
@@ -28,7 +29,7 @@ while IFS=: read -r folder allowed; do
 done <<<"$rules"
 
 # The library itself is standard C++: no toolkit, no database.
-if grep -rnE '#include <(Q|sqlite3|windows)' base host ui core editor hom | grep -v _windows.cpp; then
+if grep -rnE '#include <(Q|sqlite3|windows)' base host ui core editor hom plm | grep -v _windows.cpp; then
   echo "The library may include standard headers only." >&2
   failed=1
 fi
