@@ -4,6 +4,8 @@
 #include <exception>
 #include <ostream>
 
+#include "client/network_import.h"
+#include "client/network_printer.h"
 #include "client/program.h"
 #include "client/study_printer.h"
 #include "client/study_session.h"
@@ -33,7 +35,9 @@ class Silence : public host::Beeper {
 /// The parsed options of every command.
 struct Options {
   std::string database;
+  std::string folder;
   bool json = false;
+  bool dryRun = false;
   std::int32_t id = 0;
 
   std::string DatabasePath() const { return database.empty() ? Program::DefaultDatabasePath() : database; }
@@ -59,6 +63,19 @@ int Show(Program& program, const Options& options, std::ostream& out) {
 int Validate(Program& program, const Options& options, std::ostream& out) {
   const StudySession session(program.Store(), program.Store().Load(options.id));
   return PrintProblems(session, options.Format(), out) == 0 ? kOk : kRefused;
+}
+
+int ImportNetworkFolder(Program& program, const Options& options, std::ostream& out, std::ostream& err) {
+  const ImportProgress progress = ProgressOnTerminal(err);
+  NetworkReport report;
+  if (options.dryRun) {
+    report = CheckNetwork(options.folder, progress);
+  } else {
+    program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Refuse);
+    report = ImportNetwork(program.Store().Database(), options.folder, progress);
+  }
+  PrintNetworkReport(report, options.Format(), out, err);
+  return report.badLines.empty() ? kOk : kRefused;
 }
 
 }  // namespace
@@ -94,6 +111,12 @@ std::optional<int> RunCommandLine(int argc, const char* const* argv, WindowReque
   addId(validate);
   addJson(validate);
 
+  CLI::App* importNetwork = addCommand(
+      "import-network", "Replace the network by the CSV files of a folder, all of them or nothing");
+  importNetwork->add_option("DIR", options.folder, "Folder with one CSV file for each table")->required();
+  importNetwork->add_flag("--dry-run", options.dryRun, "Only check every line; no database is needed");
+  addJson(importNetwork);
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -112,6 +135,7 @@ std::optional<int> RunCommandLine(int argc, const char* const* argv, WindowReque
                    .askForScenarioName = nullptr,
                    .tellFailure = nullptr});
     if (init->parsed()) return Init(program, options, out);
+    if (importNetwork->parsed()) return ImportNetworkFolder(program, options, out, err);
     program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Refuse);
     if (list->parsed()) return List(program, options, out);
     if (show->parsed()) return Show(program, options, out);

@@ -2,6 +2,7 @@
 
 #include "database/schema.h"
 #include "database/sqlite_file.h"
+#include "database/stored_functions.h"
 
 namespace kiv::database {
 
@@ -26,6 +27,7 @@ std::shared_ptr<SqliteDatabase> OpenStudyDatabase(const std::string& utf8Path, O
     } else if (SchemaVersion(*database) == 0) {
       throw OpenError(OpenProblem::CannotCreate, utf8Path, "the file is write-protected");
     }
+    RegisterStoredFunctions(*database);
   } catch (const SqliteError& error) {
     throw AsOpenError(error, utf8Path, facts.kind);
   }

@@ -25,4 +25,7 @@ inline constexpr const char* kPhoneNumberMask = "Phone Number Mask";
 /// Drag-and-drop format of nodes of the configuration entity tree.
 inline constexpr const char* kConfigEntityTreeFormat = "ConfigEntityTreeClipboardFormat";
 
+/// Stored function: the technology of the cell with this instance number; empty when it is unknown.
+inline constexpr const char* kFindCellTech = "lucent_generic.find_cell_tech";
+
 }  // namespace kiv::host

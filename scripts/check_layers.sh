@@ -15,6 +15,7 @@ plm: base host ui core editor plm
 database: base host database
 qt: base host ui qt
 client: base host ui core editor hom plm database qt client
+samples: base client samples
 '
 
 failed=0

@@ -113,5 +113,41 @@ TEST_F(CommandLine, ListsShowsAndValidates) {
   EXPECT_EQ(RunProgram({"show", "9", "--database", database_}).exitCode, kRefused);
 }
 
+TEST_F(CommandLine, ImportsANetworkOrNamesEveryBadLine) {
+  const std::string network = folder_.File("network");
+  std::filesystem::copy(KIV_SAMPLE_NETWORK, network);
+  const auto import = [&](std::vector<std::string> more) {
+    more.insert(more.begin(), {"import-network", network, "--database", database_});
+    return RunProgram(more);
+  };
+  EXPECT_EQ(import({"--dry-run"}).exitCode, kOk);
+  EXPECT_FALSE(std::filesystem::exists(database_));
+  EXPECT_EQ(import({}).exitCode, kRefused);  // there is no database yet
+  ASSERT_EQ(RunProgram({"init", "--database", database_}).exitCode, kOk);
+  const Result imported = import({});
+  EXPECT_EQ(imported.exitCode, kOk);
+  EXPECT_EQ(imported.err, "");
+  EXPECT_NE(imported.out.find("luc_cfg_ceqsu2              1602\n"), std::string::npos) << imported.out;
+
+  std::ofstream(network + "/kiv_network.csv", std::ios::app) << "7,system,,x,,,\xFF,\n1,system\n";
+  std::ofstream(network + "/notes.csv") << "Dear Sir";
+  const Result refused = import({});
+  EXPECT_EQ(refused.exitCode, kRefused);
+  EXPECT_EQ(
+      refused.err,
+      "notes.csv: ignored, it is not one of the files of a network\n"
+      "kiv_network.csv:377: system_id \"x\" is not a whole number; name is not UTF-8 text\n"
+      "kiv_network.csv:378: 2 values where the header names 8 columns\n"
+      "2 faults found. Nothing was imported; the network is as it was. Correct the files, then try again.\n");
+  const Result asJson = import({"--json", "--dry-run"});
+  EXPECT_EQ(asJson.exitCode, kRefused);
+  const auto json = nlohmann::json::parse(asJson.out);
+  EXPECT_EQ(json["outcome"], "refused");
+  EXPECT_EQ(json["badLines"][1]["line"], 378);
+  EXPECT_EQ(json["unknownFiles"][0], "notes.csv");
+  EXPECT_EQ(RunProgram({"import-network"}).exitCode, kUsage);
+  EXPECT_EQ(RunProgram({"import-network", folder_.File("none"), "--dry-run"}).exitCode, kRefused);
+}
+
 }  // namespace
 }  // namespace kiv::client

@@ -8,22 +8,20 @@ CREATE TABLE kiv_network (
   cell_id INTEGER NOT NULL DEFAULT 0,
   name TEXT NOT NULL,
   technology TEXT NOT NULL DEFAULT '',
-  UNIQUE (kind, system_id, ecp_id, cell_id)
+  UNIQUE (system_id, ecp_id, cell_id)
 );
 
-CREATE INDEX kiv_network_by_parent ON kiv_network (parent_instance_id, system_id, ecp_id, cell_id);
-
--- Antennas: the faces of a cell with directional setup.
+-- Antennas: the faces of a cell, with or without directional setup. Here and below, each key begins with what
+-- its query asks for and ends with what it sorts by.
 CREATE TABLE luc_cfg_ceqsu2 (
   Instance_Id INTEGER NOT NULL,
   system_id INTEGER NOT NULL,
   ecp INTEGER NOT NULL,
   cell INTEGER NOT NULL,
   rfpi INTEGER NOT NULL,
-  dsetup TEXT NOT NULL
-);
-
-CREATE INDEX luc_cfg_ceqsu2_by_cell ON luc_cfg_ceqsu2 (system_id, ecp, cell, rfpi);
+  dsetup TEXT NOT NULL,
+  PRIMARY KEY (system_id, ecp, cell, rfpi)
+) WITHOUT ROWID;
 
 -- CDMA carriers of a cell, one row for each channel.
 CREATE TABLE luc_cfg_cdma_car_chans (
@@ -31,38 +29,34 @@ CREATE TABLE luc_cfg_cdma_car_chans (
   system_id INTEGER NOT NULL,
   ecp INTEGER NOT NULL,
   cell INTEGER NOT NULL,
-  keyid INTEGER NOT NULL
-);
-
-CREATE INDEX luc_cfg_cdma_car_chans_by_cell ON luc_cfg_cdma_car_chans (system_id, ecp, cell, keyid);
+  keyid INTEGER NOT NULL,
+  PRIMARY KEY (system_id, ecp, cell, keyid)
+) WITHOUT ROWID;
 
 -- CDMA carriers of a CGSA, and the cells of a CGSA.
 CREATE TABLE luc_cfg_cgsa_cdma_cars (
   carrier_no INTEGER NOT NULL,
   system_id INTEGER NOT NULL,
   ecp INTEGER NOT NULL,
-  cgsano INTEGER NOT NULL
-);
-
-CREATE INDEX luc_cfg_cgsa_cdma_cars_by_cgsa ON luc_cfg_cgsa_cdma_cars (system_id, ecp, cgsano);
+  cgsano INTEGER NOT NULL,
+  PRIMARY KEY (system_id, ecp, cgsano, carrier_no)
+) WITHOUT ROWID;
 
 CREATE TABLE luc_cfg_cgsa_cell_list (
   system_id INTEGER NOT NULL,
   ecp INTEGER NOT NULL,
   cgsano INTEGER NOT NULL,
-  cell INTEGER NOT NULL
-);
-
-CREATE INDEX luc_cfg_cgsa_cell_list_by_cell ON luc_cfg_cgsa_cell_list (system_id, ecp, cell);
+  cell INTEGER NOT NULL,
+  PRIMARY KEY (system_id, ecp, cell, cgsano)
+) WITHOUT ROWID;
 
 -- Which entity an entity belongs to, found by the numbers on its path joined with hyphens.
 CREATE TABLE vzn_instance_context (
   context_id INTEGER NOT NULL,
   fullkey TEXT NOT NULL,
-  ParentInstance_Id INTEGER NOT NULL
-);
-
-CREATE INDEX vzn_instance_context_by_key ON vzn_instance_context (fullkey, context_id);
+  ParentInstance_Id INTEGER NOT NULL,
+  PRIMARY KEY (fullkey, context_id)
+) WITHOUT ROWID;
 
 -- Activated features of the switch of an ECP instance.
 CREATE TABLE KIV_FAF (
