@@ -1,5 +1,7 @@
 #include <QCheckBox>
+#include <QKeyEvent>
 #include <QPushButton>
+#include <QRadioButton>
 
 #include "qt/control_views.h"
 #include "qt/text.h"
@@ -56,6 +58,51 @@ class CheckBoxView final : public QCheckBox, public ControlView {
   ScopedConnection changed_;
 };
 
+class OptionButtonView final : public QRadioButton, public ControlView {
+ public:
+  OptionButtonView(ui::OptionButton& option, QWidget* parent)
+      : QRadioButton(parent),
+        ControlView(option, *this),
+        option_(option),
+        changed_(ShowValueOn(option.Changed)) {
+    setAutoExclusive(false);  // the control alone knows which options belong together
+    ShowAppearance();
+    ShowValue();
+  }
+
+  bool HoldsValue() const override { return true; }
+
+  void ShowAppearance() override {
+    ControlView::ShowAppearance();
+    ShowCaption(*this, option_.Caption());
+  }
+
+ protected:
+  void ShowValue() override {
+    setChecked(option_.Chosen());
+    setFocusPolicy(option_.IsTabStop() ? Qt::StrongFocus : Qt::ClickFocus);
+  }
+
+  void nextCheckState() override {
+    Act([this] { option_.Click(); });
+  }
+
+  void keyPressEvent(QKeyEvent* event) override {
+    using Direction = ui::OptionButton::Direction;
+    switch (event->key()) {
+      case Qt::Key_Up:
+      case Qt::Key_Left: Act([this] { option_.Move(Direction::Back); }); return;
+      case Qt::Key_Down:
+      case Qt::Key_Right: Act([this] { option_.Move(Direction::Forward); }); return;
+      default: QRadioButton::keyPressEvent(event);
+    }
+  }
+
+ private:
+  ui::OptionButton& option_;
+  ScopedConnection changed_;
+};
+
 class ButtonView final : public QPushButton, public ControlView {
  public:
   ButtonView(ui::Button& button, QWidget* parent)
@@ -78,6 +125,10 @@ class ButtonView final : public QPushButton, public ControlView {
 
 ControlView* MakeView(ui::CheckBox& control, QWidget* parent) {
   return new CheckBoxView(control, parent);
+}
+
+ControlView* MakeView(ui::OptionButton& control, QWidget* parent) {
+  return new OptionButtonView(control, parent);
 }
 
 ControlView* MakeView(ui::Button& control, QWidget* parent) {

@@ -11,7 +11,9 @@ class ViewFactory final : public ui::ControlVisitor {
   ControlView* Made() const { return made_; }
 
   void Visit(ui::TextBox& control) override { made_ = MakeView(control, parent_, width_); }
+  void Visit(ui::TextArea& control) override { made_ = MakeView(control, parent_); }
   void Visit(ui::CheckBox& control) override { made_ = MakeView(control, parent_); }
+  void Visit(ui::OptionButton& control) override { made_ = MakeView(control, parent_); }
   void Visit(ui::ComboBox& control) override { made_ = MakeView(control, parent_); }
   void Visit(ui::Button& control) override { made_ = MakeView(control, parent_); }
   void Visit(ui::Label& control) override { made_ = MakeView(control, parent_); }

@@ -11,7 +11,9 @@ enum class BoxWidth { Full, Short };
 /// Makes the widget for one kind of control; `parent` owns it. A new kind of control adds its function here
 /// and its file to the folder.
 ControlView* MakeView(ui::TextBox& control, QWidget* parent, BoxWidth width);
+ControlView* MakeView(ui::TextArea& control, QWidget* parent);
 ControlView* MakeView(ui::CheckBox& control, QWidget* parent);
+ControlView* MakeView(ui::OptionButton& control, QWidget* parent);
 ControlView* MakeView(ui::ComboBox& control, QWidget* parent);
 ControlView* MakeView(ui::Button& control, QWidget* parent);
 ControlView* MakeView(ui::Label& control, QWidget* parent);

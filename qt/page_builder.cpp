@@ -1,5 +1,6 @@
 #include "qt/page_builder.h"
 
+#include <QAbstractButton>
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QLabel>
@@ -48,6 +49,12 @@ const std::string& CaptionOf(const LayoutItem& field) {
   return label ? label->Caption() : field.text;
 }
 
+/// A button with the same caption in every row is told apart by the name of its row.
+void NameInRow(QWidget& widget, const QString& rowName) {
+  if (!qobject_cast<QAbstractButton*>(&widget)) return;
+  widget.setAccessibleName(rowName + u' ' + widget.accessibleName());
+}
+
 /// A number is followed by its unit, or by a word between it and the number behind.
 BoxWidth WidthOf(const std::vector<LayoutItem>& row, std::size_t i) {
   const bool isFirst = i + 1 < row.size() && row[i + 1].kind == Kind::Text;
@@ -78,6 +85,7 @@ void PageBuilder::AddToColumn(QBoxLayout& column, const LayoutItem& item, QWidge
     case Kind::Stretch: column.addStretch(1); return;
     case Kind::Column:
     case Kind::Group:
+    case Kind::Grid:
     case Kind::Form: AddArea(column, item, parent); return;
     case Kind::Row:
     case Kind::Field:
@@ -102,6 +110,10 @@ void PageBuilder::AddArea(QBoxLayout& box, const LayoutItem& area, QWidget* pare
     for (const LayoutItem& item : area.items) AddToForm(*form, item, parent);
     return;
   }
+  if (area.kind == Kind::Grid) {
+    AddGrid(box, area, parent);
+    return;
+  }
   QVBoxLayout* column = nullptr;
   if (ControlView* group = area.control ? Make(*area.control, parent, BoxWidth::Full) : nullptr) {
     parent = &group->Widget();
@@ -112,6 +124,29 @@ void PageBuilder::AddArea(QBoxLayout& box, const LayoutItem& area, QWidget* pare
     box.addLayout(column);
   }
   for (const LayoutItem& item : area.items) AddToColumn(*column, item, parent);
+}
+
+void PageBuilder::AddGrid(QBoxLayout& box, const LayoutItem& grid, QWidget* parent) {
+  auto* cells = new QGridLayout;
+  box.addLayout(cells);
+  int line = 0;
+  for (const LayoutItem& row : grid.items) {
+    QString rowName;
+    int place = 0;
+    for (const LayoutItem& item : row.items) {
+      const std::size_t firstView = views_.size();
+      auto* cell = new QHBoxLayout;
+      cells->addLayout(cell, line, place);
+      FillRow(*cell, {item}, parent, rowName);
+      if (place++ == 0) {
+        rowName = firstView < views_.size() ? views_[firstView]->Widget().accessibleName() : QString();
+      } else if (firstView < views_.size()) {
+        NameInRow(views_[firstView]->Widget(), rowName);
+      }
+    }
+    if (!row.items.empty()) cells->setColumnStretch(place - 1, 1);
+    ++line;
+  }
 }
 
 void PageBuilder::AddToForm(QGridLayout& form, const LayoutItem& item, QWidget* parent) {
@@ -216,6 +251,7 @@ void PageBuilder::FillRow(QBoxLayout& box, const std::vector<LayoutItem>& items,
       }
       case Kind::Column:
       case Kind::Group:
+      case Kind::Grid:
       case Kind::Form:
         AddArea(box, item, parent);
         row.isFull = true;

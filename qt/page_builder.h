@@ -31,6 +31,7 @@ class PageBuilder {
 
   void AddToColumn(QBoxLayout& column, const ui::LayoutItem& item, QWidget* parent);
   void AddArea(QBoxLayout& box, const ui::LayoutItem& area, QWidget* parent);
+  void AddGrid(QBoxLayout& box, const ui::LayoutItem& grid, QWidget* parent);
   void AddToForm(QGridLayout& form, const ui::LayoutItem& item, QWidget* parent);
   QLabel* MakeFieldLabel(const ui::LayoutItem& field, QWidget* parent);
   void FillField(QBoxLayout& box, const ui::LayoutItem& field, QLabel* label, QWidget* parent);

@@ -3,6 +3,7 @@
 #include "ui/buttons.h"
 #include "ui/combo_box.h"
 #include "ui/label.h"
+#include "ui/option_button.h"
 #include "ui/text_box.h"
 
 namespace kiv::ui {
@@ -13,7 +14,9 @@ class ControlVisitor {
   virtual ~ControlVisitor() = default;
 
   virtual void Visit(TextBox& control) = 0;
+  virtual void Visit(TextArea& control) = 0;
   virtual void Visit(CheckBox& control) = 0;
+  virtual void Visit(OptionButton& control) = 0;
   virtual void Visit(ComboBox& control) = 0;
   virtual void Visit(Button& control) = 0;
   virtual void Visit(Label& control) = 0;

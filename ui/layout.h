@@ -15,6 +15,7 @@ struct LayoutItem {
     Column,  ///< items below each other
     Row,     ///< items beside each other
     Form,    ///< fields below each other, their labels and their controls aligned
+    Grid,    ///< rows below each other, their items aligned; the first item names its row
     Group,   ///< a frame around its items, which are stacked as in a column
     Field,   ///< a label in front of its items, which are arranged as in a row; the label is a fixed text or
              ///< a Label control whose look the tab changes
@@ -37,6 +38,9 @@ inline LayoutItem Row(std::vector<LayoutItem> items) {
 }
 inline LayoutItem Form(std::vector<LayoutItem> fields) {
   return {LayoutItem::Kind::Form, {}, nullptr, std::move(fields)};
+}
+inline LayoutItem Grid(std::vector<LayoutItem> rows) {
+  return {LayoutItem::Kind::Grid, {}, nullptr, std::move(rows)};
 }
 inline LayoutItem Group(Frame& frame, std::vector<LayoutItem> items) {
   return {LayoutItem::Kind::Group, {}, &frame, std::move(items)};

@@ -7,20 +7,20 @@
 
 namespace kiv::ui {
 
-void TextBox::SetText(std::string text) {
+void EditableText::SetText(std::string text) {
   if (text_ == text) return;
   text_ = std::move(text);
   Changed.Raise();
 }
 
-bool TextBox::PassesFilter(char16_t key) const {
+bool EditableText::PassesFilter(char16_t key) const {
   if (!filter_) return true;
   auto keyCode = static_cast<std::int16_t>(key);
   filter_(keyCode);
   return keyCode != 0;
 }
 
-void TextBox::Type(std::string_view keys) {
+void EditableText::Type(std::string_view keys) {
   if (!Usable()) return;
   for (const char16_t key : ToUtf16(keys)) {
     if (!PassesFilter(key)) continue;
@@ -34,15 +34,22 @@ void TextBox::Type(std::string_view keys) {
   }
 }
 
-void TextBox::Paste(std::string_view text) {
+void EditableText::Append(std::string_view text) {
   if (Usable()) SetText(text_ + std::string(text));
 }
 
-void TextBox::Edit(std::string text) {
+void EditableText::Edit(std::string text) {
   if (Usable()) SetText(std::move(text));
 }
 
+std::string TextArea::Pasted(std::string_view text) const {
+  return pasteFilter_ ? pasteFilter_(text) : std::string(text);
+}
+
 void TextBox::Accept(ControlVisitor& visitor) {
+  visitor.Visit(*this);
+}
+void TextArea::Accept(ControlVisitor& visitor) {
   visitor.Visit(*this);
 }
 

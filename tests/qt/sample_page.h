@@ -1,12 +1,8 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <QTest>
-#include <memory>
-
-#include "qt/page_view.h"
+#include "qt/page_test.h"
 #include "ui/control_visitor.h"
+#include "ui/layout.h"
 
 namespace kiv::test {
 
@@ -54,25 +50,6 @@ struct SamplePage : ui::Container {
   ui::Label lblNote{&fraInner, "lblNote"};
 };
 
-/// The sample page in an active window.
-class SampleView : public ::testing::Test {
- protected:
-  SampleView() {
-    view_->resize(view_->sizeHint());
-    view_->show();
-    view_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(view_.get()));
-  }
-
-  template <class Widget>
-  Widget& The(const ui::Control& control) {
-    auto* widget = qobject_cast<Widget*>(view_->WidgetOf(control));
-    if (!widget) throw std::runtime_error("no such widget: " + control.Name());
-    return *widget;
-  }
-
-  std::unique_ptr<SamplePage> page_ = std::make_unique<SamplePage>();
-  std::unique_ptr<qt::PageView> view_ = std::make_unique<qt::PageView>(*page_, page_->Layout());
-};
+using SampleView = PageTest<SamplePage>;
 
 }  // namespace kiv::test

@@ -90,6 +90,48 @@ TEST(Controls, ListsRaiseWhenTheSelectionChanges) {
   EXPECT_EQ(changes, 2);
 }
 
+TEST(Controls, AtMostOneOptionIsChosen) {
+  Page page;
+  OptionGroup<3> options(&page, "option");
+  std::string events;
+  options.Changed.Connect([&] { events += std::to_string(options.Index()); });
+  options[1].Changed.Connect([&] { events += options[1].Chosen() ? '+' : '-'; });
+  EXPECT_EQ(options.Index(), kNoSelection);
+  EXPECT_TRUE(options[0].IsTabStop());
+  options[1].Click();
+  options[1].Click();
+  EXPECT_TRUE(options[1].IsTabStop() && !options[0].IsTabStop());
+  options.SetIndex(2);
+  EXPECT_EQ(events, "+1-2");
+  EXPECT_EQ(page.FindControl("option(1)"), &options[1]);
+  options[0].SetEnabled(false);
+  options[0].Click();
+  EXPECT_EQ(options.Index(), 2);
+  EXPECT_THROW(options.SetIndex(3), Error);
+
+  options[2].Move(OptionButton::Direction::Forward);  // around the end, past the disabled one
+  EXPECT_EQ(options.Index(), 1);
+  EXPECT_TRUE(options[1].HasFocus());
+  options.Changed.Connect([&] {
+    page.box.SetFocus();
+    options.SetIndex(1);
+  });
+  options[1].Move(OptionButton::Direction::Back);
+  EXPECT_EQ(options.Index(), 1);
+  EXPECT_TRUE(page.box.HasFocus());  // a refusal leaves the focus where it sent it
+}
+
+TEST(Controls, AnAreaMayChangeWhatIsPasted) {
+  Page page;
+  TextArea area(&page, "area");
+  area.SetKeyFilter([](std::int16_t& key) { key = key == 'x' ? std::int16_t{0} : key; });
+  area.Type("ax\n");
+  area.Paste("1,x");
+  area.SetPasteFilter([](std::string_view text) { return "<" + std::string(text) + ">"; });
+  area.Paste("x");
+  EXPECT_EQ(area.Text(), "a\n1,x<x>");
+}
+
 TEST(Utf16, RoundTripsAndRepairs) {
   const std::string text = "aé€\U0001F600";
   EXPECT_EQ(ToUtf8(ToUtf16(text)), text);
