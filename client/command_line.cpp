@@ -46,7 +46,7 @@ struct Options {
 
 int Init(Program& program, const Options& options, std::ostream& out) {
   program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Create);
-  out << "The study database is ready: " << options.DatabasePath() << '\n';
+  out << "The study database is ready: " << program.Store().Database().Name() << '\n';
   return kOk;
 }
 
@@ -89,7 +89,8 @@ std::optional<int> RunCommandLine(int argc, const char* const* argv, WindowReque
   app.footer("Without a command the window opens. Exit codes: 0 done, 1 refused, 2 wrong usage.");
   app.fallthrough();
   app.add_option("--database", options.database,
-                 "Study database file (default: studies.db in your data folder)");
+                 "Study database: a file, or the address of a PostgreSQL database such as "
+                 "postgresql://user@server/database (default: studies.db in your data folder)");
 
   const auto addCommand = [&](const char* name, const char* description) {
     return app.add_subcommand(name, description);

@@ -15,6 +15,9 @@ std::string FailureText(const std::exception& failure) {
              "database.";
     case FailureCause::DiskFull:
       return "The disk of the study database is full. Make room on it, then try again.";
+    case FailureCause::ConnectionLost:
+      return "The connection to the study database was lost. Check the network, look whether your last "
+             "change was stored, then try again.";
     case FailureCause::Other: return failure.what();
   }
   return failure.what();

@@ -1,7 +1,11 @@
 #include "database/open.h"
 
+#include "database/open_postgres.h"
+#include "database/postgres_url.h"
 #include "database/schema.h"
+#include "database/sqlite_database.h"
 #include "database/sqlite_file.h"
+#include "database/sqlite_layout.h"
 #include "database/stored_functions.h"
 
 namespace kiv::database {
@@ -14,13 +18,11 @@ void RefuseUnsuitable(const FileFacts& facts, const std::string& utf8Path) {
   RefuseNewer(facts.userVersion, utf8Path);
 }
 
-}  // namespace
-
-std::shared_ptr<SqliteDatabase> OpenStudyDatabase(const std::string& utf8Path, OpenMode mode) {
+std::shared_ptr<SqlConnection> OpenStudyFile(const std::string& utf8Path, OpenMode mode) {
   // Before SQLite opens the file, which would already play back a journal.
   const FileFacts facts = InspectFile(utf8Path);
   RefuseUnsuitable(facts, utf8Path);
-  std::shared_ptr<SqliteDatabase> database = SqliteDatabase::Open(utf8Path, mode);
+  const std::shared_ptr<SqliteDatabase> database = SqliteDatabase::Open(utf8Path, mode);
   try {
     if (!database->ReadOnly()) {
       UpgradeSchema(*database);
@@ -32,6 +34,12 @@ std::shared_ptr<SqliteDatabase> OpenStudyDatabase(const std::string& utf8Path, O
     throw AsOpenError(error, utf8Path, facts.kind);
   }
   return database;
+}
+
+}  // namespace
+
+std::shared_ptr<SqlConnection> OpenStudyDatabase(const std::string& name, OpenMode mode) {
+  return IsPostgresUrl(name) ? OpenPostgresStudies(name, mode) : OpenStudyFile(name, mode);
 }
 
 }  // namespace kiv::database

@@ -3,13 +3,13 @@
 #include <memory>
 #include <string>
 
-#include "database/sqlite_database.h"
+#include "database/sql_connection.h"
 
 namespace kiv::database {
 
 /// Opens a study database, brings its tables up to date and gives it its stored functions; one that cannot be
-/// written is used as it is.
+/// written is used as it is. The name is a file, or the address of a PostgreSQL database (postgresql://...).
 /// Raises OpenError. No file but a study database is ever changed.
-std::shared_ptr<SqliteDatabase> OpenStudyDatabase(const std::string& utf8Path, OpenMode mode);
+std::shared_ptr<SqlConnection> OpenStudyDatabase(const std::string& name, OpenMode mode);
 
 }  // namespace kiv::database

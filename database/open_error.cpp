@@ -43,14 +43,26 @@ std::string Sentence(OpenProblem problem, const std::string& file, const std::st
       return "The file " + Quoted(file) + " is not a study database" + InBrackets(detail) +
              ". Nothing was changed; choose another file.";
     case OpenProblem::Foreign:
-      return "The file " + Quoted(file) +
-             " is a database of another program. Nothing was changed; choose another file.";
+      return Quoted(file) + " is a database of another program. Nothing was changed; choose another one.";
     case OpenProblem::Newer:
       return "The study database " + Quoted(file) + " was made by a newer version of kivstudy" +
              InBrackets(detail) + ". Nothing was changed; install that version to open it.";
     case OpenProblem::CannotCreate:
       return "The study database " + Quoted(file) + " cannot be created" + InBrackets(detail) +
              ". Choose a folder in which you may write.";
+    case OpenProblem::BadAddress:
+      return Quoted(file) +
+             " is not the address of a study database. Write it like this: "
+             "postgresql://user@server:5432/database";
+    case OpenProblem::Unreachable:
+      return "The server of the study database " + Quoted(file) + " cannot be used" + InBrackets(detail) +
+             ". Check the address, the user name and the password, then try again.";
+    case OpenProblem::NoTables:
+      return "The tables of the study database " + Quoted(file) + " cannot be made" + InBrackets(detail) +
+             ". Ask whoever runs the server.";
+    case OpenProblem::WithoutPostgres:
+      return "This program was built without PostgreSQL and cannot open " + Quoted(file) +
+             ". Use a database file.";
   }
   return {};
 }

@@ -16,14 +16,18 @@ enum class OpenProblem {
   Foreign,       ///< a database, but of another program
   Newer,         ///< made by a later version of this program
   CannotCreate,
+  BadAddress,       ///< no address of a server
+  Unreachable,      ///< the server does not answer, or lets nobody in
+  NoTables,         ///< this user may not make the tables
+  WithoutPostgres,  ///< the program was built without it
 };
 
-/// A study database that cannot be opened; the text is one message for the user that names the file and says
-/// what to do.
+/// A study database that cannot be opened; the text is one message for the user that names the database and
+/// says what to do.
 class OpenError : public host::DatabaseError {
  public:
   /// The detail, such as the system's reason, becomes part of the message where there is one.
-  OpenError(OpenProblem problem, const std::string& file, const std::string& detail = {});
+  OpenError(OpenProblem problem, const std::string& name, const std::string& detail = {});
 
   OpenProblem Problem() const { return problem_; }
 

@@ -1,18 +1,16 @@
 #include "database/schema.h"
 
 #include <span>
-#include <string>
 #include <string_view>
 
 #include "database/open_error.h"
+#include "database/schema_layout.h"
 #include "database/schema_steps.h"
 #include "database/transaction.h"
 
 namespace kiv::database {
 
 namespace {
-
-constexpr int kTimeoutSeconds = 60;
 
 void RunScript(Connection& connection, std::string_view script) {
   constexpr std::string_view kBlankLine = "\n\n";
@@ -23,56 +21,44 @@ void RunScript(Connection& connection, std::string_view script) {
   }
 }
 
-/// Whether some program has already put its tables or its mark into the database.
-bool IsTaken(Connection& connection) {
-  const auto rows = connection.OpenQuery(
-      "SELECT 1 FROM sqlite_schema UNION ALL SELECT 1 FROM pragma_application_id WHERE application_id <> 0",
-      kTimeoutSeconds);
-  return !rows->EndOfFile();
-}
-
 }  // namespace
 
 int NewestSchemaVersion() {
   return static_cast<int>(SqliteSchemaSteps().size());
 }
 
-int SchemaVersion(Connection& connection) {
-  const auto rows = connection.OpenQuery(
-      "SELECT user_version FROM pragma_user_version, pragma_application_id WHERE application_id = " +
-          std::to_string(kApplicationId),
-      kTimeoutSeconds);
-  return rows->EndOfFile() ? 0 : static_cast<int>(std::get<std::int64_t>(rows->FieldAt(0).Value()));
+int SchemaVersion(SqlConnection& connection) {
+  return connection.Layout().Version(connection);
 }
 
-void RefuseNewer(int version, const std::string& file) {
+void RefuseNewer(int version, const std::string& name) {
   if (version <= NewestSchemaVersion()) return;
-  throw OpenError(OpenProblem::Newer, file,
+  throw OpenError(OpenProblem::Newer, name,
                   "its layout is number " + std::to_string(version) + ", this program knows " +
                       std::to_string(NewestSchemaVersion()));
 }
 
-void UpgradeSchema(Connection& connection, int version) {
-  const std::span<const std::string_view> steps = SqliteSchemaSteps();
+void UpgradeSchema(SqlConnection& connection, int version) {
+  const SchemaLayout& layout = connection.Layout();
   if (version < 1 || version > NewestSchemaVersion()) {
     throw Error(ErrorNumber::InvalidArgument,
                 "There is no version " + std::to_string(version) + " of the database layout.");
   }
   // Usually there is nothing to do, and then nobody is kept from writing.
-  if (SchemaVersion(connection) == NewestSchemaVersion()) return;
+  if (layout.Version(connection) == NewestSchemaVersion()) return;
 
   Transaction transaction(connection);
+  layout.LockOutOthers(connection);
   // Asked again, because another program may have run the steps in the meantime.
-  const int present = SchemaVersion(connection);
-  if (present == 0 && IsTaken(connection)) throw OpenError(OpenProblem::Foreign, connection.Name());
+  const int present = layout.Version(connection);
+  if (present == 0 && layout.IsTaken(connection)) throw OpenError(OpenProblem::Foreign, connection.Name());
   RefuseNewer(present, connection.Name());
   if (present >= version) return;
-  for (const std::string_view step :
-       steps.subspan(static_cast<std::size_t>(present), static_cast<std::size_t>(version - present))) {
+  for (const std::string_view step : layout.Steps().subspan(static_cast<std::size_t>(present),
+                                                            static_cast<std::size_t>(version - present))) {
     RunScript(connection, step);
   }
-  connection.ExecuteSql("PRAGMA application_id = " + std::to_string(kApplicationId));
-  connection.ExecuteSql("PRAGMA user_version = " + std::to_string(version));
+  layout.SetVersion(connection, version);
   transaction.Commit();
 }
 

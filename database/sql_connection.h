@@ -11,6 +11,8 @@
 
 namespace kiv::database {
 
+class SchemaLayout;
+
 /// What the ready adapters do alike: SQL as host/sql_rendering writes it, the state of the transaction, and
 /// inserts that are sent together. Inside a transaction a single-row insert may wait for more of its kind; it
 /// is sent before anything else is run. When that fails, its error comes from the call that had it sent, and
@@ -30,8 +32,13 @@ class SqlConnection : public Connection {
   void Commit() final;
   void Rollback() final;
 
+  /// The study tables as this kind of database has them.
+  virtual const SchemaLayout& Layout() const = 0;
+
  protected:
   static constexpr int kNoTimeout = 0;
+
+  bool InTransaction() const { return inTransaction_; }
 
   /// Runs one statement with its parameters. Null when it has no columns.
   virtual std::shared_ptr<host::Recordset> Run(const std::string& sql, int timeoutSeconds,

@@ -10,6 +10,7 @@
 
 #include "database/row_buffer.h"
 #include "database/sqlite_file.h"
+#include "database/sqlite_layout.h"
 
 namespace kiv::database {
 
@@ -265,6 +266,11 @@ bool SqliteDatabase::TransactionIsSound() const {
 
 bool SqliteDatabase::ReadOnly() const {
   return sqlite3_db_readonly(handle_, "main") == 1;
+}
+
+const SchemaLayout& SqliteDatabase::Layout() const {
+  static const SqliteLayout layout;
+  return layout;
 }
 
 void SqliteDatabase::RegisterTextFunction(const std::string& name, TextFunction function) {

@@ -33,6 +33,7 @@ class SqliteDatabase : public SqlConnection {
 
   bool ReadOnly() const override;
   std::string Name() const override { return path_; }
+  const SchemaLayout& Layout() const override;
 
   /// Gives SQL and CallStoredFunction a function with one text argument (empty for NULL) under any name, dots
   /// included; a function of that name is replaced. What it raises fails the calling statement with the same

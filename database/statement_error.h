@@ -9,6 +9,7 @@ enum class FailureCause {
   Busy,      ///< another connection holds what the statement needs
   ReadOnly,  ///< the database cannot be written by this user
   DiskFull,
+  ConnectionLost,  ///< the server is gone, or the way to it
   Other
 };
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "database/transaction.h"
-#include "engine.h"
+#include "support/engine.h"
 
 namespace kiv::database {
 
@@ -33,7 +33,7 @@ void ExpectInvalidArgument(Call call, const std::string& textPart) {
 }
 
 /// What every database has to do alike.
-class ConnectionConformance : public testing::TestWithParam<Engine> {
+class ConnectionConformance : public testing::TestWithParam<test::Engine> {
  protected:
   void SetUp() override {
     connection_->ExecuteSql(
@@ -64,7 +64,7 @@ class ConnectionConformance : public testing::TestWithParam<Engine> {
   }
   std::vector<std::int64_t> Ids() { return Ids(*connection_); }
 
-  const std::unique_ptr<TestDatabase> database_ = GetParam().start();
+  const std::unique_ptr<test::TestDatabase> database_ = GetParam().start();
   const std::shared_ptr<Connection> connection_ = database_->Connect();
 };
 
@@ -345,7 +345,7 @@ TEST_P(ConnectionConformance, TimeOutEndsAnEndlessQuery) {
   EXPECT_EQ(connection_->OpenQuery("SELECT Id FROM Sample", 0)->RecordCount(), 1) << "0 is no limit";
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, ConnectionConformance, testing::Values(SqliteEngine()),
+INSTANTIATE_TEST_SUITE_P(Engines, ConnectionConformance, testing::ValuesIn(test::Engines()),
                          testing::PrintToStringParamName());
 
 }  // namespace

@@ -12,7 +12,6 @@
 #include <thread>
 
 #include "database/transaction.h"
-#include "engine.h"
 #include "temp_folder.h"
 
 namespace kiv::database {
@@ -30,27 +29,6 @@ constexpr int kTimeoutSeconds = 60;
 std::string Bracketed(const std::string& text) {
   return "[" + text + "]";
 }
-
-class SqliteTestDatabase : public TestDatabase {
- public:
-  std::shared_ptr<Connection> Connect() override {
-    return SqliteDatabase::Open(folder_.File("conformance.db"), OpenMode::CreateIfMissing);
-  }
-  void AddBracketFunction(Connection& connection, const std::string& name) override {
-    dynamic_cast<SqliteDatabase&>(connection).RegisterTextFunction(name, Bracketed);
-  }
-
- private:
-  TempFolder folder_;
-};
-
-}  // namespace
-
-Engine SqliteEngine() {
-  return {"Sqlite", [] { return std::make_unique<SqliteTestDatabase>(); }};
-}
-
-namespace {
 
 class SqliteDatabaseTest : public testing::Test {
  protected:

@@ -14,7 +14,9 @@
 
 #include "database/open.h"
 #include "database/schema.h"
+#include "database/sqlite_database.h"
 #include "database/sqlite_file.h"
+#include "database/sqlite_layout.h"
 #include "temp_folder.h"
 
 namespace kiv::database {
@@ -150,11 +152,11 @@ TEST_F(StudyDatabaseOpen, OtherContentIsNotTouched) {
     WriteFile(path, content);
     const OpenError error = Failure(path, OpenMode::CreateIfMissing);
     EXPECT_THAT(error.Problem(), testing::AnyOf(OpenProblem::NotADatabase, OpenProblem::Foreign));
-    EXPECT_THAT(error.what(), HasSubstr("choose another file"));
+    EXPECT_THAT(error.what(), HasSubstr("choose another"));
     EXPECT_TRUE(ReadFile(path) == content);
   }
   ASSERT_EQ(mkfifo(folder_.File("pipe").c_str(), 0666), 0);
-  ExpectProblem(OpenProblem::NotADatabase, folder_.File("pipe"), "choose another file");
+  ExpectProblem(OpenProblem::NotADatabase, folder_.File("pipe"), "choose another");
 }
 
 TEST_F(StudyDatabaseOpen, DamagedDatabaseIsTold) {

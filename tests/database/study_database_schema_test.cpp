@@ -10,7 +10,7 @@
 
 #include "database/open.h"
 #include "database/schema.h"
-#include "temp_folder.h"
+#include "support/engine.h"
 
 namespace kiv::database {
 
@@ -22,11 +22,9 @@ constexpr const char* kInsertStudy =
     "'me', "
     "'2001-01-01T00:00:00') RETURNING id";
 
-class StudyDatabaseSchema : public testing::Test {
+/// The study tables have to be the same in every kind of database.
+class StudyDatabaseSchema : public testing::TestWithParam<test::Engine> {
  protected:
-  std::shared_ptr<SqliteDatabase> Empty(const std::string& name) {
-    return SqliteDatabase::Open(folder_.File(name), OpenMode::CreateIfMissing);
-  }
   static Variant ValueOf(Connection& connection, const std::string& query) {
     return connection.OpenQuery(query, kTimeoutSeconds)->FieldAt(0);
   }
@@ -36,19 +34,18 @@ class StudyDatabaseSchema : public testing::Test {
     connection.ExecuteSql("INSERT INTO KIV_HomStudy (Id, Path, HomMode, Hard) VALUES (1, '/data', 2, 'Y')");
   }
 
-  const TempFolder folder_;
+  const std::unique_ptr<test::TestDatabase> server_ = GetParam().start();
 };
 
-TEST_F(StudyDatabaseSchema, OlderLayoutIsUpgradedWithItsRows) {
-  const std::string path = folder_.File("old.db");
-  const auto old = Empty("old.db");
+TEST_P(StudyDatabaseSchema, OlderLayoutIsUpgradedWithItsRows) {
+  const auto old = server_->Connect();
   EXPECT_EQ(SchemaVersion(*old), 0);
   UpgradeSchema(*old, 1);
   EXPECT_EQ(SchemaVersion(*old), 1);
   EXPECT_FALSE(old->ColumnExists("KIV_HomStudy", "CollectData"));
   AddStudy(*old);
 
-  const auto database = OpenStudyDatabase(path, OpenMode::MustExist);
+  const auto database = OpenStudyDatabase(server_->Name(), OpenMode::MustExist);
   EXPECT_EQ(SchemaVersion(*database), NewestSchemaVersion());
   const auto row = database->OpenQuery("SELECT * FROM KIV_HomStudy", kTimeoutSeconds);
   EXPECT_EQ(row->Field("path"), Variant("/data"));
@@ -61,8 +58,8 @@ TEST_F(StudyDatabaseSchema, OlderLayoutIsUpgradedWithItsRows) {
   EXPECT_THROW(UpgradeSchema(*database, NewestSchemaVersion() + 1), Error);
 }
 
-TEST_F(StudyDatabaseSchema, TablesKeepTheirRules) {
-  const auto database = OpenStudyDatabase(folder_.File("studies.db"), OpenMode::CreateIfMissing);
+TEST_P(StudyDatabaseSchema, TablesKeepTheirRules) {
+  const auto database = OpenStudyDatabase(server_->Name(), OpenMode::CreateIfMissing);
   AddStudy(*database);
   EXPECT_EQ(ValueOf(*database, "SELECT revision FROM kiv_study"), Variant(1));
   for (const char* sql : {"INSERT INTO kiv_scenario (name) VALUES ('DRIVE test')", "DELETE FROM kiv_scenario",
@@ -74,8 +71,8 @@ TEST_F(StudyDatabaseSchema, TablesKeepTheirRules) {
   EXPECT_EQ(ValueOf(*database, kInsertStudy), Variant(2)) << "a number is never given twice";
 }
 
-TEST_F(StudyDatabaseSchema, FailingStepLeavesTheOldLayout) {
-  const auto database = Empty("odd.db");
+TEST_P(StudyDatabaseSchema, FailingStepLeavesTheOldLayout) {
+  const auto database = server_->Connect();
   UpgradeSchema(*database, 1);
   AddStudy(*database);
   database->ExecuteSql("ALTER TABLE KIV_HomStudy ADD COLUMN CurStdPath TEXT");
@@ -85,23 +82,23 @@ TEST_F(StudyDatabaseSchema, FailingStepLeavesTheOldLayout) {
   EXPECT_NO_THROW(database->ExecuteSql("DELETE FROM kiv_study")) << "no transaction is left open";
 }
 
-TEST_F(StudyDatabaseSchema, ManyMayOpenAtOnce) {
+TEST_P(StudyDatabaseSchema, ManyMayOpenAtOnce) {
   constexpr int kRounds = 10;
   constexpr int kPrograms = 4;
   for (int round = 0; round < kRounds; ++round) {
-    const std::string name = std::to_string(round) + ".db";
-    // Every other round starts with no file at all.
-    if (round % 2 == 0) UpgradeSchema(*Empty(name), 1);
+    const auto server = GetParam().start();
+    // Every other round starts with nothing at all.
+    if (round % 2 == 0) UpgradeSchema(*server->Connect(), 1);
     std::atomic<int> ready = 0;
     std::vector<std::string> failures(kPrograms);
     std::vector<std::thread> programs;
     programs.reserve(kPrograms);
     for (std::string& failure : failures) {
-      programs.emplace_back([&failure, &ready, path = folder_.File(name)] {
+      programs.emplace_back([&failure, &ready, name = server->Name()] {
         ++ready;
         while (ready < kPrograms) std::this_thread::yield();
         try {
-          const auto database = OpenStudyDatabase(path, OpenMode::CreateIfMissing);
+          const auto database = OpenStudyDatabase(name, OpenMode::CreateIfMissing);
           if (SchemaVersion(*database) != NewestSchemaVersion()) failure = "wrong version";
         } catch (const std::exception& error) {
           failure = error.what();
@@ -112,6 +109,9 @@ TEST_F(StudyDatabaseSchema, ManyMayOpenAtOnce) {
     EXPECT_EQ(failures, std::vector<std::string>(kPrograms)) << "round " << round;
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, StudyDatabaseSchema, testing::ValuesIn(test::Engines()),
+                         testing::PrintToStringParamName());
 
 }  // namespace
 
