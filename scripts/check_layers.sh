@@ -30,7 +30,7 @@ while IFS=: read -r folder allowed; do
 done <<<"$rules"
 
 # The library itself is standard C++: no toolkit, no database.
-if grep -rnE '#include <(Q|sqlite3|windows)' base host ui core editor hom plm | grep -v _windows.cpp; then
+if grep -rnE '#include <(Q|sqlite3|libpq|windows)' base host ui core editor hom plm | grep -v _windows.cpp; then
   echo "The library may include standard headers only." >&2
   failed=1
 fi

@@ -4,11 +4,11 @@ set -euo pipefail
 
 packages=(
   # build
-  cmake ninja-build g++ libsqlite3-dev qt6-base-dev libcli11-dev nlohmann-json3-dev
+  cmake ninja-build g++ libsqlite3-dev libpq-dev qt6-base-dev libcli11-dev nlohmann-json3-dev
   # the program on a desktop
   fonts-dejavu-core
-  # tests and checks
-  libgtest-dev libgmock-dev clang-format
+  # tests and checks; their PostgreSQL servers are started and stopped by themselves
+  libgtest-dev libgmock-dev clang-format postgresql-15
   # the demonstration and the benchmarks
   sqlite3
 )

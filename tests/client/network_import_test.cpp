@@ -83,7 +83,7 @@ class NetworkImport : public ::testing::Test {
 
   test::TempFolder temp_;
   std::string folder_ = temp_.File("network");
-  std::shared_ptr<database::SqliteDatabase> database_;
+  std::shared_ptr<database::SqlConnection> database_;
 };
 
 TEST_F(NetworkImport, TheSampleIsTheOutputOfTheMakerAndIsImported) {

@@ -2,13 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "client/study_session.h"
 #include "core/study_kinds.h"
-#include "database/open.h"
 #include "database/schema.h"
 #include "hom/detail_tab.h"
 #include "hom/general_tab.h"
 #include "hom/hom_studies.h"
+#include "support/engine.h"
 #include "support/fake_host.h"
 #include "support/temp_folder.h"
 
@@ -17,13 +19,12 @@ namespace {
 
 enum class Layout { Earlier, Newest };
 
-/// The program's store on a real file, with the rest of the host faked.
-class Store : public ::testing::TestWithParam<Layout> {
+/// The program's store on a real database, with the rest of the host faked.
+class Store : public ::testing::TestWithParam<std::tuple<test::Engine, Layout>> {
  protected:
   Store() {
     RegisterHomStudies();
-    connection_ = Open();
-    if (GetParam() == Layout::Earlier) {
+    if (std::get<Layout>(GetParam()) == Layout::Earlier) {
       database::UpgradeSchema(*connection_, 1);
     } else {
       database::UpgradeSchema(*connection_);
@@ -32,9 +33,6 @@ class Store : public ::testing::TestWithParam<Layout> {
     scenario_ = store_->AddScenario("Down'town");
   }
 
-  std::shared_ptr<database::SqliteDatabase> Open() {
-    return database::SqliteDatabase::Open(folder_.File("studies.db"), database::OpenMode::CreateIfMissing);
-  }
   void Install(std::shared_ptr<database::Connection> connection) {
     MSQL::ReleaseDatabase();
     host::Services services = host::InstalledServices();
@@ -68,15 +66,21 @@ class Store : public ::testing::TestWithParam<Layout> {
   test::FakeHost host_;
   test::TempFolder folder_;
   std::shared_ptr<ErrorLog> errors_ = std::make_shared<ErrorLog>();
-  std::shared_ptr<database::SqliteDatabase> connection_;
+  const std::unique_ptr<test::TestDatabase> database_ = std::get<test::Engine>(GetParam()).start();
+  const std::shared_ptr<database::SqlConnection> connection_ = database_->Connect();
   std::unique_ptr<StudyStore> store_;
   std::int32_t scenario_ = 0;
 };
 
-INSTANTIATE_TEST_SUITE_P(Layouts, Store, ::testing::Values(Layout::Earlier, Layout::Newest),
-                         [](const auto& layout) {
-                           return layout.param == Layout::Earlier ? "EarlierLayout" : "NewestLayout";
-                         });
+std::string NameOf(const ::testing::TestParamInfo<Store::ParamType>& parameter) {
+  const auto& [engine, layout] = parameter.param;
+  return engine.name + (layout == Layout::Earlier ? "EarlierLayout" : "NewestLayout");
+}
+
+INSTANTIATE_TEST_SUITE_P(Layouts, Store,
+                         ::testing::Combine(::testing::ValuesIn(test::Engines()),
+                                            ::testing::Values(Layout::Earlier, Layout::Newest)),
+                         NameOf);
 
 TEST_P(Store, AStudyIsStoredReopenedAndChanged) {
   const auto session = NewSession();
@@ -118,8 +122,7 @@ TEST_P(Store, ARefusedTabStoresNothing) {
 
 TEST_P(Store, AFailedSaveLeavesNothingBehindAndKeepsTheInput) {
   const auto session = NewSession();
-  connection_->ExecuteSql(
-      "CREATE TRIGGER broken BEFORE INSERT ON KIV_HomStudy BEGIN SELECT raise(ABORT, 'disk on fire'); END");
+  database_->BreakInserts(*connection_, "KIV_HomStudy", "disk on fire");
   try {
     session->Save("ann");
     FAIL() << "stored on a broken table";
@@ -130,7 +133,7 @@ TEST_P(Store, AFailedSaveLeavesNothingBehindAndKeepsTheInput) {
   EXPECT_TRUE(session->IsNew());
   EXPECT_EQ(session->ID(), 0);
   EXPECT_TRUE(session->Modified());
-  connection_->ExecuteSql("DROP TRIGGER broken");
+  database_->MendInserts(*connection_, "KIV_HomStudy");
   EXPECT_TRUE(session->Save("ann"));
   EXPECT_EQ(store_->List().size(), 1U);
 }
