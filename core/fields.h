@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,11 +25,17 @@ enum class FieldRole {
 /// What an unset number of a Nullable field reads in the record.
 inline constexpr std::int32_t kUnsetNumber = -1;
 
+/// Where a value lives that is no member of its own, such as an element of an array.
+template <class Record, class Value>
+struct ElementOf {
+  std::function<Value&(Record&)> place;
+};
+
 /// One field of a record: its column, where its value lives, and how it is stored.
 template <class Record>
 struct RecordField {
   std::string_view name;
-  std::variant<std::int32_t Record::*, std::string Record::*> member;
+  std::variant<std::int32_t Record::*, std::string Record::*, ElementOf<Record, std::string>> member;
   FieldRole role = FieldRole::Stored;
   std::string_view whenAbsent = {};  ///< text of an optional field that the database lacks
 
@@ -37,15 +44,21 @@ struct RecordField {
       const bool unset = role == FieldRole::Nullable && record.*(*number) == kUnsetNumber;
       return unset ? Variant() : Variant(record.*(*number));
     }
-    return Variant(record.*std::get<1>(member));
+    return Variant(TextOf(const_cast<Record&>(record)));  // only read
   }
   void Set(Record& record, const Variant& value) const {
     if (const auto* number = std::get_if<0>(&member)) {
       const bool unset = role == FieldRole::Nullable && value.IsNull();
       record.*(*number) = unset ? kUnsetNumber : ToInt32(value);
     } else {
-      record.*std::get<1>(member) = ToText(value);
+      TextOf(record) = ToText(value);
     }
+  }
+
+ private:
+  std::string& TextOf(Record& record) const {
+    const auto* text = std::get_if<1>(&member);
+    return text ? record.*(*text) : std::get<2>(member).place(record);
   }
 };
 

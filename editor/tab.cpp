@@ -36,6 +36,13 @@ void Tab::LoadData(const Variant& study, const std::string&, std::shared_ptr<hos
   TakeSubRecord(*record);
   editor_ = std::move(editor);
   study_ = std::move(record);
+  tabShow_ = {};
+  if (editor_) {
+    tabShow_ = editor_->notifications.cdtnNotify_TabShow.Connect([this](const std::string& tabName) {
+      const FlagGuard showing(loading_);
+      if (tabName == Name()) TabShown();
+    });
+  }
   if (study_->IsNew()) {
     ShowNewStudy();
   } else {

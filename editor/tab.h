@@ -9,6 +9,7 @@
 #include "core/study_data.h"
 #include "editor/check_list.h"
 #include "editor/dyna_tab_control.h"
+#include "editor/flag_guard.h"
 #include "ui/control.h"
 #include "ui/layout.h"
 
@@ -64,6 +65,8 @@ class Tab : public ui::Container, public IDynaTabControl {
   virtual void TakeSubRecord(const CKivStudyData& study) = 0;
   virtual void ShowNewStudy() = 0;
   virtual void ShowStoredStudy() = 0;
+  /// The user came to this tab; what another tab changed can be shown now.
+  virtual void TabShown() {}
 
   /// While it lives, nothing is reported as a change: the tab fills its controls.
   FlagGuard HoldReports() { return FlagGuard(loading_); }
@@ -100,6 +103,7 @@ class Tab : public ui::Container, public IDynaTabControl {
   std::vector<RememberedValue> remembered_;
   std::shared_ptr<host::EditorContext> editor_;
   std::shared_ptr<CKivStudyData> study_;
+  ScopedConnection tabShow_;
   bool loading_ = false;
 };
 

@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "core/conversions.h"
-#include "core/msql.h"
 #include "core/study_data.h"
 #include "core/study_kinds.h"
+#include "core/study_row.h"
 
 namespace kiv {
 
@@ -90,40 +90,15 @@ namespace MSQL {
 
 namespace {
 
-constexpr std::string_view kTable = "KIV_HomStudy";
+constexpr StudyTable kTable = {kHomStudy, "KIV_HomStudy"};
 
 }  // namespace
 
-void LoadHomData(std::int32_t id, CKivHomData& record) {
-  const std::string table(kTable);
-  const auto rows = OpenStudyRow("SELECT * FROM " + table + " WHERE Id = " + std::to_string(id), kHomStudy,
-                                 "LoadHomData", "Unable to load study types data from " + table);
-  if (!rows) return;
-  if (rows->RecordCount() > 0) {
-    const auto fields = CKivHomData::Fields();
-    LoadFields(record, *rows, fields, FindOptionalFields(Database(), kTable, fields));
-    record.SetID(id);
-  }
-  rows->Close();
-}
+void LoadHomData(std::int32_t id, CKivHomData& record) { LoadStudyRow(kTable, "LoadHomData", id, record); }
 
-bool InsertHomData(const CKivHomData& record) {
-  return TrapErrors(kHomStudy, "InsertHomData", [&record](host::Database& database) {
-    const auto fields = CKivHomData::Fields();
-    const auto optional = FindOptionalFields(database, kTable, fields);
-    const auto values = ColumnValues(record, fields, optional, KeyField::Include);
-    database.ExecuteSql(sql::InsertStatement(database, kTable, values));
-  });
-}
+bool InsertHomData(const CKivHomData& record) { return InsertStudyRow(kTable, "InsertHomData", record); }
 
-bool UpdateHomData(const CKivHomData& record) {
-  return TrapErrors(kHomStudy, "UpdateHomData", [&record](host::Database& database) {
-    const auto fields = CKivHomData::Fields();
-    const auto optional = FindOptionalFields(database, kTable, fields);
-    const auto values = ColumnValues(record, fields, optional, KeyField::LeaveOut);
-    database.ExecuteSql(sql::UpdateStatement(database, kTable, values, record.ID()));
-  });
-}
+bool UpdateHomData(const CKivHomData& record) { return UpdateStudyRow(kTable, "UpdateHomData", record); }
 
 }  // namespace MSQL
 

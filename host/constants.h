@@ -17,6 +17,9 @@ inline constexpr const char* kPlmFilename = "PlmFilename";
 inline constexpr const char* kPlmDuration = "PlmDuration";
 inline constexpr const char* kPlmTag = "PlmTag";
 inline constexpr const char* kPlmRetrieveDelay = "PlmRetrieveDelay";
+inline constexpr const char* kVcsFilename = "VcsFilename";
+inline constexpr const char* kVcsDuration = "VcsDuration";
+inline constexpr const char* kVcsRetrieveDelay = "VcsRetrieveDelay";
 }  // namespace remembered
 
 /// General setting: the pattern of a directory number, `#` for a digit.

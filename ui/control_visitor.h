@@ -3,6 +3,8 @@
 #include "ui/buttons.h"
 #include "ui/combo_box.h"
 #include "ui/label.h"
+#include "ui/list_view.h"
+#include "ui/masked_edit.h"
 #include "ui/option_button.h"
 #include "ui/text_box.h"
 
@@ -21,6 +23,8 @@ class ControlVisitor {
   virtual void Visit(Button& control) = 0;
   virtual void Visit(Label& control) = 0;
   virtual void Visit(Frame& control) = 0;
+  virtual void Visit(ListView& control) = 0;
+  virtual void Visit(MaskedEdit& control) = 0;
 };
 
 }  // namespace kiv::ui

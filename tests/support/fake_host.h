@@ -118,6 +118,17 @@ struct FakeBeeper : host::Beeper {
   void Beep() override { ++beeps; }
 };
 
+struct FakeDragSource : host::DragSource {
+  std::vector<host::DraggedNode> nodes;
+  std::vector<std::string> formats;
+
+  std::vector<host::DraggedNode> DraggedNodes() const override { return nodes; }
+  std::uint16_t RegisterFormat(const std::string& name) override {
+    formats.push_back(name);
+    return 49161;
+  }
+};
+
 struct FakeEditor : host::EditorContext {
   std::vector<std::string> changes;
   std::vector<std::string> broughtForward;
@@ -138,6 +149,7 @@ struct FakeHost {
   std::shared_ptr<FakeDocuments> documents = std::make_shared<FakeDocuments>();
   std::shared_ptr<FakeFolderChooser> folders = std::make_shared<FakeFolderChooser>();
   std::shared_ptr<FakeBeeper> beeper = std::make_shared<FakeBeeper>();
+  std::shared_ptr<FakeDragSource> dragSource = std::make_shared<FakeDragSource>();
   std::shared_ptr<FakeEditor> editor = std::make_shared<FakeEditor>();
 
   FakeHost() {
@@ -150,7 +162,7 @@ struct FakeHost {
                            .fileNameRules = std::make_shared<FakeFileNameRules>(),
                            .folderChooser = folders,
                            .beeper = beeper,
-                           .dragSource = nullptr});
+                           .dragSource = dragSource});
   }
   FakeHost(const FakeHost&) = delete;
   FakeHost& operator=(const FakeHost&) = delete;

@@ -1,0 +1,216 @@
+#include "core/entity_lists.h"
+
+#include <array>
+#include <exception>
+#include <initializer_list>
+#include <span>
+#include <string_view>
+
+#include "core/conversions.h"
+#include "core/fields.h"
+#include "core/msql.h"
+#include "host/services.h"
+
+namespace kiv::MSQL {
+
+namespace {
+
+constexpr std::string_view kCellList = "KIV_Cell_List";
+constexpr std::string_view kAntennaList = "KIV_Antenna_List";
+constexpr std::string_view kCarrierList = "KIV_Carrier_List";
+constexpr std::string_view kEcpList = "KIV_Ecp_List";
+
+// Columns of the list tables.
+constexpr std::string_view kListId = "kiv_list_id";
+constexpr std::string_view kInstanceId = "InstanceId";
+constexpr std::string_view kSystemId = "SystemId";
+constexpr std::string_view kEcpId = "EcpId";
+constexpr std::string_view kCellId = "CellId";
+constexpr std::string_view kAntennaId = "AntennaId";
+constexpr std::string_view kCarrierId = "CarrierId";
+constexpr std::string_view kSelected = "Selected";
+
+void DeleteList(std::string_view table, std::int32_t listId) {
+  Database().ExecuteSql("Delete From " + std::string(table) + " Where KIV_List_ID=" + std::to_string(listId));
+}
+
+/// A row that cannot be written is reported; the caller goes on with the next one.
+bool InsertRow(std::string_view table, std::initializer_list<host::Assignment> values) {
+  try {
+    host::Database& database = Database();
+    database.ExecuteSql(sql::InsertStatement(database, table, std::span(values.begin(), values.size())));
+    return true;
+  } catch (const std::exception&) {
+    host::TheErrorReporter().ReportError();
+    return false;
+  }
+}
+
+/// The current row of a result set; its fields are looked up by name once.
+class RowReader {
+ public:
+  RowReader(const host::Recordset& rows, std::initializer_list<std::string_view> names) : rows_(rows) {
+    std::size_t count = 0;
+    for (const std::string_view name : names) indexes_.at(count++) = rows.FieldIndex(name);
+  }
+  Variant Value(std::size_t field) const { return rows_.FieldAt(indexes_[field]); }
+  std::int32_t Number(std::size_t field) const { return ToInt32(Value(field)); }
+  std::string Text(std::size_t field) const { return ToText(Value(field)); }
+
+ private:
+  const host::Recordset& rows_;
+  std::array<int, 7> indexes_{};
+};
+
+/// Runs a query and gives each of its rows, with these fields in this order, to a function.
+template <class TakeRow>
+void ForEachRow(const std::string& sql, std::initializer_list<std::string_view> names,
+                const TakeRow& takeRow) {
+  const auto rows = OpenQuery(sql);
+  if (!rows || rows->RecordCount() <= 0) return;
+  const RowReader row(*rows, names);
+  for (; !rows->EndOfFile(); rows->MoveNext()) takeRow(row);
+}
+
+std::string CellListQuery(std::string_view table, std::int32_t listId, const CCell& cell,
+                          std::string_view orderBy) {
+  return "SELECT * FROM " + std::string(table) + " WHERE KIV_List_Id = " + std::to_string(listId) +
+         " AND CellId = " + std::to_string(cell.CellID()) + " ORDER BY " + std::string(orderBy);
+}
+
+}  // namespace
+
+void DeleteAntennaList(std::int32_t listId) {
+  DeleteList(kAntennaList, listId);
+}
+
+void DeleteCarrierList(std::int32_t listId) {
+  DeleteList(kCarrierList, listId);
+}
+
+void DeleteCellList(std::int32_t listId) {
+  DeleteAntennaList(listId);
+  DeleteCarrierList(listId);
+  DeleteList(kCellList, listId);
+}
+
+void DeleteEcpList(std::int32_t listId) {
+  DeleteList(kEcpList, listId);
+}
+
+bool InsertCellRow(std::int32_t listId, std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,
+                   std::int32_t cellId) {
+  return InsertRow(kCellList, {{kListId, listId},
+                        {kInstanceId, instanceId},
+                        {kSystemId, systemId},
+                        {kEcpId, ecpId},
+                        {kCellId, cellId}});
+}
+
+bool InsertAntennaRow(std::int32_t listId, std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,
+                      std::int32_t cellId, std::int32_t antennaId, const std::string& selected) {
+  return InsertRow(kAntennaList, {{kListId, listId},
+                           {kInstanceId, instanceId},
+                           {kSystemId, systemId},
+                           {kEcpId, ecpId},
+                           {kCellId, cellId},
+                           {kAntennaId, antennaId},
+                           {kSelected, selected}});
+}
+
+bool InsertCarrierRow(std::int32_t listId, std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,
+                      std::int32_t cellId, std::int32_t carrierId, const std::string& selected) {
+  return InsertRow(kCarrierList, {{kListId, listId},
+                           {kInstanceId, instanceId},
+                           {kSystemId, systemId},
+                           {kEcpId, ecpId},
+                           {kCellId, cellId},
+                           {kCarrierId, carrierId},
+                           {kSelected, selected}});
+}
+
+bool InsertEcpRow(std::int32_t listId, std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId) {
+  return InsertRow(kEcpList, {{kListId, listId}, {kInstanceId, instanceId}, {kSystemId, systemId}, {kEcpId, ecpId}});
+}
+
+void LoadCellList(std::int32_t listId, const CellTaker& addCell) {
+  ForEachRow("SELECT * FROM " + std::string(kCellList) + " WHERE KIV_List_Id = " + std::to_string(listId) +
+                 " ORDER BY SystemId, EcpId, CellId",
+             {kInstanceId, kSystemId, kEcpId, kCellId}, [&addCell](const RowReader& row) {
+               addCell(row.Number(0), row.Number(1), row.Number(2), row.Number(3));
+             });
+}
+
+void LoadEcpList(std::int32_t listId, const EcpTaker& addEcp) {
+  ForEachRow("SELECT * FROM " + std::string(kEcpList) + " WHERE kiv_list_id = " + std::to_string(listId),
+             {kInstanceId, kSystemId, kEcpId},
+             [&addEcp](const RowReader& row) { addEcp(row.Number(0), row.Number(1), row.Number(2)); });
+}
+
+void LoadAntennaList(std::int32_t listId, const EntityCollection& cells) {
+  const host::Database& database = Database();
+  for (const auto& entity : cells) {
+    CCell& cell = AsCell(entity);
+    ForEachRow(CellListQuery(kAntennaList, listId, cell, kAntennaId),
+               {kInstanceId, kSystemId, kEcpId, kCellId, kAntennaId, kSelected}, [&](const RowReader& row) {
+                 cell.AddAntenna(row.Number(0), row.Number(1), row.Number(2), row.Number(3), row.Number(4),
+                                 database.FieldToBoolean(row.Value(5)));
+               });
+  }
+}
+
+void LoadCarrierList(std::int32_t listId, const EntityCollection& cells) {
+  const host::Database& database = Database();
+  for (const auto& entity : cells) {
+    CCell& cell = AsCell(entity);
+    ForEachRow(CellListQuery(kCarrierList, listId, cell, kCarrierId),
+               {kInstanceId, kSystemId, kEcpId, kCellId, kCarrierId, kSelected}, [&](const RowReader& row) {
+                 cell.AddCarrier(row.Number(0), row.Text(1), row.Text(2), row.Text(3), row.Text(4),
+                                 database.FieldToBoolean(row.Value(5)));
+               });
+  }
+}
+
+std::int32_t GetParentInstanceId(const std::string& fullKey) {
+  const auto rows =
+      OpenQuery("select * from vzn_instance_context where context_id=2 and fullkey='" + fullKey + "'");
+  if (!rows || rows->RecordCount() <= 0) return 0;
+  const std::int32_t instanceId = ToInt32(rows->Field("ParentInstance_Id"));
+  rows->Close();
+  return instanceId;
+}
+
+std::string FindCellTech(std::int32_t instanceId) {
+  return Database().CallStoredFunction("lucent_generic.find_cell_tech", std::to_string(instanceId));
+}
+
+void LookupConfigAntennas(CCell& cell) {
+  ForEachRow("SELECT Instance_Id, rfpi FROM luc_cfg_ceqsu2 WHERE dsetup='y' AND system_id=" +
+                 std::to_string(cell.SystemID()) + " AND ecp=" + std::to_string(cell.EcpID()) +
+                 " AND cell=" + std::to_string(cell.CellID()) + " ORDER BY rfpi",
+             {"Instance_Id", "rfpi"}, [&cell](const RowReader& row) {
+               cell.AddAntenna(row.Number(0), cell.SystemID(), cell.EcpID(), cell.CellID(), row.Number(1),
+                               false);
+             });
+}
+
+void LookupConfigCarriers(CCell& cell) {
+  const std::string systemId = std::to_string(cell.SystemID());
+  const std::string ecpId = std::to_string(cell.EcpID());
+  const std::string cellId = std::to_string(cell.CellID());
+  const auto addCarrier = [&](const RowReader& row) {
+    cell.AddCarrier(0, systemId, ecpId, cellId, row.Text(0), false);
+  };
+  ForEachRow("SELECT cdma_carr_id FROM luc_cfg_cdma_car_chans WHERE system_id=" + systemId +
+                 " AND ecp=" + ecpId + " AND cell=" + cellId + " ORDER BY keyid",
+             {"cdma_carr_id"}, addCarrier);
+  if (Required(cell.Carriers()).Count() > 0) return;
+  // A cell without channels of its own has the carriers of its CGSA.
+  ForEachRow(
+      "SELECT a.carrier_no FROM luc_cfg_cgsa_cdma_cars a, luc_cfg_cgsa_cell_list b"
+      " WHERE a.system_id = b.system_id AND a.ecp=b.ecp AND a.cgsano=b.cgsano AND b.cell=" +
+          cellId + " AND b.system_id=" + systemId + " AND b.ecp=" + ecpId,
+      {"carrier_no"}, addCarrier);
+}
+
+}  // namespace kiv::MSQL

@@ -1,0 +1,70 @@
+#include "editor/dn_box.h"
+
+#include <utility>
+
+#include "base/utf16.h"
+#include "core/kiv_study_ctls.h"
+#include "editor/flag_guard.h"
+#include "host/constants.h"
+#include "host/services.h"
+
+namespace kiv {
+
+namespace {
+
+std::string HostMask() {
+  return host::TheSettings().General(host::kPhoneNumberMask);
+}
+
+}  // namespace
+
+XDnBox::XDnBox(ui::Container* parent, std::string name)
+    : Container(parent, std::move(name)), edit(this, Name() + ".edit") {
+  edit.Changed.Connect([this] {
+    if (!rewriting_) Changed.Raise();
+  });
+  edit.FocusLost.Connect([this] { InitCtl(Text()); });
+  settingsChanged_ = host::TheSettings().appGeneralState_StateChange.Connect([this] { InitCtl(Text()); });
+}
+
+std::string XDnBox::Text() const {
+  return edit.ClipText();
+}
+
+void XDnBox::InitCtl(const std::string& dn) {
+  const std::string mask = HostMask();
+  const bool tooLong = CharacterCount(dn) > ui::MaskedEdit::DigitPlaces(mask);
+  Show(tooLong ? std::string() : mask, dn);
+}
+
+void XDnBox::Show(const std::string& mask, const std::string& text) {
+  const FlagGuard rewriting(rewriting_);
+  edit.SetMask({});
+  edit.SetText({});
+  edit.SetMask(mask);
+  edit.SetText(text);
+}
+
+std::string XDnBox::Problem() const {
+  const std::string& dn = edit.ClipText();
+  if (!Enabled() || edit.Text().empty()) return {};
+  const std::string mask = HostMask();
+  if (!mask.empty()) {
+    const std::size_t entered = CharacterCount(dn);
+    if (entered == 0 || entered == ui::MaskedEdit::DigitPlaces(mask)) return {};
+    return "Number of digits in DN doesn't match mask.";
+  }
+  using namespace MKivStudyCtls;
+  const bool onlyDigits = FindCharInSet(1, dn, "1234567890", CharSearch::NotInSet, Comparison::Exact) == 0;
+  return onlyDigits ? std::string() : "Value for DN may contain only digits.";
+}
+
+bool XDnBox::IsValid(const std::string& title) {
+  const std::string problem = Problem();
+  if (problem.empty()) return true;
+  host::TheMessageBox().Show(problem, host::MessageStyle::Critical, title);
+  edit.SetFocus();
+  return false;
+}
+
+}  // namespace kiv

@@ -1,0 +1,115 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ui/control.h"
+
+namespace kiv::ui {
+
+enum class Alignment { Left, Right };
+enum class SortDirection { Ascending, Descending };
+
+struct ListColumn {
+  std::string caption;
+  int width = 10;  ///< characters
+  Alignment alignment = Alignment::Left;
+  /// Numbers are sorted by value, texts by their characters.
+  enum class Content { Text, Number } content = Content::Text;
+};
+
+/// Where a list view reads its rows when it shows or sorts them. The list keeps no copy.
+class ListRows {
+ public:
+  virtual ~ListRows() = default;
+
+  virtual std::size_t Count() const = 0;
+  virtual std::string Text(std::size_t row, std::size_t column) const = 0;
+  /// Value in a column of numbers.
+  virtual std::int64_t Number(std::size_t row, std::size_t column) const = 0;
+  virtual bool Checked(std::size_t row) const = 0;
+};
+
+/// What is being dragged over a list: the numbers of the formats that it is offered in.
+struct DragData {
+  std::vector<std::uint16_t> formats;
+};
+
+/// Rows with column headers. A row has its number in the source and its position on the screen, which differ
+/// once the list is sorted.
+class ListView : public Control {
+ public:
+  using Control::Control;
+
+  const std::vector<ListColumn>& Columns() const { return columns_; }
+  void SetColumns(std::vector<ListColumn> columns);
+
+  /// Shows other rows, or the same ones after they changed; nothing is selected afterwards.
+  void SetRows(std::shared_ptr<const ListRows> rows);
+  std::size_t RowCount() const { return rows_ ? rows_->Count() : 0; }
+  /// Number of the row at a position.
+  std::size_t RowAt(std::size_t position) const { return order_.empty() ? position : order_[position]; }
+  std::string Text(std::size_t position, std::size_t column) const;
+  bool Checked(std::size_t position) const;
+
+  /// kUnsorted: the rows stand in the order of their source.
+  static constexpr int kUnsorted = -1;
+  int SortColumn() const { return sortColumn_; }
+  SortDirection Direction() const { return direction_; }
+  void SortBy(int column, SortDirection direction);
+
+  bool MultiSelect() const { return multiSelect_; }
+  void SetMultiSelect(bool multiSelect) { multiSelect_ = multiSelect; }
+  bool Checkboxes() const { return checkboxes_; }
+  void SetCheckboxes(bool checkboxes) { checkboxes_ = checkboxes; }
+  /// Entries of the menu that a right click opens; none opens while there are none.
+  const std::vector<std::string>& MenuItems() const { return menuItems_; }
+  void SetMenuItems(std::vector<std::string> items) { menuItems_ = std::move(items); }
+
+  /// Numbers of the selected rows, ascending.
+  const std::vector<std::size_t>& SelectedRows() const { return selected_; }
+  void SetSelectedRows(std::vector<std::size_t> rows);
+
+  /// What a user does. A list that is not usable ignores it.
+  void SelectPositions(const std::vector<std::size_t>& positions);
+  /// Sorts by the column: ascending first, the other way round at a second click.
+  void ClickHeader(int column);
+  void ClickCheckBox(std::size_t position);
+  void ChooseMenuItem(std::size_t item);
+  /// Whether a drop of this would be taken.
+  bool OffersDrop(const DragData& data) const { return Usable() && acceptsDrop_ && acceptsDrop_(data); }
+  void Drop(const DragData& data);
+
+  void Accept(ControlVisitor& visitor) override;
+
+  Signal<> ColumnsChanged;
+  Signal<> RowsChanged;  ///< other rows, or another order
+  Signal<> SelectionChanged;
+  Signal<std::size_t> CheckBoxClicked;  ///< number of the row
+  Signal<std::size_t> MenuItemChosen;
+  Signal<const DragData&> Dropped;
+
+ protected:
+  /// Without a rule no drop is taken.
+  void SetDropRule(std::function<bool(const DragData&)> accepts) { acceptsDrop_ = std::move(accepts); }
+
+ private:
+  void Sort();
+
+  std::vector<ListColumn> columns_;
+  std::shared_ptr<const ListRows> rows_;
+  std::vector<std::uint32_t> order_;  // row numbers by position; empty while unsorted
+  int sortColumn_ = kUnsorted;
+  SortDirection direction_ = SortDirection::Ascending;
+  bool multiSelect_ = false;
+  bool checkboxes_ = false;
+  std::vector<std::string> menuItems_;
+  std::vector<std::size_t> selected_;
+  std::function<bool(const DragData&)> acceptsDrop_;
+};
+
+}  // namespace kiv::ui

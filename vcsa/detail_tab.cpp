@@ -1,0 +1,190 @@
+#include "vcsa/detail_tab.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/kiv_study_ctls.h"
+#include "core/numeric_text.h"
+#include "vcsa/technology.h"
+
+namespace kiv {
+
+namespace {
+
+using namespace MKivStudyCtls;
+
+constexpr const char* kDefaultPollingInterval = "60";
+
+/// Number of categories, from A, that an entry of the shortcut list checks; the number is its item data.
+constexpr std::int32_t kUpToF = 6;
+constexpr std::int32_t kUpToM = 13;
+
+EntityColumn NumberColumn(const char* caption, std::int32_t (CAntenna::*number)() const) {
+  return {
+      {caption, 8, ui::Alignment::Right, ui::ListColumn::Content::Number},
+      [number](const CEntity& entity) { return Variant((dynamic_cast<const CAntenna&>(entity).*number)()); }};
+}
+
+/// Gives a list the antennas or carriers of every cell.
+void Show(XDDListView& list, const EntityCollection& cells,
+          const std::shared_ptr<AntennaCollection>& (CCell::*entries)() const) {
+  auto all = std::make_shared<EntityCollection>();
+  for (const auto& entity : cells) {
+    for (const auto& entry : Required((AsCell(entity).*entries)())) {
+      if (!all->Contains(entry->Key())) all->Add(entry, entry->Key());
+    }
+  }
+  list.SetTheCollection(std::move(all));
+  list.Display();
+}
+
+}  // namespace
+
+XKivVcsDetail::XKivVcsDetail()
+    : TabOf("XKivVcsDetail", "Detail"),
+      fraEvents(this, "fraEvents"),
+      cboEvent(&fraEvents, "cboEvent"),
+      chkEvent(&fraEvents, "chkEvent"),
+      fraAntennas(this, "fraAntennas"),
+      dlvwAntenna(&fraAntennas, "dlvwAntenna"),
+      fraCarriers(this, "fraCarriers"),
+      dlvwCarrier(&fraCarriers, "dlvwCarrier"),
+      txtSingleDn(this, "txtSingleDn"),
+      txtPollingInterval(this, "txtPollingInterval"),
+      chkDirectionalSetup(this, "chkDirectionalSetup"),
+      chkCarrierData(this, "chkCarrierData") {
+  fraEvents.SetCaption("Event Categories");
+  for (std::size_t category = 0; category < chkEvent.Size(); ++category) {
+    chkEvent[category].SetCaption(std::string(1, static_cast<char>('A' + category)));
+  }
+  fraAntennas.SetCaption("Antennas (one of each cell)");
+  fraCarriers.SetCaption("Carriers (one of each cell)");
+  for (XDDListView* list : {&dlvwAntenna, &dlvwCarrier}) list->SetCheckboxes(true);
+  const auto columns = [](EntityColumn last) {
+    return std::vector<EntityColumn>{SystemColumn("System"), EcpColumn("ECP"),
+                                     NumberColumn("Cell", &CAntenna::CellID), std::move(last)};
+  };
+  dlvwAntenna.AddColumns(columns(NumberColumn("Antenna", &CAntenna::AntennaID)));
+  dlvwCarrier.AddColumns(columns(NumberColumn("Carrier", &CAntenna::CarrierID)));
+  chkDirectionalSetup.SetCaption("Collect directional set&up data");
+  chkCarrierData.SetCaption("Collect carrier d&ata");
+  txtPollingInterval.SetKeyFilter(NumericKeyFilter);
+
+  checks_.Add(
+      chkEvent[0],
+      [this] {
+        return std::any_of(chkEvent.begin(), chkEvent.end(), [](const auto& box) { return box.Checked(); });
+      },
+      "At least one Event Category must be selected.");
+  checks_.Add(
+      txtSingleDn.edit, [this] { return txtSingleDn.Problem().empty(); },
+      [this] { return txtSingleDn.Problem(); });
+  checks_.Add(
+      txtPollingInterval, [this] { return IsNumeric(txtPollingInterval.Text()); },
+      "Polling Interval must be numeric.");
+  checks_.Add(
+      txtPollingInterval, [this] { return IsNumberBetween(txtPollingInterval.Text(), 1, 300); },
+      "Polling Interval must be between 1 and 300 seconds inclusive.");
+
+  cboEvent.Changed.Connect([this] { ChooseEvents(); });
+  for (ui::CheckBox& box : chkEvent) {
+    box.Changed.Connect([this] { ShowEventChoice(); });
+    ReportChangesOf(box.Changed);
+  }
+  ReportChangesOf(dlvwAntenna.CollectionChanged);
+  ReportChangesOf(dlvwCarrier.CollectionChanged);
+  ReportChangesOf(txtSingleDn.Changed);
+  ReportChangesOf(txtPollingInterval.Changed);
+  ReportChangesOf(chkDirectionalSetup.Changed);
+  ReportChangesOf(chkCarrierData.Changed);
+}
+
+void XKivVcsDetail::LoadState() {
+  cboEvent.SetItems({{"All Events AMPS/TDMA (A-F)", kUpToF}});
+}
+
+void XKivVcsDetail::ShowNewStudy() {
+  for (ui::CheckBox& box : chkEvent) box.SetChecked(false);
+  txtSingleDn.SetText({});
+  txtPollingInterval.SetText(kDefaultPollingInterval);
+  chkDirectionalSetup.SetChecked(false);
+  chkCarrierData.SetChecked(false);
+  ShowEntities();
+}
+
+void XKivVcsDetail::ShowStoredStudy() {
+  const CKivVcsData& data = *SubRecord();
+  for (std::size_t category = 0; category < chkEvent.Size(); ++category) {
+    chkEvent[category].SetChecked(YNToCheckValue(data.Event(category)) != 0);
+  }
+  txtSingleDn.SetText(data.SingleDn());
+  txtPollingInterval.SetText(std::to_string(Study()->PollingInterval()));
+  chkDirectionalSetup.SetChecked(YNToCheckValue(data.DirectionalSetup()) != 0);
+  chkCarrierData.SetChecked(YNToCheckValue(data.CarrierData()) != 0);
+  ShowEntities();
+}
+
+void XKivVcsDetail::TabShown() {
+  ShowEntities();
+}
+
+/// Shows what belongs to the cells as they are now; choices live in the antennas and carriers themselves.
+void XKivVcsDetail::ShowEntities() {
+  const EntityCollection& cells = Required(SubRecord()->Cells());
+  Show(dlvwAntenna, cells, &CCell::Antennas);
+  Show(dlvwCarrier, cells, &CCell::Carriers);
+
+  const bool hasCdma =
+      std::any_of(cells.begin(), cells.end(), [](const auto& entity) { return IsCdma(AsCell(entity)); });
+  const FlagGuard busy(busy_);
+  ui::ItemList shortcuts = {{"All Events AMPS/TDMA (A-F)", kUpToF}};
+  if (hasCdma) shortcuts.push_back({"All Events AMPS/CDMA (A-M)", kUpToM});
+  cboEvent.SetItems(std::move(shortcuts));
+  ShowEventChoice();
+}
+
+void XKivVcsDetail::ChooseEvents() {
+  if (busy_ || cboEvent.ListIndex() == ui::kNoSelection) return;
+  const FlagGuard busy(busy_);
+  const auto upTo =
+      static_cast<std::size_t>(cboEvent.Items()[static_cast<std::size_t>(cboEvent.ListIndex())].data);
+  for (std::size_t category = 0; category < chkEvent.Size(); ++category) {
+    chkEvent[category].SetChecked(category < upTo);
+  }
+}
+
+/// The shortcut that the boxes amount to, or none; so a shortcut can always be chosen anew.
+void XKivVcsDetail::ShowEventChoice() {
+  const FlagGuard busy(busy_);
+  const auto firstClear =
+      std::find_if(chkEvent.begin(), chkEvent.end(), [](const auto& box) { return !box.Checked(); });
+  const bool isRun = std::none_of(firstClear, chkEvent.end(), [](const auto& box) { return box.Checked(); });
+  const auto length = static_cast<std::int32_t>(firstClear - chkEvent.begin());
+  cboEvent.SetListIndex(isRun ? FindItemDataIndex(cboEvent.Items(), length) : ui::kNoSelection);
+}
+
+void XKivVcsDetail::SaveData() {
+  CKivVcsData& data = *SubRecord();
+  for (std::size_t category = 0; category < chkEvent.Size(); ++category) {
+    data.SetEvent(category, CheckValueToYN(chkEvent[category].Value()));
+  }
+  data.SetSingleDn(txtSingleDn.Text());
+  data.SetDirectionalSetup(CheckValueToYN(chkDirectionalSetup.Value()));
+  data.SetCarrierData(CheckValueToYN(chkCarrierData.Value()));
+  Study()->SetPollingInterval(NumberOr(txtPollingInterval.Text(), Study()->PollingInterval()));
+}
+
+ui::LayoutItem XKivVcsDetail::Layout() {
+  using namespace ui;
+  std::vector<LayoutItem> boxes;
+  for (CheckBox& box : chkEvent) boxes.push_back(Single(box));
+  boxes.push_back(Stretch());
+  return Column(
+      {Group(fraEvents, {Form({Field("Se&lect:", {Single(cboEvent), Stretch()})}), Row(std::move(boxes))}),
+       Row({Group(fraAntennas, {Single(dlvwAntenna)}), Group(fraCarriers, {Single(dlvwCarrier)})}),
+       Form({Field("Single D&N:", {Single(txtSingleDn.edit), Stretch()}),
+             Field("P&olling interval:", {Single(txtPollingInterval), Text("seconds")})}),
+       Row({Single(chkDirectionalSetup), Single(chkCarrierData), Stretch()})});
+}
+
+}  // namespace kiv

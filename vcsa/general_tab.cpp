@@ -1,0 +1,181 @@
+#include "vcsa/general_tab.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/entity_lists.h"
+#include "core/kiv_study_ctls.h"
+#include "core/numeric_text.h"
+#include "host/constants.h"
+#include "vcsa/technology.h"
+
+namespace kiv {
+
+namespace {
+
+constexpr std::int32_t kCellsOfOneEcp = 10;
+constexpr std::int32_t kMaxNameLength = 11;  // of the default pattern, expanded
+constexpr const char* kExtension = ".vcs";
+constexpr const char* kDefaultName = "v$YY$MM$DD$HH$MI";
+constexpr const char* kDefaultDuration = "30";
+constexpr const char* kDefaultRetrieveDelay = "15";
+constexpr std::int32_t kQuarterHour = 15;
+
+bool IsDuration(const std::string& text) {
+  return IsNumberBetween(text, kQuarterHour, 480) && *ParseNumber(text) % kQuarterHour == 0;
+}
+
+/// The antennas or carriers that really are the cell's own.
+bool HoldsOnlyOwn(const CCell& cell, const AntennaCollection& entries) {
+  return std::all_of(entries.begin(), entries.end(),
+                     [&cell](const auto& entry) { return entry->SharesEcpWith(cell); });
+}
+
+/// The stored lists are read by cell number alone, so a cell may have got those of its namesake on another
+/// ECP as well.
+std::shared_ptr<CCell> WithOwnOnly(const CCell& cell) {
+  auto own = MakeCell(cell.ID(), cell.InstanceID(), cell.SystemID(), cell.EcpID(), cell.CellID());
+  own->SetTechType(cell.TechType());
+  for (const auto& antenna : Required(cell.Antennas())) {
+    if (!antenna->SharesEcpWith(cell)) continue;
+    own->AddAntenna(antenna->Instance_Id(), antenna->SystemID(), antenna->EcpID(), antenna->CellID(),
+                    antenna->AntennaID(), antenna->Selected());
+  }
+  for (const auto& carrier : Required(cell.Carriers())) {
+    if (!carrier->SharesEcpWith(cell)) continue;
+    own->AddCarrier(carrier->Instance_Id(), std::to_string(carrier->SystemID()),
+                    std::to_string(carrier->EcpID()), std::to_string(carrier->CellID()),
+                    std::to_string(carrier->CarrierID()), carrier->Selected());
+  }
+  return own;
+}
+
+}  // namespace
+
+XKivVcsGen::XKivVcsGen()
+    : TabOf("XKivVcsGen", "General"),
+      fraCells(this, "fraCells"),
+      dlvwCell(&fraCells, "dlvwCell"),
+      XDest(this, "XDest"),
+      txtDuration(this, "txtDuration"),
+      txtRetrieveDelay(this, "txtRetrieveDelay") {
+  fraCells.SetCaption("Cells (drag them here from the network tree)");
+  dlvwCell.SetEntityType(EntityType::VcsCell);
+  dlvwCell.SetMaxRows(kCellsOfOneEcp);
+  dlvwCell.SetMultiSelect(true);
+  dlvwCell.SetUsePopupMenu(true);
+  dlvwCell.AddColumns({SystemColumn("System"),
+                       EcpColumn("ECP"),
+                       CellColumn("Cell"),
+                       {{"Technology", 14}, [](const CEntity& cell) {
+                          return Variant(dynamic_cast<const CCell&>(cell).TechType());
+                        }}});
+  dlvwCell.EntityAdded.Connect([this](const std::shared_ptr<CEntity>& cell) {
+    cell->SetID(Study()->ID());
+    CompleteCell(AsCell(cell));
+  });
+  txtDuration.SetKeyFilter(MKivStudyCtls::NumericKeyFilter);
+  txtRetrieveDelay.SetKeyFilter(MKivStudyCtls::NumericKeyFilter);
+
+  checks_.Add(
+      dlvwCell, [this] { return Required(dlvwCell.TheCollection()).Count() > 0; },
+      "Please select at least one cell for the study.");
+  checks_.Append(XDest.PathChecks());
+  checks_.Append(XDest.FilenameChecks());
+  checks_.Add(
+      txtDuration, [this] { return IsNumeric(txtDuration.Text()); }, "Study Duration must be numeric.");
+  checks_.Add(
+      txtDuration, [this] { return IsDuration(txtDuration.Text()); },
+      "Study Duration must be between 15 and 480 minutes inclusive and \r\n"
+      "expressed in increments of quarter hours (15, 30, 45,etc).");
+  checks_.Add(
+      txtRetrieveDelay, [this] { return IsNumeric(txtRetrieveDelay.Text()); },
+      "Retrieve Delay must be numeric.");
+  checks_.Add(
+      txtRetrieveDelay, [this] { return IsNumberBetween(txtRetrieveDelay.Text(), 1, 120); },
+      "Retrieve Delay must be between 1 and 120 minutes inclusive.");
+
+  Remember(
+      host::remembered::kDatafilePath, [this] { return XDest.Path(); },
+      [this](const std::string& path) { XDest.SetPath(path); });
+  Remember(
+      host::remembered::kVcsFilename, [this] { return XDest.txtFilename.Text(); },
+      [this](const std::string& name) { XDest.SetFilename(name); });
+  Remember(host::remembered::kVcsDuration, txtDuration);
+  Remember(host::remembered::kVcsRetrieveDelay, txtRetrieveDelay);
+
+  ReportChangesOf(dlvwCell.CollectionChanged);
+  ReportChangesOf(XDest.Changed);
+  ReportChangesOf(txtDuration.Changed);
+  ReportChangesOf(txtRetrieveDelay.Changed);
+}
+
+bool XKivVcsGen::IsTabValid(const std::string& hostText) {
+  if (!Tab::IsTabValid(hostText)) return false;
+  RememberValues();
+  return true;
+}
+
+void XKivVcsGen::LoadState() {
+  XDest.Init(kMaxNameLength, kExtension);
+}
+
+void XKivVcsGen::ShowNewStudy() {
+  XDest.SetStudyID(Study()->ID());
+  XDest.SetPath({});
+  XDest.SetFilename(kDefaultName);
+  txtDuration.SetText(kDefaultDuration);
+  txtRetrieveDelay.SetText(kDefaultRetrieveDelay);
+  ShowRememberedValues();
+  dlvwCell.SetTheCollection(SubRecord()->Cells());
+  dlvwCell.Display();
+}
+
+void XKivVcsGen::ShowStoredStudy() {
+  XDest.SetStudyID(Study()->ID());
+  txtDuration.SetText(std::to_string(Study()->Duration()));
+  txtRetrieveDelay.SetText(std::to_string(Study()->RetrieveDelay()));
+  XDest.SetPath(SubRecord()->Path());
+  XDest.SetFilename(SubRecord()->DataFile());
+  CompleteStoredCells();
+  dlvwCell.SetTheCollection(SubRecord()->Cells());
+  dlvwCell.Display();
+}
+
+/// Adds what the configuration knows of a cell; choices that are there already stay.
+void XKivVcsGen::CompleteCell(CCell& cell) const {
+  cell.SetTechType(MSQL::FindCellTech(cell.InstanceID()));
+  SubRecord()->LookupAntenna(cell);
+  if (IsCdma(cell)) SubRecord()->LookupCarrier(cell);
+}
+
+void XKivVcsGen::CompleteStoredCells() {
+  const EntityCollection& stored = Required(SubRecord()->Cells());
+  const bool mixed = std::any_of(stored.begin(), stored.end(), [](const auto& entity) {
+    const CCell& cell = AsCell(entity);
+    return !HoldsOnlyOwn(cell, Required(cell.Antennas())) || !HoldsOnlyOwn(cell, Required(cell.Carriers()));
+  });
+  if (mixed) {
+    auto own = std::make_shared<EntityCollection>();
+    for (const auto& entity : stored) own->Add(WithOwnOnly(AsCell(entity)), entity->Key());
+    SubRecord()->SetCells(std::move(own));
+  }
+  for (const auto& entity : *SubRecord()->Cells()) CompleteCell(AsCell(entity));
+}
+
+void XKivVcsGen::SaveData() {
+  Study()->SetDuration(NumberOr(txtDuration.Text(), Study()->Duration()));
+  Study()->SetRetrieveDelay(NumberOr(txtRetrieveDelay.Text(), Study()->RetrieveDelay()));
+  SubRecord()->SetPath(XDest.Path());
+  SubRecord()->SetDataFile(XDest.Filename());
+  SubRecord()->SetCells(dlvwCell.TheCollection());
+}
+
+ui::LayoutItem XKivVcsGen::Layout() {
+  using namespace ui;
+  return Column({Group(fraCells, {Single(dlvwCell)}), XDest.Layout(),
+                 Form({Field("Study &duration:", {Single(txtDuration), Text("minutes")}),
+                       Field("&Retrieve delay:", {Single(txtRetrieveDelay), Text("minutes")})})});
+}
+
+}  // namespace kiv

@@ -1,0 +1,134 @@
+#include "vcsa/vcs_data.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/entity_lists.h"
+#include "core/study_data.h"
+#include "core/study_kinds.h"
+#include "core/study_row.h"
+
+namespace kiv {
+
+std::span<const RecordField<CKivVcsData>> CKivVcsData::Fields() {
+  using Data = CKivVcsData;
+  static constexpr std::array<std::string_view, kEventCategories> eventNames = {
+      "EventA", "EventB", "EventC", "EventD", "EventE", "EventF", "EventG",
+      "EventH", "EventI", "EventJ", "EventK", "EventL", "EventM"};
+  static const auto fields = [] {
+    std::vector<RecordField<Data>> all = {
+        {"ID", &Data::id_, FieldRole::Key}, {"Path", &Data::path_}, {"DataFile", &Data::dataFile_}};
+    for (std::size_t category = 0; category < kEventCategories; ++category) {
+      all.push_back(
+          {eventNames[category], ElementOf<Data, std::string>{[category](Data& data) -> std::string& {
+             return data.events_[category];
+           }}});
+    }
+    all.push_back({"SingleDn", &Data::singleDn_});
+    all.push_back({"DirectionalSetup", &Data::directionalSetup_});
+    all.push_back({"CarrierData", &Data::carrierData_});
+    return all;
+  }();
+  return fields;
+}
+
+void CKivVcsData::Initialize(std::int32_t id, std::array<std::string, kTexts> texts) {
+  id_ = id;
+  auto text = texts.begin();
+  path_ = std::move(*text++);
+  dataFile_ = std::move(*text++);
+  for (std::string& event : events_) event = std::move(*text++);
+  singleDn_ = std::move(*text++);
+  directionalSetup_ = std::move(*text++);
+  carrierData_ = std::move(*text++);
+}
+
+void CKivVcsData::AddCell(std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,
+                          std::int32_t cellId) {
+  auto cell = MakeCell(id_, instanceId, systemId, ecpId, cellId);
+  std::string key = cell->Key();
+  Required(cells_).Add(std::move(cell), std::move(key));
+}
+
+void CKivVcsData::LookupAntenna(CCell& cell) const {
+  MSQL::LookupConfigAntennas(cell);
+}
+
+void CKivVcsData::LookupCarrier(CCell& cell) const {
+  MSQL::LookupConfigCarriers(cell);
+}
+
+std::string_view CKivVcsData::KindName() const {
+  return kVcsStudy;
+}
+
+void CKivVcsData::GetData(std::int32_t id) {
+  MSQL::LoadVcsData(id, *this);
+  MSQL::LoadVcsCellList(id, *this);
+  MSQL::LoadAntennaList(id, Required(cells_));
+  MSQL::LoadCarrierList(id, Required(cells_));
+}
+
+bool CKivVcsData::InsertNew() {
+  const bool rowWritten = MSQL::InsertVcsData(*this);
+  const bool cellsWritten = InsertCells();
+  return rowWritten && cellsWritten;
+}
+
+void CKivVcsData::Update() {
+  MSQL::UpdateVcsData(*this);
+  MSQL::DeleteCellList(id_);
+  InsertCells();
+}
+
+bool CKivVcsData::InsertCells() const {
+  bool written = true;
+  for (const auto& entity : Required(cells_)) {
+    const CCell& cell = AsCell(entity);
+    written &= MSQL::InsertCellRow(id_, cell.InstanceID(), cell.SystemID(), cell.EcpID(), cell.CellID());
+    written &= cell.InsertAntennas(id_);
+    written &= cell.InsertCarriers(id_);
+  }
+  return written;
+}
+
+std::vector<NamedValue> CKivVcsData::StoredFields() const {
+  return ListFields(*this, Fields());
+}
+
+std::shared_ptr<CKivVcsData> CKivStudyData::VcsData() const {
+  return SubRecordAs<CKivVcsData>();
+}
+void CKivStudyData::SetVcsData(std::shared_ptr<CKivVcsData> data) {
+  SetSubRecordAs(std::move(data));
+}
+
+namespace MSQL {
+
+namespace {
+
+constexpr StudyTable kTable = {kVcsStudy, "KIV_VcsStudy"};
+
+}  // namespace
+
+void LoadVcsData(std::int32_t id, CKivVcsData& record) {
+  LoadStudyRow(kTable, "LoadVcsData", id, record);
+}
+
+bool InsertVcsData(const CKivVcsData& record) {
+  return InsertStudyRow(kTable, "InsertVcsData", record);
+}
+
+bool UpdateVcsData(const CKivVcsData& record) {
+  return UpdateStudyRow(kTable, "UpdateVcsData", record);
+}
+
+void LoadVcsCellList(std::int32_t listId, CKivVcsData& record) {
+  LoadCellList(listId,
+               [&record](std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,
+                         std::int32_t cellId) { record.AddCell(instanceId, systemId, ecpId, cellId); });
+}
+
+}  // namespace MSQL
+
+}  // namespace kiv
