@@ -101,36 +101,37 @@ void DeleteEcpList(std::int32_t listId) {
 bool InsertCellRow(std::int32_t listId, std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,
                    std::int32_t cellId) {
   return InsertRow(kCellList, {{kListId, listId},
-                        {kInstanceId, instanceId},
-                        {kSystemId, systemId},
-                        {kEcpId, ecpId},
-                        {kCellId, cellId}});
+                               {kInstanceId, instanceId},
+                               {kSystemId, systemId},
+                               {kEcpId, ecpId},
+                               {kCellId, cellId}});
 }
 
 bool InsertAntennaRow(std::int32_t listId, std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,
                       std::int32_t cellId, std::int32_t antennaId, const std::string& selected) {
   return InsertRow(kAntennaList, {{kListId, listId},
-                           {kInstanceId, instanceId},
-                           {kSystemId, systemId},
-                           {kEcpId, ecpId},
-                           {kCellId, cellId},
-                           {kAntennaId, antennaId},
-                           {kSelected, selected}});
+                                  {kInstanceId, instanceId},
+                                  {kSystemId, systemId},
+                                  {kEcpId, ecpId},
+                                  {kCellId, cellId},
+                                  {kAntennaId, antennaId},
+                                  {kSelected, selected}});
 }
 
 bool InsertCarrierRow(std::int32_t listId, std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,
                       std::int32_t cellId, std::int32_t carrierId, const std::string& selected) {
   return InsertRow(kCarrierList, {{kListId, listId},
-                           {kInstanceId, instanceId},
-                           {kSystemId, systemId},
-                           {kEcpId, ecpId},
-                           {kCellId, cellId},
-                           {kCarrierId, carrierId},
-                           {kSelected, selected}});
+                                  {kInstanceId, instanceId},
+                                  {kSystemId, systemId},
+                                  {kEcpId, ecpId},
+                                  {kCellId, cellId},
+                                  {kCarrierId, carrierId},
+                                  {kSelected, selected}});
 }
 
 bool InsertEcpRow(std::int32_t listId, std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId) {
-  return InsertRow(kEcpList, {{kListId, listId}, {kInstanceId, instanceId}, {kSystemId, systemId}, {kEcpId, ecpId}});
+  return InsertRow(kEcpList,
+                   {{kListId, listId}, {kInstanceId, instanceId}, {kSystemId, systemId}, {kEcpId, ecpId}});
 }
 
 void LoadCellList(std::int32_t listId, const CellTaker& addCell) {

@@ -48,10 +48,6 @@ std::string PathText(const CEntity& entity) {
   return text;
 }
 
-std::int32_t CellNumber(const CAntenna& antenna) {
-  return antenna.CellID();
-}
-
 bool OfSameCell(const CAntenna& left, const CAntenna& right) {
   return left.SharesEcpWith(right) && left.CellID() == right.CellID();
 }
@@ -124,6 +120,9 @@ XDDListView::XDDListView(ui::Container* parent, std::string name)
       for (std::size_t row = 0; row < every.size(); ++row) every[row] = row;
       SetSelectedRows(std::move(every));
     }
+  });
+  DeletePressed.Connect([this] {
+    if (!MenuItems().empty()) RemoveSelected();
   });
   CheckBoxClicked.Connect([this](std::size_t row) { MoveChoice(row); });
 }

@@ -94,11 +94,17 @@ constexpr StudyTable kTable = {kHomStudy, "KIV_HomStudy"};
 
 }  // namespace
 
-void LoadHomData(std::int32_t id, CKivHomData& record) { LoadStudyRow(kTable, "LoadHomData", id, record); }
+void LoadHomData(std::int32_t id, CKivHomData& record) {
+  LoadStudyRow(kTable, "LoadHomData", id, record);
+}
 
-bool InsertHomData(const CKivHomData& record) { return InsertStudyRow(kTable, "InsertHomData", record); }
+bool InsertHomData(const CKivHomData& record) {
+  return InsertStudyRow(kTable, "InsertHomData", record);
+}
 
-bool UpdateHomData(const CKivHomData& record) { return UpdateStudyRow(kTable, "UpdateHomData", record); }
+bool UpdateHomData(const CKivHomData& record) {
+  return UpdateStudyRow(kTable, "UpdateHomData", record);
+}
 
 }  // namespace MSQL
 

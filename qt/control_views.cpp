@@ -18,6 +18,8 @@ class ViewFactory final : public ui::ControlVisitor {
   void Visit(ui::Button& control) override { made_ = MakeView(control, parent_); }
   void Visit(ui::Label& control) override { made_ = MakeView(control, parent_); }
   void Visit(ui::Frame& control) override { made_ = MakeView(control, parent_); }
+  void Visit(ui::ListView& control) override { made_ = MakeView(control, parent_); }
+  void Visit(ui::MaskedEdit& control) override { made_ = MakeView(control, parent_); }
 
  private:
   QWidget* parent_;

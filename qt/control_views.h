@@ -18,6 +18,8 @@ ControlView* MakeView(ui::ComboBox& control, QWidget* parent);
 ControlView* MakeView(ui::Button& control, QWidget* parent);
 ControlView* MakeView(ui::Label& control, QWidget* parent);
 ControlView* MakeView(ui::Frame& control, QWidget* parent);
+ControlView* MakeView(ui::ListView& control, QWidget* parent);
+ControlView* MakeView(ui::MaskedEdit& control, QWidget* parent);
 
 /// Makes the widget for a control of any kind; null for a container that has no look of its own.
 ControlView* MakeView(ui::Control& control, QWidget* parent, BoxWidth width);

@@ -106,6 +106,10 @@ void ListView::ChooseMenuItem(std::size_t item) {
   if (Usable() && item < menuItems_.size()) MenuItemChosen.Raise(item);
 }
 
+void ListView::PressDelete() {
+  if (Usable()) DeletePressed.Raise();
+}
+
 void ListView::Drop(const DragData& data) {
   if (OffersDrop(data)) Dropped.Raise(data);
 }

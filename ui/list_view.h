@@ -80,6 +80,7 @@ class ListView : public Control {
   void ClickHeader(int column);
   void ClickCheckBox(std::size_t position);
   void ChooseMenuItem(std::size_t item);
+  void PressDelete();
   /// Whether a drop of this would be taken.
   bool OffersDrop(const DragData& data) const { return Usable() && acceptsDrop_ && acceptsDrop_(data); }
   void Drop(const DragData& data);
@@ -91,6 +92,7 @@ class ListView : public Control {
   Signal<> SelectionChanged;
   Signal<std::size_t> CheckBoxClicked;  ///< number of the row
   Signal<std::size_t> MenuItemChosen;
+  Signal<> DeletePressed;
   Signal<const DragData&> Dropped;
 
  protected:

@@ -49,6 +49,7 @@ class FakeDatabase : public host::Database {
   std::vector<std::string> columnQuestions;  // "TABLE.COLUMN"
   std::map<std::string, FakeRows> answers;   // rows by query text; any other query has no rows
   std::set<std::string> missingColumns;      // "TABLE.COLUMN"
+  std::map<std::string, std::map<std::string, std::string>> functions;  // results by name and argument
   bool noResultSet = false;
   std::string failure;  // when set, queries and statements raise it
 
@@ -73,7 +74,9 @@ class FakeDatabase : public host::Database {
     columnQuestions.push_back(table + "." + column);
     return !missingColumns.contains(columnQuestions.back());
   }
-  std::string CallStoredFunction(const std::string&, const std::string&) override { return {}; }
+  std::string CallStoredFunction(const std::string& name, const std::string& argument) override {
+    return functions[name][argument];
+  }
   bool FieldToBoolean(const Variant& field) const override { return host::RenderedAsTrue(field); }
 
  private:

@@ -1,0 +1,194 @@
+#include <gtest/gtest.h>
+
+#include "core/study_kinds.h"
+#include "support/fake_host.h"
+#include "support/temp_folder.h"
+#include "vcsa/detail_tab.h"
+#include "vcsa/general_tab.h"
+#include "vcsa/vcsa_studies.h"
+
+namespace kiv {
+namespace {
+
+/// A network of three cells: a CDMA one, a TDMA one, and a namesake of the first on another ECP.
+void FillNetwork(test::FakeDatabase& database) {
+  database.functions["lucent_generic.find_cell_tech"] = {{"11", "AMPS/CDMA"}, {"12", "TDMA"}, {"13", "CDMA"}};
+  const auto antennas = [&](int ecp, int cell, std::vector<std::vector<Variant>> rows) {
+    database
+        .answers["SELECT Instance_Id, rfpi FROM luc_cfg_ceqsu2 WHERE dsetup='y' AND system_id=1 AND ecp=" +
+                 std::to_string(ecp) + " AND cell=" + std::to_string(cell) + " ORDER BY rfpi"] = {
+        {"Instance_Id", "rfpi"}, std::move(rows)};
+  };
+  const auto carriers = [&](int ecp, int cell, std::vector<std::vector<Variant>> rows) {
+    database.answers["SELECT cdma_carr_id FROM luc_cfg_cdma_car_chans WHERE system_id=1 AND ecp=" +
+                     std::to_string(ecp) + " AND cell=" + std::to_string(cell) + " ORDER BY keyid"] = {
+        {"cdma_carr_id"}, std::move(rows)};
+  };
+  antennas(2, 37, {{0, 1}, {0, 2}});
+  antennas(2, 38, {{0, 1}});
+  antennas(3, 37, {{0, 1}});
+  carriers(2, 37, {{384}, {425}});
+  carriers(2, 38, {{384}});
+  carriers(3, 37, {{384}});
+}
+
+class VcsaTabs : public ::testing::Test {
+ protected:
+  VcsaTabs() {
+    RegisterVcsaStudies();
+    FillNetwork(*host_.database);
+    study_->InitNew(std::string(kVcsStudy), "VCSA", study_->StudyType(), study_->ScenarioType(), 0);
+  }
+
+  CKivVcsData& Data() { return *study_->VcsData(); }
+  void Load() {
+    for (Tab* tab : {static_cast<Tab*>(&general_), static_cast<Tab*>(&detail_)}) {
+      tab->LoadState();
+      tab->LoadData(Variant(study_), "", host_.editor);
+    }
+  }
+  void DropCells() {
+    general_.dlvwCell.DropNodes({{"Cell:11", 1, 2, 37, 11}, {"Cell:12", 1, 2, 38, 12}});
+    host_.editor->notifications.cdtnNotify_TabShow.Raise("XKivVcsDetail");
+  }
+  std::string Refusal(Tab& tab) {
+    const bool valid = tab.IsTabValid("");
+    const std::string text = host_.TakeMessage();
+    EXPECT_EQ(valid, text.empty());
+    return text;
+  }
+  std::string Events() const {
+    std::string text;
+    for (const auto& box : detail_.chkEvent) text += box.Checked() ? 'x' : '-';
+    return text;
+  }
+
+  test::FakeHost host_;
+  std::shared_ptr<CKivStudyData> study_ = std::make_shared<CKivStudyData>();
+  XKivVcsGen general_;
+  XKivVcsDetail detail_;
+};
+
+TEST_F(VcsaTabs, ADroppedCellGetsWhatTheConfigurationHas) {
+  Load();
+  DropCells();
+  const CCell& cdma = AsCell(Data().Cells()->Item("Cell:11"));
+  EXPECT_EQ(cdma.TechType(), "AMPS/CDMA");
+  EXPECT_EQ(cdma.Antennas()->Count(), 2);
+  EXPECT_EQ(cdma.Carriers()->Count(), 2);
+  EXPECT_EQ(AsCell(Data().Cells()->Item("Cell:12")).Carriers()->Count(), 0);  // no CDMA, no carriers
+  EXPECT_EQ(general_.dlvwCell.Text(0, 3), "AMPS/CDMA");
+  EXPECT_EQ(detail_.dlvwAntenna.RowCount(), 3U);
+  EXPECT_EQ(detail_.dlvwCarrier.RowCount(), 2U);
+  EXPECT_EQ(host_.editor->changes, std::vector<std::string>{"XKivVcsGen"});
+}
+
+TEST_F(VcsaTabs, GeneralChecksRunInOrder) {
+  const test::TempFolder folder;
+  Load();
+  EXPECT_EQ(general_.XDest.Filename(), "v$YY$MM$DD$HH$MI.vcs");
+  EXPECT_EQ(general_.txtRetrieveDelay.Text(), "15");
+  EXPECT_EQ(Refusal(general_), "Please select at least one cell for the study.");
+  EXPECT_TRUE(general_.dlvwCell.HasFocus());
+  DropCells();
+  EXPECT_EQ(Refusal(general_), "Data File Destination Path is a required field.");
+  general_.XDest.SetPath(folder.Path());
+  const std::string range =
+      "Study Duration must be between 15 and 480 minutes inclusive and \r\n"
+      "expressed in increments of quarter hours (15, 30, 45,etc).";
+  const std::pair<const char*, std::string> durations[] = {{"", "Study Duration must be numeric."},
+                                                           {"0", range},
+                                                           {"10", range},
+                                                           {"100", range},
+                                                           {"490", range},
+                                                           {"495", range},
+                                                           {"15", ""},
+                                                           {"480", ""}};
+  for (const auto& [duration, message] : durations) {
+    general_.txtDuration.SetText(duration);
+    EXPECT_EQ(Refusal(general_), message) << duration;
+  }
+  const std::string delays = "Retrieve Delay must be between 1 and 120 minutes inclusive.";
+  const std::pair<const char*, std::string> cases[] = {
+      {"x", "Retrieve Delay must be numeric."}, {"0", delays}, {"121", delays}, {"1", ""}, {"120", ""}};
+  for (const auto& [delay, message] : cases) {
+    general_.txtRetrieveDelay.SetText(delay);
+    EXPECT_EQ(Refusal(general_), message) << delay;
+  }
+  EXPECT_EQ(host_.settings->remembered["VcsRetrieveDelay"], "120");
+  general_.SaveData();
+  EXPECT_EQ(study_->Duration(), 480);
+  EXPECT_EQ(study_->RetrieveDelay(), 120);
+}
+
+TEST_F(VcsaTabs, EventsAreChosenAloneOrByShortcut) {
+  Load();
+  EXPECT_EQ(Refusal(detail_), "At least one Event Category must be selected.");
+  EXPECT_EQ(detail_.cboEvent.Items().size(), 1U);  // no CDMA cell yet
+  DropCells();
+  ASSERT_EQ(detail_.cboEvent.Items().size(), 2U);
+  detail_.cboEvent.Select(1);
+  EXPECT_EQ(Events(), "xxxxxxxxxxxxx");
+  detail_.cboEvent.Select(0);
+  EXPECT_EQ(Events(), "xxxxxx-------");
+  detail_.chkEvent[1].Click();
+  EXPECT_EQ(detail_.cboEvent.ListIndex(), ui::kNoSelection);
+  detail_.cboEvent.Select(0);  // can be chosen anew
+  EXPECT_EQ(Events(), "xxxxxx-------");
+  detail_.chkEvent[12].Click();
+  detail_.SaveData();
+  EXPECT_EQ(Data().EventA() + Data().EventF() + Data().EventG() + Data().EventM(), "YYNY");
+}
+
+TEST_F(VcsaTabs, DetailChecksTheDnAndThePollingInterval) {
+  Load();
+  detail_.chkEvent[0].Click();
+  host_.settings->general["Phone Number Mask"] = "###-####";
+  detail_.txtSingleDn.SetText("5551");
+  EXPECT_EQ(Refusal(detail_), "Number of digits in DN doesn't match mask.");
+  EXPECT_TRUE(detail_.txtSingleDn.edit.HasFocus());
+  detail_.txtSingleDn.SetText("5551234");
+  const std::string range = "Polling Interval must be between 1 and 300 seconds inclusive.";
+  const std::pair<const char*, std::string> cases[] = {
+      {"", "Polling Interval must be numeric."}, {"0", range}, {"301", range}, {"1", ""}, {"300", ""}};
+  for (const auto& [interval, message] : cases) {
+    detail_.txtPollingInterval.SetText(interval);
+    EXPECT_EQ(Refusal(detail_), message) << interval;
+  }
+  detail_.SaveData();
+  EXPECT_EQ(Data().SingleDn(), "5551234");
+  EXPECT_EQ(study_->PollingInterval(), 300);
+}
+
+TEST_F(VcsaTabs, StoredCellsKeepTheirOwnChoicesAndGetWhatIsNew) {
+  // As loaded by cell number: each of the namesakes came back with the antennas of both.
+  study_->SetIsNew(false);
+  study_->SetDuration(45);
+  Data().SetEventB("Y");
+  Data().AddCell(11, 1, 2, 37);
+  Data().AddCell(13, 1, 3, 37);
+  for (const auto& entity : *Data().Cells()) {
+    CCell& cell = AsCell(entity);
+    cell.AddAntenna(0, 1, 2, 37, 1, true);
+    cell.AddAntenna(0, 1, 2, 37, 9, false);  // no longer configured
+    cell.AddAntenna(0, 1, 3, 37, 1, true);
+    cell.AddCarrier(0, "1", "2", "37", "425", true);
+  }
+  Load();
+  const CCell& first = AsCell(Data().Cells()->Item("Cell:11"));
+  const CCell& second = AsCell(Data().Cells()->Item("Cell:13"));
+  EXPECT_EQ(first.Antennas()->Count(), 3);  // 1 and 9 stored, 2 new
+  EXPECT_TRUE(first.Antennas()->Item("Antenna:1-2-37-1")->Selected());
+  EXPECT_FALSE(first.Antennas()->Item("Antenna:1-2-37-2")->Selected());
+  EXPECT_TRUE(first.Carriers()->Item("Carrier:1-2-37-425")->Selected());
+  EXPECT_EQ(second.Antennas()->Count(), 1);
+  EXPECT_TRUE(second.Antennas()->Item("Antenna:1-3-37-1")->Selected());
+  EXPECT_EQ(second.Carriers()->Count(), 1);
+  EXPECT_EQ(general_.dlvwCell.TheCollection(), Data().Cells());
+  EXPECT_EQ(general_.txtDuration.Text(), "45");
+  EXPECT_EQ(Events(), "-x-----------");
+  EXPECT_TRUE(host_.editor->changes.empty());
+}
+
+}  // namespace
+}  // namespace kiv
