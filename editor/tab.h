@@ -19,19 +19,6 @@ namespace ui {
 class TextBox;
 }
 
-/// Sets a flag for as long as it lives; nests.
-class FlagGuard {
- public:
-  explicit FlagGuard(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
-  FlagGuard(const FlagGuard&) = delete;
-  FlagGuard& operator=(const FlagGuard&) = delete;
-  ~FlagGuard() { flag_ = before_; }
-
- private:
-  bool& flag_;
-  bool before_;
-};
-
 /// What every tab of a study editor has in common: its study, its loading flag, change reports, its list of
 /// checks and the values that it remembers for the next new study.
 class Tab : public ui::Container, public IDynaTabControl {

@@ -5,6 +5,7 @@
 
 #include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
+#include "editor/number_checks.h"
 #include "vcsa/technology.h"
 
 namespace kiv {
@@ -14,6 +15,7 @@ namespace {
 using namespace MKivStudyCtls;
 
 constexpr const char* kDefaultPollingInterval = "60";
+const NumberRange kPollingInterval = {"Polling Interval", 1, 300, "seconds"};
 
 /// Number of categories, from A, that an entry of the shortcut list checks; the number is its item data.
 constexpr std::int32_t kUpToF = 6;
@@ -79,12 +81,7 @@ XKivVcsDetail::XKivVcsDetail()
   checks_.Add(
       txtSingleDn.edit, [this] { return txtSingleDn.Problem().empty(); },
       [this] { return txtSingleDn.Problem(); });
-  checks_.Add(
-      txtPollingInterval, [this] { return IsNumeric(txtPollingInterval.Text()); },
-      "Polling Interval must be numeric.");
-  checks_.Add(
-      txtPollingInterval, [this] { return IsNumberBetween(txtPollingInterval.Text(), 1, 300); },
-      "Polling Interval must be between 1 and 300 seconds inclusive.");
+  checks_.Append(NumberChecks(txtPollingInterval, kPollingInterval));
 
   cboEvent.Changed.Connect([this] { ChooseEvents(); });
   for (ui::CheckBox& box : chkEvent) {

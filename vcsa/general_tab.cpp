@@ -6,6 +6,7 @@
 #include "core/entity_lists.h"
 #include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
+#include "editor/number_checks.h"
 #include "host/constants.h"
 #include "vcsa/technology.h"
 
@@ -20,6 +21,7 @@ constexpr const char* kDefaultName = "v$YY$MM$DD$HH$MI";
 constexpr const char* kDefaultDuration = "30";
 constexpr const char* kDefaultRetrieveDelay = "15";
 constexpr std::int32_t kQuarterHour = 15;
+const NumberRange kRetrieveDelay = {"Retrieve Delay", 1, 120, "minutes"};
 
 bool IsDuration(const std::string& text) {
   return IsNumberBetween(text, kQuarterHour, 480) && *ParseNumber(text) % kQuarterHour == 0;
@@ -88,12 +90,7 @@ XKivVcsGen::XKivVcsGen()
       txtDuration, [this] { return IsDuration(txtDuration.Text()); },
       "Study Duration must be between 15 and 480 minutes inclusive and \r\n"
       "expressed in increments of quarter hours (15, 30, 45,etc).");
-  checks_.Add(
-      txtRetrieveDelay, [this] { return IsNumeric(txtRetrieveDelay.Text()); },
-      "Retrieve Delay must be numeric.");
-  checks_.Add(
-      txtRetrieveDelay, [this] { return IsNumberBetween(txtRetrieveDelay.Text(), 1, 120); },
-      "Retrieve Delay must be between 1 and 120 minutes inclusive.");
+  checks_.Append(NumberChecks(txtRetrieveDelay, kRetrieveDelay));
 
   Remember(
       host::remembered::kDatafilePath, [this] { return XDest.Path(); },
