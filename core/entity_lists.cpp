@@ -8,6 +8,7 @@
 
 #include "core/conversions.h"
 #include "core/fields.h"
+#include "core/kiv_study_ctls.h"
 #include "core/msql.h"
 #include "host/services.h"
 
@@ -212,6 +213,32 @@ void LookupConfigCarriers(CCell& cell) {
       " WHERE a.system_id = b.system_id AND a.ecp=b.ecp AND a.cgsano=b.cgsano AND b.cell=" +
           cellId + " AND b.system_id=" + systemId + " AND b.ecp=" + ecpId,
       {"carrier_no"}, addCarrier);
+}
+
+StoredEntry StoredCell(const CCell& cell) {
+  const auto entries = [](const AntennaCollection& collection, std::string_view column,
+                          std::int32_t (CAntenna::*number)() const) {
+    std::vector<StoredEntry> stored;
+    for (const auto& entry : collection) {
+      stored.push_back({{},
+                        {{kInstanceId, entry->Instance_Id()},
+                         {column, (entry.get()->*number)()},
+                         {kSelected, MKivStudyCtls::BoolToYN(entry->Selected())}},
+                        {}});
+    }
+    return stored;
+  };
+  return {{},
+          {{kInstanceId, cell.InstanceID()},
+           {kSystemId, cell.SystemID()},
+           {kEcpId, cell.EcpID()},
+           {kCellId, cell.CellID()}},
+          {{"Antennas", entries(Required(cell.Antennas()), kAntennaId, &CAntenna::AntennaID)},
+           {"Carriers", entries(Required(cell.Carriers()), kCarrierId, &CAntenna::CarrierID)}}};
+}
+
+StoredEntry StoredEcp(const CEcp& ecp) {
+  return {{}, {{kInstanceId, ecp.InstanceID()}, {kSystemId, ecp.SystemID()}, {kEcpId, ecp.EcpID()}}, {}};
 }
 
 }  // namespace kiv::MSQL

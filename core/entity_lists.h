@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/entities.h"
+#include "core/sub_record.h"
 
 /// The entity selections of studies in the four list tables, and the look-ups in the network configuration.
 /// A list's identifier is its study's. Deletes, loads and look-ups raise what the database raises; an insert
@@ -48,5 +49,9 @@ std::string FindCellTech(std::int32_t instanceId);
 /// Add the cell's configured antennas and carriers, none of them selected.
 void LookupConfigAntennas(CCell& cell);
 void LookupConfigCarriers(CCell& cell);
+
+/// A cell or an ECP as it is stored: the fields of its row, and a cell's antennas and carriers.
+StoredEntry StoredCell(const CCell& cell);
+StoredEntry StoredEcp(const CEcp& ecp);
 
 }  // namespace kiv::MSQL

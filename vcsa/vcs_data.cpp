@@ -92,6 +92,12 @@ bool CKivVcsData::InsertCells() const {
   return written;
 }
 
+std::vector<StoredList> CKivVcsData::StoredLists() const {
+  std::vector<StoredEntry> cells;
+  for (const auto& entity : Required(cells_)) cells.push_back(MSQL::StoredCell(AsCell(entity)));
+  return {{"Cells", std::move(cells)}};
+}
+
 std::vector<NamedValue> CKivVcsData::StoredFields() const {
   return ListFields(*this, Fields());
 }

@@ -92,6 +92,8 @@ class CKivVcsData : public ISubRecord {
   bool InsertNew() override;
   void Update() override;
   std::vector<NamedValue> StoredFields() const override;
+  /// The cells, each with its antennas and carriers.
+  std::vector<StoredList> StoredLists() const override;
 
   /// The columns of KIV_VcsStudy in the order of the insert.
   static std::span<const RecordField<CKivVcsData>> Fields();
