@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "client/messages.h"
+#include "editor/dd_list_view.h"
 #include "qt/page_view.h"
 
 namespace kiv::client {
@@ -21,6 +22,23 @@ namespace kiv::client {
 namespace {
 
 constexpr int kMarkDelayMs = 200;  // typing is not interrupted by checks that look at folders
+
+std::vector<qt::Mark> MarksOf(const Tab& tab) {
+  std::vector<qt::Mark> marks;
+  for (const Problem& problem : tab.Problems()) marks.push_back({problem.control, problem.message});
+  return marks;
+}
+
+/// The first list on a page that takes entities of the network.
+XDDListView* FindDropList(const ui::Container& container) {
+  for (ui::Control* child : container.Children()) {
+    auto* list = dynamic_cast<XDDListView*>(child);
+    if (list && list->EntityType() != EntityType::None) return list;
+    const auto* inner = dynamic_cast<const ui::Container*>(child);
+    if (XDDListView* found = inner ? FindDropList(*inner) : nullptr) return found;
+  }
+  return nullptr;
+}
 
 }  // namespace
 
@@ -54,6 +72,11 @@ EditorView::EditorView(Program& program, std::unique_ptr<StudySession> session, 
   bottom->addWidget(save);
   auto* all = new QVBoxLayout(this);
   all->addLayout(top);
+  if (Tab* header = session_->Header()) {
+    header_ = new qt::PageView(*header, header->Layout(), this);
+    header_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    all->addWidget(header_);
+  }
   all->addWidget(tabs_, 1);
   all->addLayout(bottom);
 
@@ -99,6 +122,17 @@ QString EditorView::Title() const {
   return QString::fromStdString(session_->Name()) + (session_->Modified() ? QStringLiteral(" *") : QString());
 }
 
+bool EditorView::AddEntities(const std::vector<host::DraggedNode>& nodes) {
+  for (const auto& tab : session_->Tabs()) {
+    XDDListView* list = FindDropList(*tab);
+    if (!list) continue;
+    ShowTab(tab->Name());
+    list->DropNodes(nodes);
+    return true;
+  }
+  return false;
+}
+
 void EditorView::ShowTab(const std::string& name) {
   const auto& tabs = session_->Tabs();
   const auto found =
@@ -123,11 +157,9 @@ void EditorView::StartMarking() {
 
 void EditorView::ShowMarks() {
   if (!marking_) return;
+  if (header_) header_->ShowMarks(MarksOf(*session_->Header()));
   for (std::size_t i = 0; i < pages_.size(); ++i) {
-    std::vector<qt::Mark> marks;
-    for (const Problem& problem : session_->Tabs()[i]->Problems()) {
-      marks.push_back({problem.control, problem.message});
-    }
+    const std::vector<qt::Mark> marks = MarksOf(*session_->Tabs()[i]);
     pages_[i]->ShowMarks(marks);
     tabs_->setTabIcon(static_cast<int>(i),
                       marks.empty() ? QIcon() : style()->standardIcon(QStyle::SP_MessageBoxWarning));

@@ -8,6 +8,7 @@
 #include "base/signal.h"
 #include "client/program.h"
 #include "client/study_session.h"
+#include "host/drag_source.h"
 
 class QLabel;
 class QLineEdit;
@@ -38,6 +39,10 @@ class EditorView : public QWidget {
   /// Asks about unsaved input. False when the user wants to stay.
   bool MayClose();
 
+  /// Gives entities of the network to the list of the study that takes them, as if they had been dropped
+  /// there. False when no page of this study takes any.
+  bool AddEntities(const std::vector<host::DraggedNode>& nodes);
+
   /// The pages in the order of the session's tabs.
   const std::vector<qt::PageView*>& Pages() const { return pages_; }
 
@@ -60,6 +65,7 @@ class EditorView : public QWidget {
   QLineEdit* name_;
   QLabel* state_;
   QTabWidget* tabs_;
+  qt::PageView* header_ = nullptr;
   std::vector<qt::PageView*> pages_;
   QTimer markTimer_;
   bool marking_ = false;  // a form that nobody touched yet is not full of complaints

@@ -137,7 +137,7 @@ void PrintStudy(const Study& study, const std::vector<host::Document>& scenarios
 
 std::size_t PrintProblems(const StudySession& session, OutputFormat format, std::ostream& out) {
   Json list = Json::array();
-  for (const auto& tab : session.Tabs()) {
+  for (const Tab* tab : session.HeaderAndTabs()) {
     for (const Problem& problem : tab->Problems()) {
       list.push_back({{"tab", tab->Title()},
                       {"control", problem.control->Name()},

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "client/scenario_strip.h"
 #include "core/numeric_text.h"
 #include "editor/study_editors.h"
 #include "host/editor_context.h"
@@ -44,8 +45,9 @@ StudySession::StudySession(StudyStore& store, Study study)
   const StudyEditor* editor = FindStudyEditor(Kind());
   if (!editor) throw StoreError("This program has no editor for studies of the kind \"" + Kind() + "\".");
   if (study_.name.empty()) study_.name = "New " + Kind();
+  if (editor->scenarioChoice == ScenarioChoice::ByHost) header_ = std::make_unique<ScenarioStrip>();
   tabs_ = editor->createTabs();
-  for (const auto& tab : tabs_) tab->LoadState();
+  for (Tab* tab : HeaderAndTabs()) tab->LoadState();
   LoadTabs();
 }
 
@@ -53,8 +55,15 @@ StudySession::~StudySession() {
   context_->Detach();
 }
 
+std::vector<Tab*> StudySession::HeaderAndTabs() const {
+  std::vector<Tab*> all;
+  if (header_) all.push_back(header_.get());
+  for (const auto& tab : tabs_) all.push_back(tab.get());
+  return all;
+}
+
 void StudySession::LoadTabs() {
-  for (const auto& tab : tabs_) tab->LoadData(Variant(study_.record), {}, context_);
+  for (Tab* tab : HeaderAndTabs()) tab->LoadData(Variant(study_.record), {}, context_);
 }
 
 void StudySession::SetName(const std::string& name) {
@@ -69,7 +78,8 @@ void StudySession::SetModified(bool modified) {
 }
 
 bool StudySession::IsValid() {
-  return std::all_of(tabs_.begin(), tabs_.end(), [](const auto& tab) { return tab->IsTabValid({}); });
+  const std::vector<Tab*> all = HeaderAndTabs();
+  return std::all_of(all.begin(), all.end(), [](Tab* tab) { return tab->IsTabValid({}); });
 }
 
 bool StudySession::Save(const std::string& user) {
@@ -97,11 +107,11 @@ bool StudySession::SaveCopy(const std::string& name, const std::string& user) {
 }
 
 void StudySession::SaveTabs() {
-  for (const auto& tab : tabs_) tab->SaveData();
+  for (Tab* tab : HeaderAndTabs()) tab->SaveData();
 }
 
 void StudySession::TakeAsStored() {
-  for (const auto& tab : tabs_) {
+  for (Tab* tab : HeaderAndTabs()) {
     tab->RememberValues();
     tab->SaveState();
   }

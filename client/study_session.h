@@ -26,7 +26,12 @@ class StudySession {
   const std::string& Name() const { return study_.name; }
   void SetName(const std::string& name);
   const CKivStudyData& Record() const { return *study_.record; }
+  /// The pages of the editor.
   const std::vector<std::unique_ptr<Tab>>& Tabs() const { return tabs_; }
+  /// What stands above the pages; null when nothing does.
+  Tab* Header() const { return header_.get(); }
+  /// The header and the pages, in the order in which they are checked.
+  std::vector<Tab*> HeaderAndTabs() const;
 
   /// Whether there is input that is not stored.
   bool Modified() const { return modified_; }
@@ -58,6 +63,7 @@ class StudySession {
   StudyStore& store_;
   Study study_;
   std::shared_ptr<Context> context_;
+  std::unique_ptr<Tab> header_;
   std::vector<std::unique_ptr<Tab>> tabs_;
   bool modified_ = false;
 };

@@ -9,12 +9,19 @@
 
 namespace kiv {
 
+/// Where the user chooses the scenario of a study.
+enum class ScenarioChoice {
+  OnTab,  ///< one of the kind's tabs asks for it
+  ByHost  ///< the tabs do not, so the host has to
+};
+
 /// How studies of one kind are edited.
 struct StudyEditor {
   std::string_view name;        ///< of the study kind
   std::string_view editorName;  ///< of the editor, as titles show it
   /// Makes the kind's tabs, in the order in which the editor shows them.
   std::function<std::vector<std::unique_ptr<Tab>>()> createTabs;
+  ScenarioChoice scenarioChoice = ScenarioChoice::OnTab;
 };
 
 /// Makes an editor known; a second registration of a kind replaces the first.

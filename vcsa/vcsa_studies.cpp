@@ -13,12 +13,16 @@ namespace kiv {
 
 void RegisterVcsaStudies() {
   RegisterStudyKind({kVcsStudy, [] { return std::make_shared<CKivVcsData>(); }});
-  RegisterStudyEditor({kVcsStudy, "VCSA", [] {
-                         std::vector<std::unique_ptr<Tab>> tabs;
-                         tabs.push_back(std::make_unique<XKivVcsGen>());
-                         tabs.push_back(std::make_unique<XKivVcsDetail>());
-                         return tabs;
-                       }});
+  RegisterStudyEditor({.name = kVcsStudy,
+                       .editorName = "VCSA",
+                       .createTabs =
+                           [] {
+                             std::vector<std::unique_ptr<Tab>> tabs;
+                             tabs.push_back(std::make_unique<XKivVcsGen>());
+                             tabs.push_back(std::make_unique<XKivVcsDetail>());
+                             return tabs;
+                           },
+                       .scenarioChoice = ScenarioChoice::ByHost});
 }
 
 }  // namespace kiv

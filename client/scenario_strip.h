@@ -1,0 +1,26 @@
+#pragma once
+
+#include "editor/document_chooser.h"
+#include "editor/tab.h"
+#include "ui/buttons.h"
+
+namespace kiv::client {
+
+/// The scenario of a study whose own tabs do not ask for it: a tab without a page, shown above the pages.
+class ScenarioStrip : public Tab {
+ public:
+  ScenarioStrip();
+
+  void SaveData() override;
+  ui::LayoutItem Layout() override;
+
+  DocumentChooser fdocCBScenario;
+  ui::Button cmdNewScenario;
+
+ private:
+  void TakeSubRecord(const CKivStudyData&) override {}
+  void ShowNewStudy() override { ShowStoredStudy(); }
+  void ShowStoredStudy() override;
+};
+
+}  // namespace kiv::client
