@@ -120,12 +120,16 @@ struct FakeBeeper : host::Beeper {
 
 struct FakeDragSource : host::DragSource {
   std::vector<host::DraggedNode> nodes;
-  std::vector<std::string> formats;
+  std::map<std::string, std::uint16_t> numbers;  // by format name; any other name gets kTreeFormat
+  std::vector<std::string> formats;              // the names asked for
+
+  static constexpr std::uint16_t kTreeFormat = 49161;
 
   std::vector<host::DraggedNode> DraggedNodes() const override { return nodes; }
   std::uint16_t RegisterFormat(const std::string& name) override {
     formats.push_back(name);
-    return 49161;
+    const auto found = numbers.find(name);
+    return found == numbers.end() ? kTreeFormat : found->second;
   }
 };
 
