@@ -1,0 +1,273 @@
+#include "plm/distribution_panel.h"
+
+#include <array>
+
+#include "core/kiv_study_ctls.h"
+#include "core/numeric_text.h"
+#include "host/services.h"
+#include "plm/mode_names.h"
+
+namespace kiv {
+
+namespace {
+
+using namespace MKivStudyCtls;
+
+constexpr std::int64_t kMostChannels = 10;
+constexpr std::int64_t kMinChannel = 1;
+constexpr std::int64_t kMaxChannel = 1999;
+
+constexpr std::string_view kExpand = "Expand";
+constexpr std::string_view kRestrict = "Restrict";
+constexpr std::size_t kExpandOption = 0;
+constexpr std::size_t kRestrictOption = 1;
+
+constexpr std::array<WordChoice, 3> kSortings = {
+    {{"Member Number", "Member"}, {"Channel Number", "Channel"}, {"Radio Number", "Radio"}}};
+constexpr std::array<WordChoice, 2> kListEnds = {{{"From the Beginning", "Begin"}, {"From the End", "End"}}};
+
+bool IsBetween(const std::optional<std::int64_t>& number, std::int64_t low, std::int64_t high) {
+  return number.value_or(0) >= low && number.value_or(0) <= high;
+}
+
+}  // namespace
+
+/// The numbers of the boxes or of a stored mode; what is no number counts as 0 in comparisons.
+struct DistributionPanel::Numbers {
+  std::optional<std::int64_t> amps;
+  std::optional<std::int64_t> tdma;
+  std::optional<std::int64_t> total;
+  std::optional<std::int64_t> from;
+  std::optional<std::int64_t> to;
+
+  bool ExceedTotal() const { return amps.value_or(0) + tdma.value_or(0) > total.value_or(0); }
+  bool RunBackwards() const { return from.value_or(0) > to.value_or(0); }
+};
+
+/// Which box stands for which number, and where the mode keeps it.
+struct DistributionPanel::NumberField {
+  ui::TextBox DistributionPanel::*box;
+  std::optional<std::int64_t> Numbers::*number;
+  std::int32_t DistributionDefaults::*standard;
+  std::int32_t (CKivPlmMode::*get)() const;
+  void (CKivPlmMode::*set)(std::int32_t);
+
+  static std::span<const NumberField> All() {
+    using Panel = DistributionPanel;
+    using Default = DistributionDefaults;
+    using Mode = CKivPlmMode;
+    static constexpr std::array<NumberField, 5> fields = {{
+        {&Panel::txtAmps, &Numbers::amps, &Default::amps, &Mode::AmpsDistribution,
+         &Mode::SetAmpsDistribution},
+        {&Panel::txtTdma, &Numbers::tdma, &Default::tdma, &Mode::TdmaDistribution,
+         &Mode::SetTdmaDistribution},
+        {&Panel::txtTotal, &Numbers::total, &Default::total, &Mode::TotalDistribution,
+         &Mode::SetTotalDistribution},
+        {&Panel::txtFrom, &Numbers::from, &Default::from, &Mode::RangeFrom, &Mode::SetRangeFrom},
+        {&Panel::txtTo, &Numbers::to, &Default::to, &Mode::RangeTo, &Mode::SetRangeTo},
+    }};
+    return fields;
+  }
+};
+
+/// A rule of the automatic method; its message follows the mode's name.
+struct DistributionPanel::Rule {
+  ui::TextBox DistributionPanel::*box;
+  bool (*passes)(const Numbers&);
+  std::string_view message;
+
+  static std::span<const Rule> All() {
+    using Panel = DistributionPanel;
+    static constexpr std::array<Rule, 14> rules = {{
+        {&Panel::txtAmps, [](const Numbers& n) { return IsBetween(n.amps, 0, kMostChannels); },
+         "  'AMPS Channels' must be between 0 and 10 inclusive."},
+        {&Panel::txtTdma, [](const Numbers& n) { return IsBetween(n.tdma, 0, kMostChannels); },
+         "  'TDMA Channels' must be between 0 and 10 inclusive."},
+        {&Panel::txtTotal, [](const Numbers& n) { return IsBetween(n.total, 0, kMostChannels); },
+         "  'Total to Select' must be between 0 and 10 inclusive."},
+        {&Panel::txtAmps, [](const Numbers& n) { return n.amps.has_value(); },
+         "  'AMPS Channels' must be numeric."},
+        {&Panel::txtTdma, [](const Numbers& n) { return n.tdma.has_value(); },
+         "  'TDAMA Channels' must be numeric."},
+        {&Panel::txtTotal, [](const Numbers& n) { return n.total.has_value(); },
+         "  'Total to Select' must be numeric."},
+        {&Panel::txtTotal, [](const Numbers& n) { return n.total.value_or(0) <= kMostChannels; },
+         "  'Total Channels to Select' cannot be greater than 10."},
+        {&Panel::txtFrom, [](const Numbers& n) { return n.from.has_value(); },
+         "  'From' channels must be numeric."},
+        {&Panel::txtTo, [](const Numbers& n) { return n.to.has_value(); },
+         "  'To' channels must be numeric."},
+        {&Panel::txtFrom, [](const Numbers& n) { return IsBetween(n.from, kMinChannel, kMaxChannel); },
+         "  'From' channels cannot be less than 1 or greater than 1999 inclusive."},
+        {&Panel::txtFrom, [](const Numbers& n) { return !n.RunBackwards(); },
+         "  'From' channels cannot be greater than 'To' channels."},
+        {&Panel::txtTo, [](const Numbers& n) { return IsBetween(n.to, kMinChannel, kMaxChannel); },
+         "  'To' channels cannot be less than 1 or greater than 1999 inclusive."},
+        {&Panel::txtAmps, [](const Numbers& n) { return !n.ExceedTotal(); },
+         "  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'."},
+        {&Panel::txtAmps, [](const Numbers& n) { return n.amps.value_or(0) != 0 || n.tdma.value_or(0) != 0; },
+         "  'AMPS and TDMA Channels' cannot both be zero."},
+    }};
+    return rules;
+  }
+};
+
+DistributionPanel::DistributionPanel(Container* parent, std::int32_t number,
+                                     std::span<const WordChoice> methods, const DefaultsWording& wording)
+    : MethodPanel(parent, number, methods),
+      fraAutomatic(this, "fraAutomatic"),
+      txtAmps(&fraAutomatic, "txtAmps"),
+      txtTdma(&fraAutomatic, "txtTdma"),
+      txtTotal(&fraAutomatic, "txtTotal"),
+      optAuto(&fraAutomatic, "optAuto"),
+      cboSort1(&fraAutomatic, "cboSort1"),
+      cboSort2(&fraAutomatic, "cboSort2"),
+      txtFrom(&fraAutomatic, "txtFrom"),
+      txtTo(&fraAutomatic, "txtTo"),
+      chkAce(&fraAutomatic, "chkAce"),
+      cmdDefaults(&fraAutomatic, "cmdDefaults"),
+      wording_(wording) {
+  fraAutomatic.SetCaption("Automatic Selection");
+  optAuto[kExpandOption].SetCaption("E&xpand");
+  optAuto[kRestrictOption].SetCaption("&Restrict");
+  chkAce.SetCaption("Exclude A&CE");
+  cmdDefaults.SetCaption("Restore Defa&ults");
+  AddRules();
+
+  const auto report = [this] { Changed.Raise(); };
+  for (const NumberField& field : NumberField::All()) {
+    (this->*field.box).SetKeyFilter(NumericKeyFilter);
+    (this->*field.box).Changed.Connect(report);
+  }
+  optAuto.Changed.Connect(report);
+  cboSort1.Changed.Connect(report);
+  cboSort2.Changed.Connect(report);
+  chkAce.Changed.Connect(report);
+  cmdDefaults.Clicked.Connect([this] {
+    CKivPlmMode defaults;
+    DefaultsToData(defaults);
+    ShowDistribution(defaults);
+  });
+}
+
+void DistributionPanel::AddRules() {
+  CheckList rules;
+  for (const Rule& rule : Rule::All()) {
+    rules.Add(
+        this->*rule.box, [this, &rule] { return rule.passes(ShownNumbers()); },
+        ModeName(Number()) + std::string(rule.message));
+  }
+  checks_.Append(rules, [this] { return Uses(selection::kAutomatic); });
+}
+
+DistributionPanel::Numbers DistributionPanel::ShownNumbers() const {
+  Numbers numbers;
+  for (const NumberField& field : NumberField::All()) {
+    numbers.*field.number = ParseNumber((this->*field.box).Text());
+  }
+  return numbers;
+}
+
+void DistributionPanel::InitControls() {
+  FillWords(cboSort1, kSortings);
+  FillWords(cboSort2, kListEnds);
+  CheckDefaults();
+  MethodPanel::InitControls();
+}
+
+void DistributionPanel::CheckDefaults() const {
+  Numbers numbers;
+  for (const NumberField& field : NumberField::All()) numbers.*field.number = defaults_.*field.standard;
+  const std::string_view message = numbers.ExceedTotal()                       ? wording_.tooMany
+                                   : numbers.RunBackwards()                    ? wording_.fromBehindTo
+                                   : numbers.total.value_or(0) > kMostChannels ? wording_.totalTooLarge
+                                                                               : std::string_view();
+  if (message.empty()) return;
+  host::MessageBox& messages = host::TheMessageBox();
+  messages.Show(ModeName(Number()) + std::string(message), host::MessageStyle::Critical,
+                messages.ApplicationTitle());
+}
+
+void DistributionPanel::DefaultsToData(CKivPlmMode& mode) const {
+  MethodPanel::DefaultsToData(mode);
+  for (const NumberField& field : NumberField::All()) (mode.*field.set)(defaults_.*field.standard);
+  mode.SetDistributionMethod(defaults_.distributionMethod);
+  mode.SetSortBy(defaults_.sortBy);
+  mode.SetSelectFromList(defaults_.selectFromList);
+  mode.SetExcludeAce(defaults_.excludeAce);
+}
+
+void DistributionPanel::DataToCtls(const CKivPlmMode& mode) {
+  MethodPanel::DataToCtls(mode);
+  ShowDistribution(mode);
+}
+
+void DistributionPanel::ShowDistribution(const CKivPlmMode& mode) {
+  for (const NumberField& field : NumberField::All()) {
+    const std::int32_t number = (mode.*field.get)();
+    (this->*field.box).SetText(number == kUnsetNumber ? std::string() : std::to_string(number));
+  }
+  optAuto.SetIndex(mode.DistributionMethod() == kExpand     ? static_cast<int>(kExpandOption)
+                   : mode.DistributionMethod() == kRestrict ? static_cast<int>(kRestrictOption)
+                                                            : ui::kNoSelection);
+  SelectWord(cboSort1, kSortings, mode.SortBy());
+  SelectWord(cboSort2, kListEnds, mode.SelectFromList());
+  chkAce.SetChecked(YNToCheckValue(mode.ExcludeAce()) != 0);
+}
+
+void DistributionPanel::CtlsToData(CKivPlmMode& mode) const {
+  MethodPanel::CtlsToData(mode);
+  for (const NumberField& field : NumberField::All()) {
+    (mode.*field.set)(NumberOr((this->*field.box).Text(), 0));
+  }
+  const bool expand = optAuto.Index() == static_cast<int>(kExpandOption);
+  mode.SetDistributionMethod(std::string(expand ? kExpand : kRestrict));
+  mode.SetSortBy(SelectedWord(cboSort1, kSortings, mode.SortBy()));
+  mode.SetSelectFromList(SelectedWord(cboSort2, kListEnds, mode.SelectFromList()));
+  mode.SetExcludeAce(CheckValueToYN(chkAce.Value()));
+}
+
+void DistributionPanel::HandleMethodChange() {
+  MethodPanel::HandleMethodChange();
+  fraAutomatic.SetEnabled(Uses(selection::kAutomatic));
+}
+
+std::optional<Problem> DistributionPanel::StoredProblem(const CKivPlmMode& mode) {
+  if (mode.SelectionMethod() != selection::kAutomatic.word) return MethodPanel::StoredProblem(mode);
+  Numbers numbers;
+  for (const NumberField& field : NumberField::All()) {
+    const std::int32_t number = (mode.*field.get)();
+    if (number != kUnsetNumber) numbers.*field.number = number;
+  }
+  for (const Rule& rule : Rule::All()) {
+    if (!rule.passes(numbers)) {
+      return Problem{&(this->*rule.box), ModeName(Number()) + std::string(rule.message)};
+    }
+  }
+  return std::nullopt;
+}
+
+std::string DistributionPanel::Summary(const CKivPlmMode& mode) const {
+  if (mode.SelectionMethod() != selection::kAutomatic.word) return MethodPanel::Summary(mode);
+  const auto count = [](std::int32_t number) { return std::to_string(number == kUnsetNumber ? 0 : number); };
+  return count(mode.AmpsDistribution()) + " AMPS + " + count(mode.TdmaDistribution()) + " TDMA";
+}
+
+ui::LayoutItem DistributionPanel::Layout() {
+  using namespace ui;
+  return Column(
+      {MethodLayout(),
+       Row({Group(fraAutomatic,
+                  {Form({Field("&AMPS channels:", {Single(txtAmps), Text("0 to 10")}),
+                         Field("T&DMA channels:", {Single(txtTdma), Text("0 to 10")}),
+                         Field("Total to se&lect:", {Single(txtTotal), Text("0 to 10")}),
+                         Field("", {Single(optAuto[kExpandOption]), Single(optAuto[kRestrictOption])}),
+                         Field("Sort &by:", {Single(cboSort1), Stretch()}),
+                         Field("Sel&ect:", {Single(cboSort2), Stretch()}),
+                         Field("Cha&nnels from:", {Single(txtFrom), Text("to"), Single(txtTo)}),
+                         Field("", {Single(chkAce), Single(cmdDefaults)})}),
+                   Stretch()}),
+            XChannelList1.Layout()})});
+}
+
+}  // namespace kiv

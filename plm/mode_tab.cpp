@@ -1,0 +1,223 @@
+#include "plm/mode_tab.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "plm/mode_names.h"
+
+namespace kiv {
+
+ModeTab::ModeTab(std::string name, std::string title)
+    : TabOf(std::move(name), std::move(title)),
+      fraModeDetail(this, "fraModeDetail"),
+      lblHint(&fraModeDetail, "lblHint") {
+  lblHint.SetCaption("The study does not run this mode. Check it to add it.");
+}
+
+void ModeTab::UseModes(const ModeList& modes) {
+  modes_ = modes;
+  for (std::size_t i = 0; i < modes_.boxes.size(); ++i) {
+    std::string caption = NameOf(i);
+    // The last digit of the number is the mnemonic: no two modes of a tab share it.
+    const auto number = std::to_string(NumberOf(i));
+    caption.insert(caption.find(number) + number.size() - 1, "&");
+    modes_.boxes[i].SetCaption(std::move(caption));
+    modes_.boxes[i].Changed.Connect([this, i] { ClickBox(i); });
+    modes_.selector->Options()[i].SetCaption("Details");
+  }
+  modes_.selector->SetIndex(static_cast<int>(current_));
+  modes_.selector->Changed.Connect([this] { ChooseMode(); });
+}
+
+std::int32_t ModeTab::NumberOf(std::size_t index) const {
+  return modes_.firstNumber + static_cast<std::int32_t>(index);
+}
+
+std::string ModeTab::NameOf(std::size_t index) const {
+  return MKivStudyCtls::ModeName(NumberOf(index));
+}
+
+std::ptrdiff_t ModeTab::CheckedCount() const {
+  return std::count_if(modes_.boxes.begin(), modes_.boxes.end(),
+                       [](const ui::CheckBox& box) { return box.Checked(); });
+}
+
+bool ModeTab::Owns(const CKivPlmMode& mode) const {
+  return mode.PlmMode() >= NumberOf(0) && mode.PlmMode() < NumberOf(modes_.boxes.size());
+}
+
+void ModeTab::ShowStoredStudy() {
+  for (const auto& mode : *SubRecord()) {
+    if (Owns(*mode)) mode->SetChecked(true);
+  }
+  ShowModes();
+}
+
+void ModeTab::ShowModes() {
+  {
+    const FlagGuard busy(busy_);
+    for (std::size_t i = 0; i < modes_.boxes.size(); ++i) {
+      modes_.boxes[i].SetChecked(SubRecord()->ReturnMode(NameOf(i))->Checked());
+    }
+  }
+  MakeCurrent(0);
+  for (std::size_t i = 0; i < modes_.boxes.size(); ++i) ShowState(i);
+}
+
+void ModeTab::MakeCurrent(std::size_t index) {
+  const FlagGuard busy(busy_);
+  current_ = index;
+  edited_ = false;
+  modes_.selector->SetIndex(static_cast<int>(index));
+  ShowDetails(SubRecord()->ReturnMode(CurrentMode()));
+  ShowState(index);
+}
+
+/// Says in a few words what the study does with a mode.
+void ModeTab::ShowState(std::size_t index) {
+  const bool checked = modes_.boxes[index].Checked();
+  const bool isCurrent = index == current_;
+  if (isCurrent) {
+    lblHint.SetVisible(!checked);
+  }
+  if (!checked) {
+    modes_.labels[index].SetCaption({});
+  } else if (isCurrent && edited_) {
+    CKivPlmMode shown;
+    StoreDetails(shown);
+    modes_.labels[index].SetCaption(Summary(shown, index));
+  } else {
+    modes_.labels[index].SetCaption(Summary(*SubRecord()->ReturnMode(NameOf(index)), index));
+  }
+}
+
+void ModeTab::TakeEdit() {
+  if (busy_ || !Study()) return;
+  edited_ = true;
+  ReportChange();
+  ShowState(current_);
+}
+
+/// Takes the shown details into the study. Those of a mode that the study does not run are kept as well, for
+/// as long as the study is open: the user may check the mode again.
+void ModeTab::StoreCurrent() {
+  CKivPlmData& data = *SubRecord();
+  const std::string name = CurrentMode();
+  const auto mode = data.ReturnMode(name);
+  mode->SetChecked(CurrentIsChecked());
+  if (!mode->Checked() && !edited_) return;
+  mode->SetID(Study()->ID());
+  mode->SetPlmMode(NumberOf(current_));
+  StoreDetails(*mode);
+  data.RemoveMode(name);
+  data.AddMode(name, mode);
+  edited_ = false;
+}
+
+/// Whether the shown details meet these rules; tells the first problem otherwise.
+bool ModeTab::Meets(const CheckList& rules) {
+  const auto problem = rules.FirstProblem();
+  if (problem) Refuse(*problem);
+  return !problem;
+}
+
+void ModeTab::ChooseMode() {
+  if (busy_ || !Study()) return;
+  const int wanted = modes_.selector->Index();
+  {
+    // The current mode stays the chosen one until it may be left.
+    const FlagGuard busy(busy_);
+    modes_.selector->SetIndex(static_cast<int>(current_));
+  }
+  if (wanted == ui::kNoSelection || !Meets(checks_)) return;
+  const std::size_t before = current_;
+  StoreCurrent();
+  MakeCurrent(static_cast<std::size_t>(wanted));
+  ShowState(before);
+}
+
+void ModeTab::ClickBox(std::size_t index) {
+  if (busy_ || !Study()) return;
+  if (modes_.boxes[index].Checked()) {
+    CheckMode(index);
+  } else {
+    UncheckMode(index);
+  }
+}
+
+void ModeTab::CheckMode(std::size_t index) {
+  // What was shown of an unchecked mode breaks no rule.
+  if (!MayCheckMore() || (index != current_ && !Meets(RulesBeforeChecking()))) {
+    const FlagGuard busy(busy_);
+    modes_.boxes[index].SetChecked(false);
+    return;
+  }
+  CKivPlmData& data = *SubRecord();
+  const std::string name = NameOf(index);
+  const std::size_t before = current_;
+  if (index != current_ || edited_) StoreCurrent();
+  const auto mode = data.ReturnMode(name);
+  if (!data.Modes()->Contains(name)) StartMode(*mode, index);
+  mode->SetChecked(true);
+  mode->SetPlmMode(NumberOf(index));
+  data.AddMode(name, mode);
+  MakeCurrent(index);
+  ShowState(before);
+  ReportChange();
+}
+
+void ModeTab::UncheckMode(std::size_t index) {
+  if (index == current_) {
+    edited_ = true;  // what is shown now is what a later check brings back
+    StoreCurrent();
+  } else {
+    SubRecord()->ReturnMode(NameOf(index))->SetChecked(false);
+  }
+  ShowState(index);
+  ReportChange();
+}
+
+bool ModeTab::IsTabValid(const std::string&) {
+  if (!Meets(checks_)) return false;
+  StoreCurrent();
+  const std::vector<Problem> problems = RecordProblems();
+  if (!problems.empty()) Refuse(problems.front());
+  return problems.empty();
+}
+
+std::vector<Problem> ModeTab::Problems() const {
+  std::vector<Problem> problems = checks_.Problems();
+  for (Problem& problem : RecordProblems()) {
+    // The shown details are newer than the record.
+    if (problem.control != &modes_.selector->Options()[current_]) problems.push_back(std::move(problem));
+  }
+  return problems;
+}
+
+/// What is wrong with the records of the checked modes, in the order of the study's collection.
+std::vector<Problem> ModeTab::RecordProblems() const {
+  std::vector<Problem> problems;
+  if (!SubRecord()) return problems;
+  for (const auto& mode : *SubRecord()) {
+    if (!mode->Checked() || !Owns(*mode)) continue;
+    std::string message = RecordProblem(*mode);
+    const auto index = static_cast<std::size_t>(mode->PlmMode() - modes_.firstNumber);
+    if (!message.empty()) problems.push_back({&modes_.selector->Options()[index], std::move(message)});
+  }
+  return problems;
+}
+
+void ModeTab::SaveData() {
+  StoreCurrent();
+}
+
+ui::LayoutItem ModeTab::ListLayout() {
+  std::vector<ui::LayoutItem> rows;
+  for (std::size_t i = 0; i < modes_.boxes.size(); ++i) {
+    rows.push_back(ui::Row({ui::Single(modes_.boxes[i]), ui::Single(modes_.selector->Options()[i]),
+                            ui::Row({ui::Single(modes_.labels[i]), ui::Stretch()})}));
+  }
+  return ui::Column({ui::Grid(std::move(rows)), ui::Stretch()});
+}
+
+}  // namespace kiv

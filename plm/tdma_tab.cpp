@@ -1,0 +1,93 @@
+#include "plm/tdma_tab.h"
+
+namespace kiv {
+
+namespace {
+
+constexpr std::int32_t kFirstMode = 1;
+
+constexpr std::array kMode2Methods = {selection::kAutomatic, selection::kManual};
+constexpr std::array kMode5Methods = {selection::kAutomatic, selection::kManual,
+                                      WordChoice{"Study All Channels (not CDMA/AMPS)", selection::kAllWord}};
+constexpr std::array kMode6Methods = {WordChoice{"Study All Channels", selection::kAllWord},
+                                      selection::kManual};
+
+// The two panels word the same rules differently.
+constexpr DefaultsWording kMode2Wording = {
+    "  'AMPS and TDMA channels' cannot be greater than total channels.",
+    "  'From' channels cannot be greater than 'To' channels.",
+    "  'Total Channels to Select' cannot be greater than 10."};
+constexpr DefaultsWording kMode5Wording = {
+    "  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'.",
+    "  'From' channels cannot be greater than 'To' channels.",
+    " 'Total Channels to Select' cannot be greater than 10."};
+
+}  // namespace
+
+XKivPlmTdma::XKivPlmTdma()
+    : ModeTab("XKivPlmTdma", "TDMA/AMPS Modes"),
+      chkMode(this, "chkMode"),
+      obModeSelector(this, "obModeSelector"),
+      lblModeSelector(this, "lblModeSelector"),
+      XMode1(&fraModeDetail, 1),
+      XMode2(&fraModeDetail, 2, kMode2Methods, kMode2Wording),
+      XMode3(&fraModeDetail, 3),
+      XMode4(&fraModeDetail, 4),
+      XMode5(&fraModeDetail, 5, kMode5Methods, kMode5Wording),
+      XMode6(&fraModeDetail, 6, kMode6Methods, selection::kNoMethodWord),
+      panels_{&XMode1, &XMode2, &XMode3, &XMode4, &XMode5, &XMode6} {
+  UseModes({kFirstMode,
+            {chkMode.begin(), chkMode.end()},
+            &obModeSelector,
+            {lblModeSelector.begin(), lblModeSelector.end()}});
+  for (std::size_t i = 0; i < kModes; ++i) {
+    checks_.Append(panels_[i]->Checks(), [this, i] { return Current() == i && CurrentIsChecked(); });
+    panels_[i]->Changed.Connect([this] { TakeEdit(); });
+    if (i != Current()) panels_[i]->Hide();
+  }
+}
+
+void XKivPlmTdma::LoadState() {
+  for (ModePanel* panel : panels_) panel->InitControls();
+  shown_ = {};
+}
+
+/// A panel serves one mode only, so what it holds of that mode is left alone: it may be more than the record
+/// takes, such as the channels of a mode that selects automatically for now.
+void XKivPlmTdma::ShowDetails(const std::shared_ptr<CKivPlmMode>& mode) {
+  fraModeDetail.SetCaption(CurrentMode());
+  for (std::size_t i = 0; i < kModes; ++i) {
+    if (i != Current()) panels_[i]->Hide();
+  }
+  ModePanel& panel = *panels_[Current()];
+  if (shown_[Current()] != mode) panel.DataToCtls(*mode);
+  shown_[Current()] = mode;
+  panel.Reveal();
+}
+
+void XKivPlmTdma::StoreDetails(CKivPlmMode& mode) const {
+  panels_[Current()]->CtlsToData(mode);
+}
+
+void XKivPlmTdma::StartMode(CKivPlmMode& mode, std::size_t index) const {
+  panels_[index]->DefaultsToData(mode);
+}
+
+std::string XKivPlmTdma::RecordProblem(const CKivPlmMode& mode) const {
+  const auto problem = panels_[static_cast<std::size_t>(mode.PlmMode() - kFirstMode)]->ModeProblem(mode);
+  return problem ? problem->message : std::string();
+}
+
+std::string XKivPlmTdma::Summary(const CKivPlmMode& mode, std::size_t index) const {
+  return panels_[index]->Summary(mode);
+}
+
+ui::LayoutItem XKivPlmTdma::Layout() {
+  using namespace ui;
+  std::vector<LayoutItem> details = {Single(lblHint)};
+  for (ModePanel* panel : panels_) details.push_back(panel->Layout());
+  details.push_back(Stretch());
+  return Column({Row({ListLayout(), Group(fraModeDetail, std::move(details))}), Stretch()});
+}
+
+}  // namespace kiv
