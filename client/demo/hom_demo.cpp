@@ -1,34 +1,13 @@
-// Takes the program through one whole HOM study with a user's keys and clicks, and prints what was stored.
-
-#include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QInputDialog>
-#include <QLineEdit>
-#include <exception>
 #include <iostream>
-#include <stdexcept>
 
-#include "client/demo/user_hand.h"
+#include "client/demo/demo.h"
 #include "client/editor_view.h"
-#include "client/main_window.h"
-#include "client/window_program.h"
 #include "core/conversions.h"
 #include "core/sub_record.h"
 
 namespace kiv::client {
+
 namespace {
-
-constexpr int kUntilMarked = 400;  // live marks follow the typing with a short delay
-
-void Expect(bool condition, const char* what) {
-  if (!condition) throw std::runtime_error(std::string("Not as it should be: ") + what);
-  std::cout << "  " << what << '\n';
-}
-
-QString TextOf(const UserHand& user, const char* box) {
-  return qobject_cast<QLineEdit*>(user.Find(QLatin1String(box)))->text();
-}
 
 void CreateStudy(const UserHand& user, const QString& dataFolder) {
   user.Press(Qt::Key_N, Qt::ControlModifier);
@@ -86,8 +65,7 @@ void ReopenAndChange(const UserHand& user, MainWindow& window) {
 }
 
 void PrintStoredRow(const Program& program, std::int32_t id) {
-  const auto row =
-      program.Store().Database().OpenQuery("SELECT * FROM KIV_HomStudy WHERE Id = " + std::to_string(id), 10);
+  const auto row = Rows(program, "SELECT * FROM KIV_HomStudy WHERE Id = " + std::to_string(id));
   const Study study = program.Store().Load(id);
   std::cout << "The stored row of KIV_HomStudy:\n";
   for (const NamedValue& field : study.record->SubRecord()->StoredFields()) {
@@ -97,41 +75,16 @@ void PrintStoredRow(const Program& program, std::int32_t id) {
          "The row holds the change.");
 }
 
-int Run(int argc, char** argv) {
-  const QString folder = QDir(QLatin1String(argc > 1 ? argv[1] : "out")).absolutePath();
-  QDir().mkpath(folder);
-  qputenv("XDG_CONFIG_HOME", (folder + "/settings").toUtf8());  // the user's own settings stay untouched
-  QDir(folder + "/settings").removeRecursively();
-  const QString databaseFile = folder + "/demo.db";
-  QFile::remove(databaseFile);
+}  // namespace
 
-  Application application(argc, argv);
-  Program program;
-  StartWithWindow(program);
-  MainWindow window(program);
-  window.show();
-  QApplication::setActiveWindow(&window);
-  window.OpenDatabase(databaseFile.toStdString(), Program::WhenMissing::Create);
-  const UserHand user(folder);
-  user.TakePicture("1-first-start");
-
-  CreateStudy(user, folder);
+void ShowHomStudy(const Program& program, MainWindow& window, const UserHand& user,
+                  const QString& dataFolder) {
+  CreateStudy(user, dataFolder);
   SeeRefusal(user);
   CompleteStudy(user);
   ReopenAndChange(user, window);
   PrintStoredRow(program, window.CurrentEditor()->Session().ID());
-  std::cout << "Screenshots are in " << QDir::current().relativeFilePath(folder).toStdString() << "/.\n";
-  return 0;
+  user.Press(Qt::Key_W, Qt::ControlModifier);
 }
 
-}  // namespace
 }  // namespace kiv::client
-
-int main(int argc, char** argv) {
-  try {
-    return kiv::client::Run(argc, argv);
-  } catch (const std::exception& error) {
-    std::cerr << error.what() << '\n';
-    return 1;
-  }
-}

@@ -9,6 +9,7 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <exception>
 #include <stdexcept>
 #include <utility>
@@ -57,7 +58,8 @@ void UserHand::Click(const QString& name) const {
   QWidget* widget = Find(name);
   if (!widget->isEnabled()) Fail(name + QStringLiteral(" cannot be used now"));
   // The left edge: a click beside a check box's caption would miss.
-  QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(widget->height() / 2, widget->height() / 2));
+  const int fromLeft = std::min(widget->width(), widget->height()) / 2;
+  QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(fromLeft, widget->height() / 2));
 }
 
 void UserHand::ClickTab(const QString& tabWidget, int index) const {

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <memory>
+#include <string>
+
+#include "client/demo/user_hand.h"
+#include "client/main_window.h"
+#include "client/program.h"
+#include "host/database.h"
+
+/// The demonstration: one whole study of each kind with a user's keys and clicks, told as it goes. Whatever
+/// is not as it should be raises std::runtime_error.
+namespace kiv::client {
+
+inline constexpr int kUntilMarked = 400;  ///< milliseconds; live marks follow the typing with a short delay
+
+/// Says what was seen.
+void Expect(bool condition, const char* what);
+/// The text of a visible box.
+QString TextOf(const UserHand& user, const QString& box);
+std::shared_ptr<host::Recordset> Rows(const Program& program, const std::string& query);
+
+// Each starts and ends at the list of studies.
+void ShowHomStudy(const Program& program, MainWindow& window, const UserHand& user,
+                  const QString& dataFolder);
+void ShowPlmStudy(const Program& program, MainWindow& window, const UserHand& user,
+                  const QString& dataFolder);
+
+}  // namespace kiv::client
