@@ -33,6 +33,11 @@ namespace {
 constexpr const char* kGeometryKey = "Window/Geometry";
 constexpr const char* kFileFilter = "Study databases (*.db);;All files (*)";
 
+/// Each kind has its initial as the mnemonic.
+QString NewCaption(const std::string& kind) {
+  return QStringLiteral("New &") + QString::fromStdString(kind);
+}
+
 }  // namespace
 
 MainWindow::MainWindow(Program& program)
@@ -90,8 +95,8 @@ void MainWindow::AddMenus() {
     const std::string kind(editor.name);
     const bool first = databaseActions_.empty();
     QAction* action =
-        AddAction(study, QStringLiteral("&New ") + QString::fromStdString(kind),
-                  first ? QKeySequence(QKeySequence::New) : QKeySequence(), [this, kind] { NewStudy(kind); });
+        AddAction(study, NewCaption(kind), first ? QKeySequence(QKeySequence::New) : QKeySequence(),
+                  [this, kind] { NewStudy(kind); });
     action->setIcon(KindIcon(kind));
     databaseActions_.push_back(action);
   }
@@ -120,7 +125,7 @@ void MainWindow::AddEditorActions(QMenu& study) {
     list_->FocusFilter();
   }));
   databaseActions_.push_back(
-      AddAction(study, QStringLiteral("&Refresh List"), QKeySequence::Refresh, [this] { RefreshStudies(); }));
+      AddAction(study, QStringLiteral("Refresh L&ist"), QKeySequence::Refresh, [this] { RefreshStudies(); }));
   for (QAction* action : listActions_) list_->View().addAction(action);
   study.addSeparator();
   editorActions_ = {
@@ -185,14 +190,13 @@ void MainWindow::ShowEmptyPage() {
       QStringLiteral(
           "A KIV study tells the switch what to record, for how long, and into which data file.\n\n"
           "Start with a new study: choose its scenario (make one right there), the folder of its data "
-          "file and the handoffs that it records. Then save it; it is listed here from then on.\n\n"
+          "file and what it records. Then save it; it is listed here from then on.\n\n"
           "The studies are kept in %1. Nothing else needs to be set up.")
           .arg(databaseLabel_->text());
   std::vector<StartPage::Choice> choices;
   for (const StudyEditor& editor : StudyEditors()) {
     const std::string kind(editor.name);
-    choices.push_back({QStringLiteral("&New ") + QString::fromStdString(kind),
-                       [this, kind] { Guarded([&] { NewStudy(kind); }); }});
+    choices.push_back({NewCaption(kind), [this, kind] { Guarded([&] { NewStudy(kind); }); }});
   }
   startPage_->Show(QStringLiteral("No studies yet"), text, choices);
   home_->setCurrentWidget(startPage_);

@@ -11,6 +11,7 @@
 #include "core/msql.h"
 #include "database/open.h"
 #include "hom/hom_studies.h"
+#include "plm/plm_studies.h"
 
 namespace kiv::client {
 
@@ -81,6 +82,7 @@ Program::~Program() {
 
 void Program::Start(UserInterface userInterface) {
   RegisterHomStudies();
+  RegisterPlmStudies();
   errors_->SetTeller(std::move(userInterface.tellFailure));
   host::InstallServices(
       {.openDatabase = [this] { return connection_; },

@@ -36,6 +36,64 @@ Json JsonValue(const Variant& value) {
   return ToText(value);
 }
 
+/// A list whose entries are a number or a text each, such as channels.
+bool IsPlain(const StoredList& list) {
+  return std::all_of(list.entries.begin(), list.entries.end(), [](const StoredEntry& entry) {
+    return entry.fields.size() == 1 && entry.lists.empty();
+  });
+}
+
+Json JsonEntry(const StoredEntry& entry) {
+  Json json = Json::object();
+  for (const NamedValue& field : entry.fields) json[std::string(field.name)] = JsonValue(field.value);
+  for (const StoredList& list : entry.lists) {
+    const bool plain = IsPlain(list);
+    Json entries = Json::array();
+    for (const StoredEntry& inner : list.entries) {
+      entries.push_back(plain ? JsonValue(inner.fields[0].value) : JsonEntry(inner));
+    }
+    json[std::string(list.name)] = std::move(entries);
+  }
+  return json;
+}
+
+std::string PlainText(const Json& value) {
+  if (value.is_null()) return {};
+  return value.is_string() ? value.get<std::string>() : value.dump();
+}
+
+void PrintField(const std::string& indent, const std::string& name, const std::string& value,
+                std::ostream& out) {
+  constexpr std::size_t kNameWidth = 24;
+  out << indent << name << std::string(kNameWidth - std::min(name.size(), kNameWidth - 1), ' ') << value
+      << '\n';
+}
+
+/// Every entry under its name, without what is not set; nothing but values in one line.
+void PrintList(const StoredList& list, const std::string& indent, std::ostream& out) {
+  const std::string inner = indent + "  ";
+  if (IsPlain(list)) {
+    std::string values;
+    for (const StoredEntry& entry : list.entries) {
+      values += (values.empty() ? "" : ", ") + ToText(entry.fields[0].value);
+    }
+    PrintField(indent, std::string(list.name), values, out);
+    return;
+  }
+  out << indent << list.name << '\n';
+  for (std::size_t i = 0; i < list.entries.size(); ++i) {
+    const StoredEntry& entry = list.entries[i];
+    out << inner << (entry.name.empty() ? std::to_string(i + 1) : entry.name) << '\n';
+    for (const NamedValue& field : entry.fields) {
+      const std::string value = ToText(field.value);
+      if (!value.empty()) PrintField(inner + "  ", std::string(field.name), value, out);
+    }
+    for (const StoredList& deeper : entry.lists) {
+      if (!deeper.entries.empty()) PrintList(deeper, inner + "  ", out);
+    }
+  }
+}
+
 std::size_t DisplayWidth(const std::string& text) {
   const bool ascii =
       std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
@@ -109,30 +167,21 @@ void PrintStudy(const Study& study, const std::vector<host::Document>& scenarios
                {"pollingIntervalSeconds", NumberOrNull(record.PollingInterval())},
                {"retrieveDelayMinutes", NumberOrNull(record.RetrieveDelay())},
                {"revision", study.revision}};
-  Json fields = Json::object();
-  for (const NamedValue& field : record.SubRecord()->StoredFields()) {
-    fields[std::string(field.name)] = JsonValue(field.value);
-  }
   if (format == OutputFormat::Json) {
-    json["data"] = std::move(fields);
+    json["data"] = JsonEntry({{}, record.SubRecord()->StoredFields(), record.SubRecord()->StoredLists()});
     out << Dump(json, 2) << '\n';
     return;
   }
-  constexpr std::size_t kNameWidth = 24;
-  const auto print = [&out](const Json& values) {
-    for (const auto& [name, value] : values.items()) {
-      out << name << std::string(kNameWidth - std::min(name.size(), kNameWidth - 1), ' ');
-      if (value.is_string()) {
-        out << value.get_ref<const std::string&>();
-      } else if (!value.is_null()) {
-        out << value;
-      }
-      out << '\n';
-    }
-  };
-  print(json);
+  for (const auto& [name, value] : json.items()) PrintField({}, name, PlainText(value), out);
   out << '\n';
-  print(fields);
+  for (const NamedValue& field : record.SubRecord()->StoredFields()) {
+    PrintField({}, std::string(field.name), ToText(field.value), out);
+  }
+  for (const StoredList& list : record.SubRecord()->StoredLists()) {
+    if (list.entries.empty()) continue;
+    out << '\n';
+    PrintList(list, {}, out);
+  }
 }
 
 std::size_t PrintProblems(const StudySession& session, OutputFormat format, std::ostream& out) {
