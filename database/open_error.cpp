@@ -1,6 +1,7 @@
 #include "database/open_error.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace kiv::database {
 
@@ -10,9 +11,20 @@ std::string Quoted(const std::string& file) {
   return "'" + file + "'";
 }
 
-std::string InitCommand(const std::string& file) {
-  const bool needsQuotes = file.find(' ') != std::string::npos;
-  return "kivstudy init --database " + (needsQuotes ? '"' + file + '"' : file);
+/// A word that every POSIX shell takes as it stands here.
+std::string ShellWord(const std::string& text) {
+  constexpr std::string_view kPlain =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_@%+=:,./-";
+  if (!text.empty() && text.find_first_not_of(kPlain) == std::string::npos) return text;
+  std::string word = "'";
+  for (const char character : text) {
+    if (character == '\'') {
+      word += "'\\''";
+    } else {
+      word += character;
+    }
+  }
+  return word + "'";
 }
 
 std::string InBrackets(const std::string& detail) {
@@ -28,8 +40,7 @@ std::string Printable(std::string file) {
 std::string Sentence(OpenProblem problem, const std::string& file, const std::string& detail) {
   switch (problem) {
     case OpenProblem::Missing:
-      return "The study database " + Quoted(file) +
-             " does not exist. Check the path, or create it with: " + InitCommand(file);
+      return "The study database " + Quoted(file) + " does not exist. Check the path, or create it.";
     case OpenProblem::IsFolder:
       return Quoted(file) + " is a folder, not a study database. Name the file inside a folder.";
     case OpenProblem::Unreadable:
@@ -42,6 +53,12 @@ std::string Sentence(OpenProblem problem, const std::string& file, const std::st
     case OpenProblem::NotADatabase:
       return "The file " + Quoted(file) + " is not a study database" + InBrackets(detail) +
              ". Nothing was changed; choose another file.";
+    case OpenProblem::Empty:
+      return "The file " + Quoted(file) +
+             " is empty, not a study database. Choose another file, or make it one.";
+    case OpenProblem::Damaged:
+      return "The study database " + Quoted(file) + " is damaged" + InBrackets(detail) +
+             ". Nothing was changed; restore it from a copy.";
     case OpenProblem::Foreign:
       return Quoted(file) + " is a database of another program. Nothing was changed; choose another one.";
     case OpenProblem::Newer:
@@ -63,6 +80,8 @@ std::string Sentence(OpenProblem problem, const std::string& file, const std::st
     case OpenProblem::WithoutPostgres:
       return "This program was built without PostgreSQL and cannot open " + Quoted(file) +
              ". Use a database file.";
+    case OpenProblem::NameTooLong:
+      return "The file name " + Quoted(file) + " is too long. Choose a shorter one.";
   }
   return {};
 }
@@ -70,10 +89,10 @@ std::string Sentence(OpenProblem problem, const std::string& file, const std::st
 }  // namespace
 
 OpenError::OpenError(OpenProblem problem, const std::string& file, const std::string& detail)
-    : DatabaseError(Sentence(problem, Printable(file), detail), {}), problem_(problem) {}
+    : DatabaseError(Sentence(problem, Printable(file), detail), {}), problem_(problem), file_(file) {}
 
-OpenError EmptyFileError(const std::string& file) {
-  return {OpenProblem::NotADatabase, file, "it is empty; to make it one: " + InitCommand(file)};
+std::string OpenError::CreateCommand() const {
+  return "kivstudy init --database " + ShellWord(Printable(file_));
 }
 
 }  // namespace kiv::database

@@ -12,14 +12,17 @@ enum class OpenProblem {
   IsFolder,
   Unreadable,    ///< no permission, or the disk fails
   Locked,        ///< another program holds it for itself
-  NotADatabase,  ///< something else, empty or damaged
-  Foreign,       ///< a database, but of another program
-  Newer,         ///< made by a later version of this program
+  NotADatabase,  ///< something else
+  Empty,         ///< a file without content, which can still be made a study database
+  Damaged,
+  Foreign,  ///< a database, but of another program
+  Newer,    ///< made by a later version of this program
   CannotCreate,
   BadAddress,       ///< no address of a server
   Unreachable,      ///< the server does not answer, or lets nobody in
   NoTables,         ///< this user may not make the tables
   WithoutPostgres,  ///< the program was built without it
+  NameTooLong,
 };
 
 /// A study database that cannot be opened; the text is one message for the user that names the database and
@@ -30,12 +33,14 @@ class OpenError : public host::DatabaseError {
   OpenError(OpenProblem problem, const std::string& name, const std::string& detail = {});
 
   OpenProblem Problem() const { return problem_; }
+  /// Whether a study database can be made there.
+  bool CanBeCreated() const { return problem_ == OpenProblem::Missing || problem_ == OpenProblem::Empty; }
+  /// The command that makes it, ready for a shell.
+  std::string CreateCommand() const;
 
  private:
   OpenProblem problem_;
+  std::string file_;
 };
-
-/// The NotADatabase error of a file without content, which can still be made a study database.
-OpenError EmptyFileError(const std::string& file);
 
 }  // namespace kiv::database

@@ -20,6 +20,9 @@ constexpr std::array kCauses = {
     CauseOfState{"25006", FailureCause::ReadOnly},        // read-only transaction
     CauseOfState{"42501", FailureCause::ReadOnly},        // no privilege
     CauseOfState{"53100", FailureCause::DiskFull},        //
+    CauseOfState{"23", FailureCause::Constraint},         // every integrity violation
+    CauseOfState{"XX001", FailureCause::Damaged},         //
+    CauseOfState{"XX002", FailureCause::Damaged},         // an index
     CauseOfState{"08", FailureCause::ConnectionLost},     // every connection exception
     CauseOfState{"57P", FailureCause::ConnectionLost},    // the server shuts down, or ended the session
     CauseOfState{"25P03", FailureCause::ConnectionLost},  // idle for too long inside a transaction

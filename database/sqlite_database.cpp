@@ -40,7 +40,7 @@ void PrepareFile(const std::string& utf8Path, FileKind kind, OpenMode mode) {
     }
     case FileKind::Folder: throw OpenError(OpenProblem::IsFolder, utf8Path);
     case FileKind::Empty:
-      if (!mayCreate) throw EmptyFileError(utf8Path);
+      if (!mayCreate) throw OpenError(OpenProblem::Empty, utf8Path);
       return;
     case FileKind::Special:
     case FileKind::OtherContent: throw OpenError(OpenProblem::NotADatabase, utf8Path);

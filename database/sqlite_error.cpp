@@ -15,6 +15,9 @@ FailureCause CauseOf(int extendedCode) {
     case SQLITE_LOCKED: return FailureCause::Busy;
     case SQLITE_READONLY: return FailureCause::ReadOnly;
     case SQLITE_FULL: return FailureCause::DiskFull;
+    case SQLITE_CONSTRAINT: return FailureCause::Constraint;
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB: return FailureCause::Damaged;
     default: return FailureCause::Other;
   }
 }
@@ -41,7 +44,10 @@ OpenError AsOpenError(const SqliteError& error, const std::string& file, FileKin
     case SQLITE_BUSY:
     case SQLITE_LOCKED: return {OpenProblem::Locked, file};
     case SQLITE_NOTADB:
-    case SQLITE_CORRUPT: return {OpenProblem::NotADatabase, file, error.what()};
+    case SQLITE_CORRUPT:
+      // Its head was sound, or it would not have been opened at all.
+      return {before == FileKind::SqliteDatabase ? OpenProblem::Damaged : OpenProblem::NotADatabase, file,
+              error.what()};
     default:
       return {before == FileKind::SqliteDatabase ? OpenProblem::Unreadable : OpenProblem::CannotCreate, file,
               error.what()};

@@ -97,6 +97,9 @@ FileFacts InspectFile(const std::string& utf8Path) {
   // An empty path or one with a NUL would name another file than the one that the user sees.
   if (utf8Path.empty() || utf8Path.find('\0') != std::string::npos) return {.kind = FileKind::Missing};
 
+  if (static_cast<int>(SqliteFileName(utf8Path).size()) > sqlite3_vfs_find(nullptr)->mxPathname) {
+    throw OpenError(OpenProblem::NameTooLong, utf8Path);
+  }
   const std::filesystem::path path = PathFromUtf8(utf8Path);
   std::error_code error;
   const std::filesystem::file_status status = std::filesystem::status(path, error);
@@ -105,6 +108,7 @@ FileFacts InspectFile(const std::string& utf8Path) {
     case std::filesystem::file_type::directory: return {.kind = FileKind::Folder};
     case std::filesystem::file_type::regular: break;
     case std::filesystem::file_type::none:
+      if (error == std::errc::filename_too_long) throw OpenError(OpenProblem::NameTooLong, utf8Path);
       throw OpenError(OpenProblem::Unreadable, utf8Path, error.message());
     default: return {.kind = FileKind::Special};
   }

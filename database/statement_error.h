@@ -10,6 +10,8 @@ enum class FailureCause {
   ReadOnly,  ///< the database cannot be written by this user
   DiskFull,
   ConnectionLost,  ///< the server is gone, or the way to it
+  Constraint,      ///< a rule of the tables forbids the values, such as a reference to a row that is gone
+  Damaged,         ///< the database contradicts itself
   Other
 };
 

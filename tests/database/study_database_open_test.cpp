@@ -124,12 +124,10 @@ class StudyDatabaseOpen : public testing::Test {
 TEST_F(StudyDatabaseOpen, MissingFileIsToldOrMade) {
   const std::string path = folder_.File("new/deep/studies.db");
   EXPECT_EQ(Failure(path, OpenMode::MustExist).what(),
-            "The study database '" + path +
-                "' does not exist. Check the path, or create it with: "
-                "kivstudy init --database " +
-                path);
-  ExpectProblem(OpenProblem::Missing, folder_.File("my studies.db"), OpenMode::MustExist,
-                "--database \"" + folder_.File("my studies.db") + "\"");
+            "The study database '" + path + "' does not exist. Check the path, or create it."s);
+  EXPECT_EQ(Failure(path, OpenMode::MustExist).CreateCommand(), "kivstudy init --database " + path);
+  EXPECT_EQ(OpenError(OpenProblem::Missing, "it's $HOME").CreateCommand(),
+            "kivstudy init --database 'it'\\''s $HOME'");
   EXPECT_TRUE(std::filesystem::is_empty(folder_.Path())) << "looking for a file makes nothing";
   EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::CreateIfMissing)), 0);
   EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::MustExist)), 0);
@@ -143,6 +141,9 @@ TEST_F(StudyDatabaseOpen, NoFileNameNoDatabase) {
   EXPECT_THAT([] { OpenStudyDatabase("a\0b"s, OpenMode::CreateIfMissing); },
               testing::ThrowsMessage<OpenError>(HasSubstr("'a?b' cannot be created")));
   ExpectProblem(OpenProblem::IsFolder, folder_.Path(), "is a folder");
+  ExpectProblem(OpenProblem::NameTooLong, folder_.File(std::string(300, 'x')), "shorter");
+  const std::string deep = "/" + std::string(100, 'y');
+  ExpectProblem(OpenProblem::NameTooLong, folder_.File("z") + deep + deep + deep + deep + deep, "shorter");
 }
 
 TEST_F(StudyDatabaseOpen, OtherContentIsNotTouched) {
@@ -163,13 +164,13 @@ TEST_F(StudyDatabaseOpen, DamagedDatabaseIsTold) {
   const std::string path = NewStudyDatabase();
   const std::string content = ReadFile(path);
   WriteFile(path, content.substr(0, 100) + std::string(content.size() - 100, 'x'));
-  ExpectProblem(OpenProblem::NotADatabase, path, "malformed");
+  ExpectProblem(OpenProblem::Damaged, path, "restore it from a copy");
 }
 
 TEST_F(StudyDatabaseOpen, EmptyFileIsADatabaseOnlyWhenOneIsToBeMade) {
   const std::string path = folder_.File("empty.db");
   WriteFile(path, "");
-  ExpectProblem(OpenProblem::NotADatabase, path, OpenMode::MustExist, "empty");
+  ExpectProblem(OpenProblem::Empty, path, OpenMode::MustExist, "empty");
   EXPECT_EQ(std::filesystem::file_size(path), 0U);
   EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::CreateIfMissing)), 0);
 }
