@@ -9,6 +9,8 @@
 #include "client/program.h"
 #include "client/study_printer.h"
 #include "client/study_session.h"
+#include "client/terminal_text.h"
+#include "database/open_error.h"
 
 namespace kiv::client {
 
@@ -46,6 +48,12 @@ struct Options {
 
 int Init(Program& program, const Options& options, std::ostream& out) {
   program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Create);
+  if (program.HasOlderLayout()) {
+    throw StoreError(
+        "The study database " + program.Store().Database().Name() +
+        " is write-protected and keeps its older layout; nothing was changed. Ask for permission "
+        "to write the file, then run init again.");
+  }
   out << "The study database is ready: " << program.Store().Database().Name() << '\n';
   return kOk;
 }
@@ -56,7 +64,15 @@ int List(Program& program, const Options& options, std::ostream& out) {
 }
 
 int Show(Program& program, const Options& options, std::ostream& out) {
-  PrintStudy(program.Store().Load(options.id), program.Store().Scenarios(), options.Format(), out);
+  const Study study = program.Store().Load(options.id);
+  PrintStudy(study, program.Store().Scenarios(), options.Format(), out);
+  switch (study.kindData) {
+    case KindData::Complete: break;
+    case KindData::Missing: throw StoreError(MissingDataText(options.id));
+    case KindData::Unknown:
+      throw StoreError("This version of the program cannot show the data of the kind \"" +
+                       study.record->AppName() + "\".");
+  }
   return kOk;
 }
 
@@ -78,22 +94,42 @@ int ImportNetworkFolder(Program& program, const Options& options, std::ostream& 
   return report.badLines.empty() ? kOk : kRefused;
 }
 
-}  // namespace
+/// One message for each refusal.
+int Refuse(const std::exception& error, std::ostream& err) {
+  err << TerminalText(FailureText(error));
+  const auto* notOpened = dynamic_cast<const database::OpenError*>(&error);
+  if (notOpened && notOpened->CanBeCreated()) {
+    err << " To do so: " << TerminalText(notOpened->CreateCommand());
+  }
+  err << '\n';
+  return kRefused;
+}
 
-std::optional<int> RunCommandLine(int argc, const char* const* argv, WindowRequest& window, std::ostream& out,
-                                  std::ostream& err) {
+std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window, std::ostream& out,
+                       std::ostream& err) {
   Options options;
   CLI::App app("Defines, checks, stores and finds KIV studies.", "kivstudy");
   app.set_help_all_flag("--help-all", "Print this help message of every command and exit");
   app.require_subcommand(0, 1);
-  app.footer("Without a command the window opens. Exit codes: 0 done, 1 refused, 2 wrong usage.");
+  app.set_version_flag("--version", "kivstudy " KIV_VERSION);
   app.fallthrough();
-  app.add_option("--database", options.database,
-                 "Study database: a file, or the address of a PostgreSQL database such as "
-                 "postgresql://user@server/database (default: studies.db in your data folder)");
+  const auto addDatabase = [&](CLI::App& command) {
+    command
+        .add_option("--database", options.database,
+                    "Study database: a file, or the address of a PostgreSQL database such as "
+                    "postgresql://user@server/database (default: studies.db in your data folder)")
+        ->type_name("DATABASE")
+        ->check([](const std::string& file) { return file.empty() ? "the name is missing" : ""; });
+  };
+  const std::string exitCodes = "Exit codes: 0 done, 1 refused, 2 wrong usage.";
+  addDatabase(app);
+  app.footer("Without a command the window opens. " + exitCodes);
 
   const auto addCommand = [&](const char* name, const char* description) {
-    return app.add_subcommand(name, description);
+    CLI::App* command = app.add_subcommand(name, description);
+    addDatabase(*command);
+    command->footer(exitCodes);
+    return command;
   };
   const auto addJson = [&](CLI::App* command) {
     command->add_flag("--json", options.json, "Print JSON for programs");
@@ -142,9 +178,19 @@ std::optional<int> RunCommandLine(int argc, const char* const* argv, WindowReque
     if (show->parsed()) return Show(program, options, out);
     return Validate(program, options, out);
   } catch (const std::exception& error) {
-    err << FailureText(error) << '\n';
-    return kRefused;
+    return Refuse(error, err);
   }
+}
+
+}  // namespace
+
+std::optional<int> RunCommandLine(int argc, const char* const* argv, WindowRequest& window, std::ostream& out,
+                                  std::ostream& err) {
+  const auto exitCode = Run(argc, argv, window, out, err);
+  if (!exitCode || out.flush()) return exitCode;
+  // A result that did not arrive, on a full disk for one, is no success.
+  err << "The output could not be written completely. Make room where it goes to, then try again.\n";
+  return kRefused;
 }
 
 }  // namespace kiv::client

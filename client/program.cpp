@@ -10,6 +10,7 @@
 
 #include "core/msql.h"
 #include "database/open.h"
+#include "database/schema.h"
 #include "hom/hom_studies.h"
 #include "plm/plm_studies.h"
 
@@ -103,6 +104,10 @@ void Program::OpenDatabase(const std::string& path, WhenMissing whenMissing) {
   connection_ = database::OpenStudyDatabase(path, mode);
   MSQL::ReleaseDatabase();
   store_ = std::make_unique<StudyStore>(connection_, errors_);
+}
+
+bool Program::HasOlderLayout() const {
+  return database::SchemaVersion(*connection_) < database::NewestSchemaVersion();
 }
 
 StudyStore& Program::Store() const {

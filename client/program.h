@@ -8,7 +8,7 @@
 #include "client/error_log.h"
 #include "client/study_store.h"
 #include "client/user_settings.h"
-#include "database/connection.h"
+#include "database/sql_connection.h"
 #include "host/services.h"
 
 namespace kiv::client {
@@ -40,6 +40,8 @@ class Program {
   /// Raises database::OpenError.
   enum class WhenMissing { Refuse, Create };
   void OpenDatabase(const std::string& path, WhenMissing whenMissing);
+  /// Whether the open database lacks tables of this version, because it cannot be written.
+  bool HasOlderLayout() const;
   bool HasDatabase() const { return store_ != nullptr; }
   /// Raises error 91 when no database is open.
   StudyStore& Store() const;
@@ -59,7 +61,7 @@ class Program {
   std::shared_ptr<ErrorLog> errors_;
   std::shared_ptr<UserSettings> settings_;
   std::shared_ptr<host::Session> session_;
-  std::shared_ptr<database::Connection> connection_;
+  std::shared_ptr<database::SqlConnection> connection_;
   std::unique_ptr<StudyStore> store_;
 };
 

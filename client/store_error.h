@@ -16,7 +16,30 @@ class StoreError : public Error {
 /// Somebody else saved the study since it was loaded, or deleted it.
 class StudyConflict : public StoreError {
  public:
-  using StoreError::StoreError;
+  enum class Reason { Changed, Deleted };
+
+  StudyConflict(Reason reason, const std::string& text) : StoreError(text), reason_(reason) {}
+
+  Reason Why() const { return reason_; }
+
+ private:
+  Reason reason_;
+};
+
+/// Somebody else deleted the scenario that a study is to belong to.
+class ScenarioDeleted : public StoreError {
+ public:
+  ScenarioDeleted()
+      : StoreError(
+            "The scenario was deleted while you were editing the study. Choose another one, then save "
+            "again.") {}
+};
+
+/// A study of a kind that this program cannot edit.
+class UnknownKind : public StoreError {
+ public:
+  explicit UnknownKind(const std::string& kind)
+      : StoreError("This version of the program cannot edit studies of the kind \"" + kind + "\".") {}
 };
 
 /// One sentence or two for the user: what went wrong and what to do about it.

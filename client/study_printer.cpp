@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
-#include "base/utf16.h"
+#include "client/terminal_text.h"
 #include "core/conversions.h"
 
 namespace kiv::client {
@@ -16,6 +16,7 @@ using Json = nlohmann::ordered_json;
 
 constexpr std::size_t kColumns = 7;
 using Line = std::array<std::string, kColumns>;
+constexpr const char* kWholeStudy = "Study";  // where a problem is that belongs to no tab
 
 /// Texts of a database may be anything; a bad byte must not keep the rest from being printed.
 std::string Dump(const Json& json, int indent) {
@@ -65,8 +66,8 @@ std::string PlainText(const Json& value) {
 void PrintField(const std::string& indent, const std::string& name, const std::string& value,
                 std::ostream& out) {
   constexpr std::size_t kNameWidth = 24;
-  out << indent << name << std::string(kNameWidth - std::min(name.size(), kNameWidth - 1), ' ') << value
-      << '\n';
+  out << indent << name << std::string(kNameWidth - std::min(name.size(), kNameWidth - 1), ' ')
+      << TerminalText(value) << '\n';
 }
 
 /// Every entry under its name, without what is not set; nothing but values in one line.
@@ -83,7 +84,7 @@ void PrintList(const StoredList& list, const std::string& indent, std::ostream& 
   out << indent << list.name << '\n';
   for (std::size_t i = 0; i < list.entries.size(); ++i) {
     const StoredEntry& entry = list.entries[i];
-    out << inner << (entry.name.empty() ? std::to_string(i + 1) : entry.name) << '\n';
+    out << inner << (entry.name.empty() ? std::to_string(i + 1) : TerminalText(entry.name)) << '\n';
     for (const NamedValue& field : entry.fields) {
       const std::string value = ToText(field.value);
       if (!value.empty()) PrintField(inner + "  ", std::string(field.name), value, out);
@@ -94,23 +95,20 @@ void PrintList(const StoredList& list, const std::string& indent, std::ostream& 
   }
 }
 
-std::size_t DisplayWidth(const std::string& text) {
-  const bool ascii =
-      std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-  return ascii ? text.size() : CharacterCount(text);
-}
-
-void PrintTable(const std::vector<Line>& lines, std::ostream& out) {
+void PrintTable(std::vector<Line> lines, std::ostream& out) {
   std::array<std::size_t, kColumns> widths{};
-  for (const Line& line : lines) {
-    for (std::size_t i = 0; i < kColumns; ++i) widths[i] = std::max(widths[i], DisplayWidth(line[i]));
+  for (Line& line : lines) {
+    for (std::size_t i = 0; i < kColumns; ++i) {
+      line[i] = TerminalText(line[i]);
+      widths[i] = std::max(widths[i], TerminalWidth(line[i]));
+    }
   }
   std::string text;
   for (const Line& line : lines) {
     for (std::size_t i = 0; i < kColumns; ++i) {
       text += line[i];
       const bool last = i + 1 == kColumns;
-      if (!last) text.append(widths[i] - DisplayWidth(line[i]) + 2, ' ');
+      if (!last) text.append(widths[i] - TerminalWidth(line[i]) + 2, ' ');
     }
     text += '\n';
   }
@@ -153,7 +151,7 @@ void PrintStudies(const std::vector<StudySummary>& studies, OutputFormat format,
     lines.push_back({std::to_string(study.id), study.kind, study.name, study.scenario,
                      MinutesText(study.duration), study.modifiedBy, study.modifiedAt});
   }
-  PrintTable(lines, out);
+  PrintTable(std::move(lines), out);
 }
 
 void PrintStudy(const Study& study, const std::vector<host::Document>& scenarios, OutputFormat format,
@@ -167,12 +165,16 @@ void PrintStudy(const Study& study, const std::vector<host::Document>& scenarios
                {"pollingIntervalSeconds", NumberOrNull(record.PollingInterval())},
                {"retrieveDelayMinutes", NumberOrNull(record.RetrieveDelay())},
                {"revision", study.revision}};
+  const bool complete = study.kindData == KindData::Complete;
   if (format == OutputFormat::Json) {
-    json["data"] = JsonEntry({{}, record.SubRecord()->StoredFields(), record.SubRecord()->StoredLists()});
+    json["data"] =
+        !complete ? Json()
+                  : JsonEntry({{}, record.SubRecord()->StoredFields(), record.SubRecord()->StoredLists()});
     out << Dump(json, 2) << '\n';
     return;
   }
   for (const auto& [name, value] : json.items()) PrintField({}, name, PlainText(value), out);
+  if (!complete) return;
   out << '\n';
   for (const NamedValue& field : record.SubRecord()->StoredFields()) {
     PrintField({}, std::string(field.name), ToText(field.value), out);
@@ -186,12 +188,18 @@ void PrintStudy(const Study& study, const std::vector<host::Document>& scenarios
 
 std::size_t PrintProblems(const StudySession& session, OutputFormat format, std::ostream& out) {
   Json list = Json::array();
+  const auto add = [&list](const std::string& tab, const std::string& control, const std::string& message,
+                           host::MessageStyle style = host::MessageStyle::Critical) {
+    list.push_back({{"tab", tab},
+                    {"control", control},
+                    {"severity", style == host::MessageStyle::Warning ? "warning" : "error"},
+                    {"message", message}});
+  };
+  if (session.Data() == KindData::Missing) add(kWholeStudy, {}, MissingDataText(session.ID()));
+  if (const auto problem = session.NameProblem()) add(kWholeStudy, "studyName", *problem);
   for (const Tab* tab : session.HeaderAndTabs()) {
     for (const Problem& problem : tab->Problems()) {
-      list.push_back({{"tab", tab->Title()},
-                      {"control", problem.control->Name()},
-                      {"severity", problem.style == host::MessageStyle::Warning ? "warning" : "error"},
-                      {"message", problem.message}});
+      add(tab->Title(), problem.control->Name(), problem.message, problem.style);
     }
   }
   if (format == OutputFormat::Json) {

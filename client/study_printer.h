@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <iosfwd>
+#include <string>
 #include <vector>
 
 #include "client/study_session.h"
@@ -14,10 +15,12 @@ enum class OutputFormat { Text, Json };
 
 void PrintStudies(const std::vector<StudySummary>& studies, OutputFormat format, std::ostream& out);
 
+/// What belongs to the study's kind is left out when the study has none.
 void PrintStudy(const Study& study, const std::vector<host::Document>& scenarios, OutputFormat format,
                 std::ostream& out);
 
-/// Every failing check of every tab; returns how many there are.
+/// Everything that keeps the study from being saved: its name and every failing check of every tab; and
+/// missing data. Returns how many there are.
 std::size_t PrintProblems(const StudySession& session, OutputFormat format, std::ostream& out);
 
 }  // namespace kiv::client

@@ -13,8 +13,13 @@ namespace kiv::client {
 namespace {
 
 /// A study without a name would be hard to find again.
+std::optional<std::string> ProblemOfName(const std::string& name) {
+  if (Trimmed(name).empty()) return "Please give the study a name.";
+  return std::nullopt;
+}
+
 void RequireName(const std::string& name) {
-  if (Trimmed(name).empty()) throw StoreError("Please give the study a name.");
+  if (const auto problem = ProblemOfName(name)) throw StoreError(*problem);
 }
 
 }  // namespace
@@ -43,8 +48,8 @@ class StudySession::Context : public host::EditorContext {
 StudySession::StudySession(StudyStore& store, Study study)
     : store_(store), study_(std::move(study)), context_(std::make_shared<Context>(*this)) {
   const StudyEditor* editor = FindStudyEditor(Kind());
-  if (!editor) throw StoreError("This program has no editor for studies of the kind \"" + Kind() + "\".");
-  if (study_.name.empty()) study_.name = "New " + Kind();
+  if (!editor) throw UnknownKind(Kind());
+  if (IsNew() && study_.name.empty()) study_.name = "New " + Kind();
   if (editor->scenarioChoice == ScenarioChoice::ByHost) header_ = std::make_unique<ScenarioStrip>();
   tabs_ = editor->createTabs();
   for (Tab* tab : HeaderAndTabs()) tab->LoadState();
@@ -75,6 +80,10 @@ void StudySession::SetName(const std::string& name) {
 void StudySession::SetModified(bool modified) {
   modified_ = modified;
   Changed.Raise();
+}
+
+std::optional<std::string> StudySession::NameProblem() const {
+  return ProblemOfName(study_.name);
 }
 
 bool StudySession::IsValid() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,9 @@ class StudySession {
   bool IsNew() const { return study_.record->IsNew(); }
   const std::string& Name() const { return study_.name; }
   void SetName(const std::string& name);
+  /// What is wrong with the name, if anything.
+  std::optional<std::string> NameProblem() const;
+  KindData Data() const { return study_.kindData; }
   const CKivStudyData& Record() const { return *study_.record; }
   /// The pages of the editor.
   const std::vector<std::unique_ptr<Tab>>& Tabs() const { return tabs_; }

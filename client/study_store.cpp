@@ -4,10 +4,13 @@
 #include <ctime>
 #include <utility>
 
+#include "client/local_time.h"
 #include "core/conversions.h"
 #include "core/fields.h"
 #include "core/msql.h"
 #include "core/numeric_text.h"
+#include "core/study_kinds.h"
+#include "database/statement_error.h"
 #include "database/transaction.h"
 #include "editor/study_editors.h"
 
@@ -28,7 +31,7 @@ std::string UtcNow() {
 
 std::string EditorNameOf(const std::string& kind) {
   const StudyEditor* editor = FindStudyEditor(kind);
-  if (!editor) throw StoreError("This program has no editor for studies of the kind \"" + kind + "\".");
+  if (!editor) throw UnknownKind(kind);
   return std::string(editor->editorName);
 }
 
@@ -41,7 +44,77 @@ std::int32_t NumberOrNotGiven(const Variant& field) {
   return field.IsNull() ? CKivStudyData::kNotGiven : ToInt32(field);
 }
 
+/// One value that is no number must not keep the whole list from being shown.
+std::int32_t ReadableNumber(const Variant& field) {
+  try {
+    return NumberOrNotGiven(field);
+  } catch (const Error&) {
+    return CKivStudyData::kNotGiven;
+  }
+}
+
+std::string NotOpened(std::int32_t id, const std::string& name) {
+  return "Study " + std::to_string(id) + " \"" + name + "\" was not opened: ";
+}
+
+constexpr const char* kCorrectTheValue =
+    " Correct the value in the database, or restore the study from a copy of the database.";
+
+/// A whole number of a study's row.
+std::int32_t StudyNumber(const host::Recordset& row, std::string_view column) {
+  const Variant value = row.Field(column);
+  try {
+    return NumberOrNotGiven(value);
+  } catch (const Error&) {
+    throw StoreError("its " + std::string(column) + " is stored as \"" + ToText(value) +
+                     "\", which is not a whole number of 32 bits." + kCorrectTheValue);
+  }
+}
+
+/// What every study has, from its row.
+Study SharedPart(std::int32_t id, const host::Recordset& row) {
+  Study study{std::make_shared<CKivStudyData>(), ToText(row.Field("name")), StudyNumber(row, "revision")};
+  CKivStudyData& record = *study.record;
+  record.SetAppName(ToText(row.Field("kind")));
+  record.SetID(id);
+  record.SetScenarioID(StudyNumber(row, "scenario_id"));
+  record.SetDuration(StudyNumber(row, "duration"));
+  record.SetPollingInterval(StudyNumber(row, "polling_interval"));
+  record.SetRetrieveDelay(StudyNumber(row, "retrieve_delay"));
+  study.kindData = KindData::Unknown;
+  return study;
+}
+
+/// Reads what belongs to the study's kind. A record has an identifier only when there was a row to load.
+void LoadKindData(Study& study) {
+  CKivStudyData& record = *study.record;
+  record.InitEdit(record.AppName(), EditorNameOf(record.AppName()), record.StudyType(), record.ScenarioType(),
+                  record.ID(), record.ScenarioID(), record.Duration(), record.PollingInterval(),
+                  record.RetrieveDelay());
+  study.kindData = record.SubRecord()->ID() == record.ID() ? KindData::Complete : KindData::Missing;
+}
+
+/// Lets the sub-record be inserted rather than updated for as long as it lives.
+class AsNew {
+ public:
+  explicit AsNew(CKivStudyData& record) : record_(record), before_(record.IsNew()) { record_.SetIsNew(true); }
+  AsNew(const AsNew&) = delete;
+  AsNew& operator=(const AsNew&) = delete;
+  ~AsNew() { record_.SetIsNew(before_); }
+
+ private:
+  CKivStudyData& record_;
+  bool before_;
+};
+
 }  // namespace
+
+std::string MissingDataText(std::int32_t id) {
+  return "The data of study " + std::to_string(id) +
+         " are missing in the database; only its name, scenario and times are there. Restore them from a "
+         "copy "
+         "of the database, or complete the pages and save the study, which stores them again.";
+}
 
 StudyStore::StudyStore(std::shared_ptr<database::Connection> connection, std::shared_ptr<ErrorLog> errors)
     : connection_(std::move(connection)), errors_(std::move(errors)) {}
@@ -60,7 +133,7 @@ std::vector<StudySummary> StudyStore::List() const {
     study.kind = ToText(next());
     study.name = ToText(next());
     study.scenario = ToText(next());
-    study.duration = NumberOrNotGiven(next());
+    study.duration = ReadableNumber(next());
     study.modifiedBy = ToText(next());
     study.modifiedAt = ToText(next());
   }
@@ -68,7 +141,7 @@ std::vector<StudySummary> StudyStore::List() const {
 }
 
 Study StudyStore::New(const std::string& kind) const {
-  Study study{std::make_shared<CKivStudyData>(), {}, 0};
+  Study study{std::make_shared<CKivStudyData>(), {}, 0, KindData::Complete};
   study.record->InitNew(kind, EditorNameOf(kind), study.record->StudyType(), study.record->ScenarioType(), 0);
   return study;
 }
@@ -80,19 +153,26 @@ Study StudyStore::Load(std::int32_t id) const {
       "WHERE id = " +
       std::to_string(id));
   if (row->EndOfFile()) {
-    throw StoreError("There is no study " + std::to_string(id) +
-                     ". List the studies to see which there are.");
+    throw StoreError("There is no study " + std::to_string(id) + ". It may have been deleted.");
   }
-  const std::string kind = ToText(row->Field("kind"));
-  Study study{std::make_shared<CKivStudyData>(), ToText(row->Field("name")), ToInt32(row->Field("revision"))};
-  const auto number = [&row](std::string_view name) { return Variant(NumberOrNotGiven(row->Field(name))); };
-  study.record->InitEdit(kind, EditorNameOf(kind), study.record->StudyType(), study.record->ScenarioType(),
-                         id, number("scenario_id"), number("duration"), number("polling_interval"),
-                         number("retrieve_delay"));
+  const std::string name = ToText(row->Field("name"));
+  Study study;
+  try {
+    study = SharedPart(id, *row);
+    if (!FindStudyEditor(study.record->AppName())) return study;
+    LoadKindData(study);
+  } catch (const StoreError& error) {
+    throw StoreError(NotOpened(id, name) + error.what());
+  } catch (const host::DatabaseError&) {
+    throw;
+  } catch (const Error& error) {
+    throw StoreError(NotOpened(id, name) + "a stored value of its kind cannot be read (" + error.what() +
+                     ")." + kCorrectTheValue);
+  }
   try {
     watch.RaiseFirst();  // an editor on half a study would write that half back
   } catch (const StoreError& error) {
-    throw StoreError("Study " + std::to_string(id) + " was not opened: " + error.what() +
+    throw StoreError(NotOpened(id, name) + error.what() +
                      ". Try again; if that does not help, ask whoever runs the database.");
   }
   return study;
@@ -105,15 +185,42 @@ void StudyStore::Save(Study& study, const std::string& user) {
     database::Transaction transaction(*connection_);
     const ErrorLog::Watch watch(*errors_);
     const std::int32_t revision = WriteStudyRow(study, user);
-    record.SaveSubTableData();
+    WriteKindData(record);
     watch.RaiseFirst();
     transaction.Commit();
     study.revision = revision;
+    study.kindData = KindData::Complete;
     record.SetIsNew(false);
+  } catch (const database::StatementError& error) {
+    record.SetID(idBefore);
+    if (error.Cause() == database::FailureCause::Constraint && ScenarioIsDeleted(record)) {
+      throw ScenarioDeleted();
+    }
+    throw;
   } catch (...) {
     record.SetID(idBefore);
     throw;
   }
+}
+
+/// An update of a row that is not there would store nothing and say nothing: it is inserted then.
+void StudyStore::WriteKindData(CKivStudyData& record) const {
+  if (!record.IsNew()) {
+    const auto stored = FindStudyKind(record.AppName())->createRecord();
+    stored->GetData(record.ID());
+    if (stored->ID() != record.ID()) {
+      const AsNew missing(record);
+      record.SaveSubTableData();
+      return;
+    }
+  }
+  record.SaveSubTableData();
+}
+
+bool StudyStore::ScenarioIsDeleted(const CKivStudyData& record) const {
+  if (record.ScenarioID() == CKivStudyData::kNotGiven) return false;
+  return MSQL::OpenQuery("SELECT 1 FROM kiv_scenario WHERE id = " + std::to_string(record.ScenarioID()))
+      ->EndOfFile();
 }
 
 /// Returns the row's revision; sets the identifier of a new study.
@@ -147,14 +254,13 @@ StudyConflict StudyStore::ConflictOver(std::int32_t id) const {
   const auto row =
       MSQL::OpenQuery("SELECT modified_by, modified_at FROM kiv_study WHERE id = " + std::to_string(id));
   if (row->EndOfFile()) {
-    return StudyConflict(
-        "The study was deleted while you were editing it. Save your version as a copy to keep it.");
+    return {StudyConflict::Reason::Deleted,
+            "The study was deleted while you were editing it. Save your version as a copy to keep it."};
   }
-  return StudyConflict(
-      "The study was changed by " + ToText(row->Field("modified_by")) + " at " +
-      ToText(row->Field("modified_at")) +
-      " while you were editing it. Reload it and lose your changes, or save your version as a "
-      "copy.");
+  return {StudyConflict::Reason::Changed,
+          "The study was changed by " + ToText(row->Field("modified_by")) + " at " +
+              LocalTimeText(ToText(row->Field("modified_at"))) +
+              " while you were editing it. Reload it and lose your changes, or save your version as a copy."};
 }
 
 void StudyStore::SaveCopy(Study& study, const std::string& user) {

@@ -2,12 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <vector>
 
 #include "client/program.h"
 #include "client/study_session.h"
+#include "database/schema.h"
+#include "database/sqlite_database.h"
 #include "hom/general_tab.h"
 #include "support/temp_folder.h"
 
@@ -21,13 +27,18 @@ struct Result {
   WindowRequest window;
 };
 
-Result RunProgram(std::vector<std::string> arguments) {
+std::optional<int> RunInto(std::ostream& out, std::ostream& err, WindowRequest& window,
+                           const std::vector<std::string>& arguments) {
   std::vector<const char*> argv = {"kivstudy"};
   for (const std::string& argument : arguments) argv.push_back(argument.c_str());
+  return RunCommandLine(static_cast<int>(argv.size()), argv.data(), window, out, err);
+}
+
+Result RunProgram(const std::vector<std::string>& arguments) {
   std::ostringstream out;
   std::ostringstream err;
   Result result;
-  result.exitCode = RunCommandLine(static_cast<int>(argv.size()), argv.data(), result.window, out, err);
+  result.exitCode = RunInto(out, err, result.window, arguments);
   result.out = out.str();
   result.err = err.str();
   return result;
@@ -58,6 +69,15 @@ class CommandLine : public ::testing::Test {
     store.Save(study, "ann");
   }
 
+  /// Changes stored rows, as another program may do.
+  void Spoil(const std::string& statement) {
+    database::SqliteDatabase::Open(database_, database::OpenMode::MustExist)->ExecuteSql(statement);
+  }
+  Result Run(std::vector<std::string> arguments) {
+    arguments.insert(arguments.end(), {"--database", database_});
+    return RunProgram(arguments);
+  }
+
   test::TempFolder folder_;
   std::string database_ = folder_.File("studies.db");
 };
@@ -70,14 +90,92 @@ TEST_F(CommandLine, TellsTheWindowFromItsCommands) {
                                                 {"show"},
                                                 {"show", "one"},
                                                 {"list", "--yaml"},
+                                                {"list", "--database", ""},
                                                 {"list", "init"}}) {
     const Result result = RunProgram(wrong);
     EXPECT_EQ(result.exitCode, kUsage) << wrong[0];
     EXPECT_FALSE(result.err.empty());
   }
-  const Result help = RunProgram({"validate", "--help"});
-  EXPECT_EQ(help.exitCode, kOk);
-  EXPECT_NE(help.out.find("ID"), std::string::npos);
+  for (const char* command : {"gui", "init", "list", "show", "validate"}) {
+    const Result help = RunProgram({command, "--help"});
+    EXPECT_EQ(help.exitCode, kOk);
+    EXPECT_NE(help.out.find("--database"), std::string::npos) << help.out;
+    EXPECT_EQ(help.out.find("Without a command"), std::string::npos) << help.out;
+  }
+  EXPECT_EQ(RunProgram({"--version"}).out.find("kivstudy 0."), 0U);
+}
+
+TEST_F(CommandLine, OutputThatDoesNotArriveIsNoSuccess) {
+  StoreStudy("Good", 30);
+  WindowRequest window;
+  std::ostringstream err;
+  std::ofstream full("/dev/full");
+  EXPECT_EQ(RunInto(full, err, window, {"list", "--database", database_}), kRefused);
+  EXPECT_NE(err.str().find("could not be written"), std::string::npos);
+  const std::string message = err.str();
+  EXPECT_EQ(std::count(message.begin(), message.end(), '\n'), 1) << message;
+}
+
+TEST_F(CommandLine, AWriteProtectedOlderLayoutIsNotCalledReady) {
+  const auto old = database::SqliteDatabase::Open(database_, database::OpenMode::CreateIfMissing);
+  database::UpgradeSchema(*old, 1);
+  using std::filesystem::perms;
+  std::filesystem::permissions(database_, perms::owner_read | perms::group_read | perms::others_read);
+  constexpr uid_t kNobody = 65534;  // permissions do not bind the superuser
+  const uid_t before = geteuid();
+  ASSERT_EQ(before == 0 ? seteuid(kNobody) : 0, 0);
+  const Result init = RunProgram({"init", "--database", database_});
+  const Result list = RunProgram({"list", "--database", database_});
+  ASSERT_EQ(before == 0 ? seteuid(before) : 0, 0);
+  EXPECT_EQ(init.exitCode, kRefused);
+  EXPECT_EQ(init.out, "");
+  EXPECT_NE(init.err.find("write-protected"), std::string::npos) << init.err;
+  EXPECT_EQ(list.exitCode, kOk) << list.err;
+}
+
+TEST_F(CommandLine, BadValuesHideNoOtherStudy) {
+  StoreStudy("Bad duration", 30);
+  StoreStudy("", 30);
+  StoreStudy("Bad\n\x1B[31mname\u202E", 30);
+  StoreStudy("\u6771\u4EAC", 30);
+  Spoil("UPDATE kiv_study SET duration = 99999999999 WHERE id = 1");
+  const Result list = Run({"list"});
+  EXPECT_EQ(list.exitCode, kOk) << list.err;
+  EXPECT_EQ(std::count(list.out.begin(), list.out.end(), '\n'), 5) << list.out;
+  EXPECT_NE(list.out.find("Bad\\x0A\\x1B[31mname\\u202E  Downtown"), std::string::npos) << list.out;
+  const std::size_t padding = std::string("Bad\\x0A\\x1B[31mname\\u202E").size() - 4 + 2;
+  EXPECT_NE(list.out.find("\u6771\u4EAC" + std::string(padding, ' ') + "Downtown"), std::string::npos)
+      << list.out;
+
+  const Result shown = Run({"show", "1"});
+  EXPECT_EQ(shown.exitCode, kRefused);
+  for (const char* told : {"Study 1 \"Bad duration\"", "duration is stored as \"99999999999\"", "Correct"}) {
+    EXPECT_NE(shown.err.find(told), std::string::npos) << shown.err;
+  }
+  const Result nameless = Run({"validate", "2"});
+  EXPECT_EQ(nameless.exitCode, kRefused);
+  EXPECT_EQ(nameless.out, "Study: Please give the study a name.\n");
+  Spoil("UPDATE KIV_HomStudy SET HomMode = 'x' WHERE Id = 2");
+  EXPECT_NE(Run({"show", "2"}).err.find("Study 2 \"\" was not opened: a stored value of its kind"),
+            std::string::npos);
+}
+
+TEST_F(CommandLine, StudiesWithoutDataOfTheirKindAreShownAsFarAsTheyGo) {
+  StoreStudy("Unknown", 30);
+  StoreStudy("Half", 31);
+  Spoil("UPDATE kiv_study SET kind = 'Future Study' WHERE id = 1");
+  Spoil("DELETE FROM KIV_HomStudy WHERE Id = 2");
+  const Result unknown = Run({"show", "1", "--json"});
+  EXPECT_EQ(unknown.exitCode, kRefused);
+  EXPECT_NE(unknown.err.find("\"Future Study\""), std::string::npos) << unknown.err;
+  EXPECT_EQ(nlohmann::json::parse(unknown.out)["durationMinutes"], 30);
+  EXPECT_EQ(Run({"validate", "1"}).exitCode, kRefused);
+
+  const Result half = Run({"show", "2"});
+  EXPECT_EQ(half.exitCode, kRefused);
+  EXPECT_NE(half.out.find("Downtown"), std::string::npos) << half.out;
+  EXPECT_NE(half.err.find("data of study 2 are missing"), std::string::npos) << half.err;
+  EXPECT_NE(Run({"validate", "2"}).out.find("data of study 2 are missing"), std::string::npos);
 }
 
 TEST_F(CommandLine, RefusesAMissingDatabaseAndMakesOneWhenAsked) {

@@ -180,6 +180,39 @@ TEST_P(Store, StudiesThatCannotBeReadAreNotEdited) {
   EXPECT_THROW(store_->Load(session->ID()), StoreError);
 }
 
+TEST_P(Store, MissingDataOfAKindAreNoticedAndStoredAgain) {
+  const auto session = NewSession();
+  ASSERT_TRUE(session->Save("ann"));
+  connection_->ExecuteSql("DELETE FROM KIV_HomStudy");
+  const auto again = Reopened(session->ID());
+  EXPECT_EQ(again->Data(), KindData::Missing);
+  General(*again).XDest.SetPath(folder_.Path());
+  General(*again).XDest.SetFilename("night");
+  Detail(*again).chkAMPS.Click();
+  ASSERT_TRUE(again->Save("ann")) << host_.TakeMessage();
+  EXPECT_EQ(again->Data(), KindData::Complete);
+  EXPECT_EQ(Text("SELECT DataFile FROM KIV_HomStudy"), "night.hom");
+  EXPECT_FALSE(again->IsNew());
+
+  connection_->ExecuteSql("DELETE FROM KIV_HomStudy");  // this time while the study is open
+  General(*again).XDest.SetFilename("day");
+  ASSERT_TRUE(again->Save("ann"));
+  EXPECT_EQ(Text("SELECT DataFile FROM KIV_HomStudy"), "day.hom");
+}
+
+TEST_P(Store, AScenarioThatWasDeletedMeanwhileIsTold) {
+  const auto session = NewSession();
+  store_->RemoveScenario(scenario_);
+  EXPECT_THROW(session->Save("ann"), ScenarioDeleted);
+  EXPECT_TRUE(session->IsNew());
+  EXPECT_TRUE(store_->List().empty());
+  scenario_ = store_->AddScenario("Harbour");
+  host_.documents->documents = store_->Scenarios();
+  host_.documents->DocumentsChanged.Raise();
+  General(*session).fdocCBScenario.SelectID(scenario_);
+  EXPECT_TRUE(session->Save("ann")) << host_.TakeMessage();
+}
+
 TEST_P(Store, ScenariosHaveNamesOfTheirOwn) {
   EXPECT_THROW(store_->AddScenario("   "), StoreError);
   EXPECT_THROW(store_->AddScenario(" DOWN'town "), StoreError);
