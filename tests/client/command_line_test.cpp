@@ -15,6 +15,7 @@
 #include "database/schema.h"
 #include "database/sqlite_database.h"
 #include "hom/general_tab.h"
+#include "plm/plm_data.h"
 #include "support/temp_folder.h"
 
 namespace kiv::client {
@@ -209,6 +210,37 @@ TEST_F(CommandLine, ListsShowsAndValidates) {
   EXPECT_EQ(refused.exitCode, kRefused);
   EXPECT_EQ(refused.out, "General: Study Duration must be between 10 and 1439 minutes inclusive.\n");
   EXPECT_EQ(RunProgram({"show", "9", "--database", database_}).exitCode, kRefused);
+}
+
+TEST_F(CommandLine, ShowsTheModesOfAStudyWithTheirChannels) {
+  {
+    Program program;
+    program.Start({});
+    program.OpenDatabase(database_, Program::WhenMissing::Create);
+    Study study = program.Store().New("PLM Study");
+    study.name = "Channels";
+    const auto mode = std::make_shared<CKivPlmMode>();
+    mode->SetPlmMode(3);
+    mode->SetChecked(true);
+    for (const std::int32_t channel : {312, 313}) {
+      mode->AddChannel(0, 0, channel, ChannelKey(std::to_string(channel)));
+    }
+    study.record->PlmData()->AddMode("Mode 3", mode);
+    program.Store().Save(study, "ann");
+  }
+  const auto shown = nlohmann::json::parse(RunProgram({"show", "1", "--json", "--database", database_}).out);
+  const auto& mode = shown["data"]["Modes"][0];
+  EXPECT_EQ(mode["PlmMode"], 3);
+  EXPECT_EQ(mode["Carrier"], nullptr);
+  EXPECT_EQ(mode["Channels"], (std::vector<int>{312, 313}));
+  const Result text = RunProgram({"show", "1", "--database", database_});
+  EXPECT_NE(text.out.find("\nModes\n  Mode 3\n    PlmMode                 3\n"), std::string::npos)
+      << text.out;
+  EXPECT_NE(text.out.find("    Channels                312, 313\n"), std::string::npos) << text.out;
+  EXPECT_EQ(text.out.find("Carrier"), std::string::npos);
+  const Result refused = RunProgram({"validate", "1", "--database", database_});
+  EXPECT_EQ(refused.exitCode, kRefused);
+  EXPECT_NE(refused.out.find("General: Please select a scenario.\n"), std::string::npos) << refused.out;
 }
 
 TEST_F(CommandLine, ImportsANetworkOrNamesEveryBadLine) {

@@ -5,11 +5,15 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QRadioButton>
 #include <QRegularExpression>
 #include <QTabWidget>
 #include <QTableView>
@@ -24,7 +28,10 @@
 #include "client/window_program.h"
 #include "core/conversions.h"
 #include "database/sqlite_database.h"
+#include "editor/study_editors.h"
 #include "host/constants.h"
+#include "plm/cdma_tab.h"
+#include "qt/page_view.h"
 #include "support/temp_folder.h"
 
 namespace kiv::client {
@@ -291,29 +298,88 @@ TEST_F(Window, AFailingButtonOfAPageIsTold) {
   EXPECT_EQ(told, "There is already a scenario named \"downtown\". Choose another name.");
 }
 
+TEST_F(Window, ModesAreChosenWithTheKeyboard) {
+  Open();
+  window_->NewStudy("PLM Study");
+  user_.ClickTab("tabs", 1);
+  const auto& cdma = dynamic_cast<const XKivPlmCdma&>(*window_->CurrentEditor()->Session().Tabs()[1]);
+  const auto pressMnemonic = [this](Qt::Key key) {
+    user_.Press(key, Qt::AltModifier);
+    user_.Wait(200);  // the box is seen to go down and up
+  };
+  pressMnemonic(Qt::Key_8);
+  EXPECT_TRUE(cdma.chkMode[1].Checked());
+  EXPECT_EQ(cdma.CurrentMode(), "Mode   8 FER2");
+  user_.Find("obModeSelector(1)")->setFocus();
+  const QString refusal = user_.MessageDuring([this] { user_.Press(Qt::Key_Down); });
+  EXPECT_EQ(refusal, "Carrier must be numeric.");
+  EXPECT_EQ(FocusName(), "txtCarrier");
+  EXPECT_TRUE(qobject_cast<QRadioButton*>(user_.Find("obModeSelector(1)"))->isChecked());
+  EXPECT_FALSE(qobject_cast<QRadioButton*>(user_.Find("obModeSelector(2)"))->isChecked());
+  user_.Type("x12");
+  user_.Choose("cboServiceOption", "(19R4) 3G1X Data SCH 19.2 kbps RC4");
+  user_.Find("obModeSelector(1)")->setFocus();
+  user_.Press(Qt::Key_Down);
+  EXPECT_EQ(cdma.CurrentMode(), "Mode   9 CPLM1");
+  EXPECT_EQ(FocusName(), "obModeSelector(2)");
+  EXPECT_FALSE(user_.Find("cboServiceOption")->isEnabled());
+  pressMnemonic(Qt::Key_9);
+  const QString third = user_.MessageDuring([&] { pressMnemonic(Qt::Key_0); });
+  EXPECT_EQ(third, "Only two CDMA modes are allowed for one study.");
+  EXPECT_FALSE(qobject_cast<QCheckBox*>(user_.Find("chkMode(3)"))->isChecked());
+
+  user_.ClickTab("tabs", 2);
+  user_.Find("obModeSelector(0)")->setFocus();
+  user_.Press(Qt::Key_Down);
+  user_.Press(Qt::Key_Down);  // the panels that come and go do not take the focus away
+  EXPECT_EQ(FocusName(), "obModeSelector(2)");
+  user_.Click("obModeSelector(5)");
+  EXPECT_EQ(FocusName(), "cboMethod");
+}
+
 TEST_F(Window, EveryMnemonicOfAPageIsUnique) {
   Open();
-  window_->NewStudy("HOM Study");
-  auto& tabs = *window_->findChild<QTabWidget*>("tabs");
-  for (int page = 0; page < tabs.count(); ++page) {
-    tabs.setCurrentIndex(page);
-    std::map<QChar, QString> taken;
-    const auto take = [&](const QString& text) {
-      static const QRegularExpression mnemonic("&([^&])");
-      const auto match = mnemonic.match(text);
-      if (!match.hasMatch()) return;
-      const QChar letter = match.captured(1).at(0).toUpper();
-      EXPECT_FALSE(taken.contains(letter)) << text.toStdString() << " and " << taken[letter].toStdString();
-      taken[letter] = text;
-    };
+  std::map<QChar, QString> taken;
+  const auto take = [&](const QString& text) {
+    static const QRegularExpression mnemonic("&([^&])");
+    const auto match = mnemonic.match(text);
+    if (!match.hasMatch()) return;
+    const QChar letter = match.captured(1).at(0).toUpper();
+    EXPECT_FALSE(taken.contains(letter)) << text.toStdString() << " and " << taken[letter].toStdString();
+    taken[letter] = text;
+  };
+  const auto takePage = [&] {
+    taken.clear();
     for (const auto* action : window_->menuBar()->actions()) take(action->text());
     for (const auto* label : window_->findChildren<QLabel*>()) {
       if (label->isVisible() && label->buddy()) take(label->text());
     }
-    for (const auto* button : window_->findChildren<QAbstractButton*>()) {
+    for (const auto* group : window_->findChildren<QGroupBox*>()) {
+      if (group->isVisible()) take(group->title());
+    }
+    const auto buttons = window_->findChildren<QAbstractButton*>();
+    for (const auto* button : buttons) {
       if (button->isVisible()) take(button->text());
     }
     EXPECT_GT(taken.size(), 8U);
+  };
+  for (const StudyEditor& kind : StudyEditors()) {
+    const EditorView* editor = window_->NewStudy(std::string(kind.name));
+    auto& tabs = *editor->findChild<QTabWidget*>("tabs");
+    for (int page = 0; page < tabs.count(); ++page) {
+      tabs.setCurrentIndex(page);
+      takePage();
+      for (QAbstractButton* mode : editor->Pages()[std::size_t(page)]->findChildren<QRadioButton*>(
+               QRegularExpression("^obModeSelector"))) {
+        SCOPED_TRACE(mode->objectName().toStdString());
+        mode->click();
+        takePage();
+      }
+    }
+  }
+  for (const auto* menu : window_->menuBar()->findChildren<QMenu*>()) {
+    taken.clear();
+    for (const auto* action : menu->actions()) take(action->text());
   }
 }
 

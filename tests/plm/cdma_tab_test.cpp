@@ -1,0 +1,220 @@
+#include "plm/cdma_tab.h"
+
+#include "core/study_kinds.h"
+#include "plm/mode_names.h"
+#include "plm/plm_studies.h"
+#include "support/tab_test.h"
+
+namespace kiv {
+namespace {
+
+class PlmCdma : public test::TabTest<XKivPlmCdma> {
+ protected:
+  PlmCdma() : TabTest(kPlmStudy, "PLM", RegisterPlmStudies) {}
+
+  CKivPlmData& Data() { return *study_->PlmData(); }
+  CKivPlmMode& Mode(std::size_t index) { return *Data().ReturnMode(MKivStudyCtls::ModeName(7 + int(index))); }
+  /// A stored mode, as loading leaves it.
+  void Store(std::int32_t number, std::int32_t carrier, std::int32_t option, std::int32_t type) {
+    const auto mode = std::make_shared<CKivPlmMode>();
+    mode->Initialize(5, number, carrier, option, type, "", -1, -1, -1, "", "", "", -1, -1, "", false);
+    Data().AddMode(MKivStudyCtls::ModeName(number), mode);
+  }
+  /// Checks a mode and enters what it needs.
+  void Check(std::size_t index, const char* carrier, int option = ui::kNoSelection) {
+    tab_.chkMode[index].Click();
+    tab_.txtCarrier.SetText(carrier);
+    if (option != ui::kNoSelection) tab_.cboServiceOption.Select(option);
+  }
+  std::string Checked() {
+    std::string boxes;
+    for (const auto& box : tab_.chkMode) boxes += box.Checked() ? 'x' : '-';
+    return boxes;
+  }
+  static std::string ItemsOf(const ui::ComboBox& list) {
+    std::string items;
+    for (const auto& item : list.Items()) items += std::to_string(item.data) + "=" + item.text + "|";
+    return items;
+  }
+};
+
+TEST_F(PlmCdma, EachModeShowsWhatItHas) {
+  LoadNew();
+  const char* descriptions[] = {
+      "Mode   7 FER1:  Reverse Link Frame Error Rate",
+      "Mode   8 FER2:  Forward Link Frame Error Rate",
+      "Mode   9 CPLM1:  Total output power on the Forward Link",
+      "Mode 10 CPLM2:  Median and delta noise rises",
+      "Mode 11 CPLM3:  Pilot strength of the primary cell before adding a soft or softer handoff leg and "
+      "immediately before dropping a leg.",
+      "Mode 12 CPLM4:  Signal-to-noise ratio (Eb/No) set point for the reverse link traffic channel at the "
+      "primary cell before a soft or softer handoff leg is added and before it is dropped.",
+      "Mode 13 CPLM5:  Pilot strength of a primary cell for a call lost due to a weak RF link.",
+      "Mode 14 CPLM6:  Signal-to-noise ratio (Eb/No) set point for all reverse link traffic channels for a "
+      "call "
+      "lost due to a weak RF link.",
+      "Mode 15 CPLM7:  Soft handoff period for all traffic channels."};
+  for (std::size_t i = 0; i < XKivPlmCdma::kModes; ++i) {
+    tab_.obModeSelector[i].Click();
+    EXPECT_EQ(tab_.lblDescription.Caption(), descriptions[i]);
+    EXPECT_EQ(tab_.cboServiceOption.Enabled(), i < 2);
+    EXPECT_EQ(tab_.Label1[0].Enabled(), i < 2);
+    EXPECT_EQ(tab_.cboGenerationType.Enabled(), i > 3);
+    EXPECT_EQ(tab_.Label1[1].Enabled(), i > 3);
+    EXPECT_EQ(tab_.cboServiceOption.Items().size(), i == 0 ? 13U : i == 1 ? 10U : 0U);
+  }
+  EXPECT_EQ(ItemsOf(tab_.cboGenerationType),
+            "0=(2Gv) 2G Voice|1=(2G3G) 2G and 3G1X Calls|2=(3Gv) 3G1X Voice|3=(3Gd) 3G1X Data|");
+  tab_.obModeSelector[0].Click();
+  EXPECT_EQ(ItemsOf(tab_.cboServiceOption),
+            "0=(8k) 2G Voice 8K RC1|1=(13k) 2G Voice 13K RC2|2=(EVRC) 2G Voice EVRC RC1|"
+            "17=(2GSMV) 2G Voice Selectable Mode Vocoder RC1|3=(3G8k) 3G1X Voice 8K RC3|"
+            "4=(3G13k) 3G1X Voice 13K RC4|5=(3EVRC) 3G1X Voice EVRC RC3|"
+            "18=(3GSMV) 3G Voice Selectable Mode Vocoder RC3|6=(9R3) 3G1X Data FCH 9.6 kbps RC3|"
+            "7=(19R3) 3G1X Data SCH 19.2 kbps RC3|8=(38R3) 3G1X Data SCH 38.4 kbps RC3|"
+            "9=(76R3) 3G1X Data SCH 76.8 kbps RC3|10=(153R3) 3G1X Data SCH 153.6 kbps RC3|");
+  tab_.obModeSelector[1].Click();
+  EXPECT_EQ(ItemsOf(tab_.cboServiceOption),
+            "1=(13k) 2G Voice 13K RC2|7=(19R3) 3G1X Data SCH 19.2 kbps RC3|8=(38R3) 3G1X Data SCH 38.4 kbps "
+            "RC3|9=(76R3) 3G1X Data SCH 76.8 kbps RC3|10=(153R3) 3G1X Data SCH 153.6 kbps RC3|"
+            "11=(19R4) 3G1X Data SCH 19.2 kbps RC4|12=(38R4) 3G1X Data SCH 38.4 kbps RC4|"
+            "13=(76R4) 3G1X Data SCH 76.8 kbps RC4|14=(153R4) 3G1X Data SCH 153.6 kbps RC4|"
+            "15=(13kR5) 3G1X Voice 13K RC5|");
+  EXPECT_TRUE(host_.editor->changes.empty());  // looking around is no edit
+  EXPECT_EQ(Refusal(), "");                    // nothing is checked, nothing is wrong
+  EXPECT_EQ(Data().Modes()->Count(), 0);
+}
+
+TEST_F(PlmCdma, AtMostTwoModesAreChecked) {
+  LoadNew();
+  tab_.chkMode[0].Click();
+  tab_.chkMode[4].Click();
+  tab_.chkMode[8].Click();
+  ASSERT_EQ(host_.messages->shown.size(), 1U);
+  EXPECT_EQ(host_.messages->shown[0].title, "PLM Editor");
+  EXPECT_EQ(host_.TakeMessage(), "Only two CDMA modes are allowed for one study.");
+  EXPECT_EQ(Checked(), "x---x----");
+  EXPECT_EQ(tab_.CurrentMode(), "Mode 11 CPLM3");
+  EXPECT_EQ(Data().ModeCount(), 2);
+  tab_.chkMode[0].Click();
+  tab_.chkMode[8].Click();
+  EXPECT_EQ(Checked(), "----x---x");
+  EXPECT_EQ(Data().ModeCount(), 2);
+  EXPECT_EQ(host_.editor->changes.size(), 4U);
+}
+
+TEST_F(PlmCdma, AModeIsLeftOnlyWhenItIsInOrder) {
+  LoadNew();
+  tab_.chkMode[0].Click();
+  const std::pair<const char*, const char*> refusals[] = {
+      {"", "Carrier must be numeric."},
+      {" ", "Carrier must be numeric."},
+      {"x4", "Carrier must be numeric."},
+      {"0", "Carrier must be between 1 and 18 inclusive."},
+      {"19", "Carrier must be between 1 and 18 inclusive."},
+      {"-1", "Carrier must be between 1 and 18 inclusive."},
+      {"18.6", "Carrier must be between 1 and 18 inclusive."},
+      {"99999999999999999999", "Carrier must be between 1 and 18 inclusive."},
+      {"18", "Service Option is a required value."}};
+  for (const auto& [carrier, message] : refusals) {
+    tab_.txtCarrier.SetText(carrier);
+    tab_.obModeSelector[3].Click();
+    EXPECT_EQ(host_.TakeMessage(), message) << carrier;
+    EXPECT_EQ(tab_.obModeSelector.Index(), 0);
+    EXPECT_EQ(tab_.txtCarrier.Text(), carrier);
+    EXPECT_EQ(Refusal(), message);
+    ASSERT_EQ(tab_.Problems().size(), std::string(carrier) == "18" ? 1U : 2U);
+    EXPECT_EQ(tab_.Problems()[0].message, message);
+  }
+  EXPECT_TRUE(tab_.cboServiceOption.HasFocus());
+  tab_.cboServiceOption.Select(3);
+  tab_.obModeSelector[3].Click();
+  EXPECT_EQ(tab_.CurrentMode(), "Mode 10 CPLM2");
+  EXPECT_EQ(Mode(0).Carrier(), 18);
+  EXPECT_EQ(Mode(0).ServiceOption(), 17);  // by its value, not its place
+  EXPECT_EQ(Mode(0).GenerationType(), -1);
+  EXPECT_EQ(tab_.lblModeSelector[0].Caption(), "carrier 18 (2GSMV)");
+  tab_.txtCarrier.SetText("");
+  tab_.txtCarrier.Type("1a-2.");
+  EXPECT_EQ(tab_.txtCarrier.Text(), "12");
+}
+
+TEST_F(PlmCdma, NothingTypedIsLostByCheckingAndUnchecking) {
+  LoadNew();
+  Check(0, "3", 1);
+  tab_.txtCarrier.SetText("abc");
+  tab_.chkMode[4].Click();  // the record could not keep this
+  EXPECT_EQ(host_.TakeMessage(), "Carrier must be numeric.");
+  EXPECT_EQ(Checked(), "x--------");
+  EXPECT_EQ(tab_.txtCarrier.Text(), "abc");
+  tab_.txtCarrier.SetText("33");
+  tab_.chkMode[4].Click();  // this it can, and says so until it is corrected
+  EXPECT_EQ(host_.TakeMessage(), "");
+  EXPECT_EQ(Mode(0).Carrier(), 33);
+  tab_.txtCarrier.SetText("7");
+  tab_.cboGenerationType.Select(2);
+  ASSERT_EQ(tab_.Problems().size(), 1U);
+  EXPECT_EQ(tab_.Problems()[0].control, &tab_.obModeSelector[0]);
+  EXPECT_EQ(Refusal(), "Mode   7 FER1 carrier must be between 1 and 18 inclusive.");
+
+  tab_.chkMode[4].Click();  // out
+  EXPECT_FALSE(Mode(4).Checked());
+  EXPECT_TRUE(tab_.lblHint.Visible());
+  tab_.txtCarrier.SetText("8");  // typed while the study does not run the mode
+  tab_.obModeSelector[0].Click();
+  EXPECT_EQ(tab_.txtCarrier.Text(), "33");
+  tab_.txtCarrier.SetText("5");
+  tab_.chkMode[4].Click();  // and in again
+  EXPECT_EQ(tab_.txtCarrier.Text(), "8");
+  EXPECT_EQ(tab_.cboGenerationType.ListIndex(), 2);
+  EXPECT_EQ(Refusal(), "");
+  EXPECT_EQ(Mode(0).Carrier(), 5);
+  EXPECT_EQ(Mode(4).Carrier(), 8);
+  EXPECT_EQ(Data().ModeCount(), 2);
+}
+
+TEST_F(PlmCdma, AStoredStudyShowsItsModes) {
+  Store(8, 2, 0, -1);  // 0 is none of its service options
+  Store(12, -1, -1, 3);
+  Store(3, -1, -1, -1);
+  LoadStored();
+  EXPECT_EQ(Checked(), "-x---x---");
+  EXPECT_EQ(Data().ModeCount(), 2);
+  EXPECT_EQ(tab_.CurrentMode(), "Mode   7 FER1");
+  EXPECT_EQ(tab_.obModeSelector.Index(), 0);
+  EXPECT_TRUE(tab_.Problems().empty());  // an unset carrier and any set option pass in records
+  EXPECT_EQ(Refusal(), "");
+  tab_.obModeSelector[5].Click();
+  EXPECT_EQ(tab_.cboGenerationType.ListIndex(), 3);
+  EXPECT_EQ(tab_.txtCarrier.Text(), "");
+  EXPECT_TRUE(host_.editor->changes.empty());
+  tab_.txtCarrier.SetText("9");
+  tab_.obModeSelector[1].Click();
+  EXPECT_EQ(tab_.cboServiceOption.ListIndex(), ui::kNoSelection);
+  EXPECT_EQ(Refusal(), "Service Option is a required value.");
+  tab_.SaveData();
+  EXPECT_EQ(Mode(5).Carrier(), 9);
+  EXPECT_EQ(Mode(5).ID(), study_->ID());
+}
+
+TEST_F(PlmCdma, RecordsAreCheckedInTheOrderOfTheirCollection) {
+  Store(15, 40, -1, -1);
+  Store(7, 3, -1, -1);
+  Store(8, 50, -1, -1);
+  LoadStored();
+  tab_.obModeSelector[4].Click();  // refuses to leave FER1 without a service option
+  EXPECT_EQ(host_.TakeMessage(), "Service Option is a required value.");
+  tab_.cboServiceOption.Select(0);
+  const char* expected[] = {"Mode 15 CPLM7 carrier must be between 1 and 18 inclusive.",
+                            "Mode   8 FER2 carrier must be between 1 and 18 inclusive."};
+  ASSERT_EQ(tab_.Problems().size(), 2U);
+  for (std::size_t i = 0; i < 2; ++i) EXPECT_EQ(tab_.Problems()[i].message, expected[i]);
+  EXPECT_EQ(Refusal(), expected[0]);
+  EXPECT_TRUE(tab_.obModeSelector[8].HasFocus());
+  Mode(8).SetCarrier(4);
+  Mode(1).SetCarrier(4);
+  EXPECT_EQ(Refusal(), "Mode   8 FER2 'Service Option' is a required value.");
+}
+
+}  // namespace
+}  // namespace kiv

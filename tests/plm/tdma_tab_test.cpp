@@ -1,0 +1,286 @@
+#include "plm/tdma_tab.h"
+
+#include "core/study_kinds.h"
+#include "plm/mode_names.h"
+#include "plm/plm_studies.h"
+#include "support/tab_test.h"
+
+namespace kiv {
+namespace {
+
+/// What a mode stores, in the order of its columns.
+std::string Stored(const CKivPlmMode& mode) {
+  std::string text = std::to_string(mode.PlmMode());
+  for (const auto& word :
+       {mode.SelectionMethod(), std::to_string(mode.AmpsDistribution()),
+        std::to_string(mode.TdmaDistribution()), std::to_string(mode.TotalDistribution()),
+        mode.DistributionMethod(), mode.SortBy(), mode.SelectFromList(), std::to_string(mode.RangeFrom()),
+        std::to_string(mode.RangeTo()), mode.ExcludeAce(), mode.GetChannelList()}) {
+    text += "|" + word;
+  }
+  return text;
+}
+
+class PlmTdma : public test::TabTest<XKivPlmTdma> {
+ protected:
+  PlmTdma() : TabTest(kPlmStudy, "PLM", RegisterPlmStudies) {}
+
+  CKivPlmData& Data() { return *study_->PlmData(); }
+  CKivPlmMode& Mode(std::int32_t number) { return *Data().ReturnMode(MKivStudyCtls::ModeName(number)); }
+  void Check(std::int32_t number) { tab_.chkMode[std::size_t(number) - 1].Click(); }
+  void Choose(std::int32_t number) { tab_.obModeSelector[std::size_t(number) - 1].Click(); }
+  /// The numbers of the modes whose panels are visible.
+  std::string Panels() {
+    const ModePanel* all[] = {&tab_.XMode1, &tab_.XMode2, &tab_.XMode3,
+                              &tab_.XMode4, &tab_.XMode5, &tab_.XMode6};
+    std::string visible;
+    for (const ModePanel* panel : all) visible += panel->Visible() ? std::to_string(panel->Number()) : "";
+    return visible;
+  }
+};
+
+TEST_F(PlmTdma, AModeCheckedForTheFirstTimeTakesItsDefaults) {
+  LoadNew();
+  EXPECT_EQ(Panels(), "1");
+  Choose(2);
+  EXPECT_EQ(tab_.XMode2.txtAmps.Text(), "");  // showing invents nothing
+  EXPECT_FALSE(tab_.XMode2.txtAmps.Enabled() || tab_.XMode2.XChannelList1.Enabled());
+  EXPECT_TRUE(host_.editor->changes.empty());
+  for (std::int32_t number = 1; number <= 6; ++number) {
+    Check(number);
+    EXPECT_EQ(host_.TakeMessage(), number == 4 ? "You must enter at least one channel." : "") << number;
+    if (number != 4) continue;
+    EXPECT_FALSE(tab_.chkMode[3].Checked());  // mode 3 could not be left
+    EXPECT_EQ(Panels(), "3");
+    EXPECT_TRUE(tab_.XMode3.XChannelList1.txtChannelList.HasFocus());
+    tab_.XMode3.XChannelList1.txtChannelList.Type("7");
+    Check(number);
+  }
+  EXPECT_EQ(Panels(), "6");
+  EXPECT_TRUE(tab_.XMode6.cboMethod.HasFocus());
+  EXPECT_EQ(Refusal(), "");
+  EXPECT_EQ(Data().ModeCount(), 6);
+  EXPECT_EQ(Stored(Mode(1)), "1||-1|-1|-1||||-1|-1||");
+  EXPECT_EQ(Stored(Mode(2)), "2|Auto|5|5|10|Expand|Member|Begin|1|1999|N|");
+  EXPECT_EQ(Stored(Mode(3)), "3||-1|-1|-1||||-1|-1||7");
+  EXPECT_EQ(Stored(Mode(5)), "5|Auto|5|5|10|Expand|Member|Begin|1|1999|N|");
+  EXPECT_EQ(Stored(Mode(6)), "6|All|-1|-1|-1||||-1|-1||");
+}
+
+struct DistributionCase {
+  const char* amps;
+  const char* tdma;
+  const char* total;
+  const char* from;
+  const char* to;
+  const char* message;  // behind the mode's name; empty when all is well
+};
+
+const DistributionCase kDistributions[] = {
+    {"10", "0", "10", "1999", "1999", ""},
+    {"11", "x", "11", "", "", "  'AMPS Channels' must be between 0 and 10 inclusive."},
+    {"-1", "5", "10", "1", "2", "  'AMPS Channels' must be between 0 and 10 inclusive."},
+    {"10.4", "0", "10", "1", "2", ""},
+    {"99999999999999999999", "", "", "", "", "  'AMPS Channels' must be between 0 and 10 inclusive."},
+    {"", "11", "11", "", "", "  'TDMA Channels' must be between 0 and 10 inclusive."},
+    {"", "", "11", "", "", "  'Total to Select' must be between 0 and 10 inclusive."},
+    {"", "x", "", "", "", "  'AMPS Channels' must be numeric."},
+    {"5", " ", "", "", "", "  'TDAMA Channels' must be numeric."},
+    {"5", "5", "ten", "", "", "  'Total to Select' must be numeric."},
+    {"5", "5", "10", "", "x", "  'From' channels must be numeric."},
+    {"5", "5", "10", "1", "1 9", "  'To' channels must be numeric."},
+    {"5", "5", "10", "2000", "1", "  'From' channels cannot be less than 1 or greater than 1999 inclusive."},
+    {"5", "5", "10", "0", "1999", "  'From' channels cannot be less than 1 or greater than 1999 inclusive."},
+    {"5", "5", "10", "10", "5", "  'From' channels cannot be greater than 'To' channels."},
+    {"9", "5", "10", "1", "2000", "  'To' channels cannot be less than 1 or greater than 1999 inclusive."},
+    {"6", "5", "10", "1", "1999", "  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'."},
+    {"0", "0", "0", "1", "1999", "  'AMPS and TDMA Channels' cannot both be zero."},
+};
+
+TEST_F(PlmTdma, TheAutomaticRulesRunInOrderOnControlsAndRecords) {
+  LoadNew();
+  for (DistributionPanel* panel : {&tab_.XMode2, &tab_.XMode5}) {
+    Check(panel->Number());
+    const std::string name = MKivStudyCtls::ModeName(panel->Number());
+    for (const DistributionCase& c : kDistributions) {
+      panel->txtAmps.SetText(c.amps);
+      panel->txtTdma.SetText(c.tdma);
+      panel->txtTotal.SetText(c.total);
+      panel->txtFrom.SetText(c.from);
+      panel->txtTo.SetText(c.to);
+      const std::string expected = *c.message ? name + c.message : "";
+      EXPECT_EQ(Refusal(), expected);
+      EXPECT_EQ(tab_.Problems().empty(), expected.empty());
+    }
+    for (ui::TextBox* box : {&panel->txtAmps, &panel->txtTdma, &panel->txtTotal}) box->SetText("5");
+    panel->txtTdma.SetText("0");
+    panel->txtTo.SetText("");
+    panel->txtTo.Type("1a9.");
+    EXPECT_EQ(panel->txtTo.Text(), "19");
+  }
+  CKivPlmMode stored;
+  tab_.XMode5.DefaultsToData(stored);
+  stored.SetTotalDistribution(11);
+  EXPECT_FALSE(tab_.XMode5.ValidMode(stored));
+  EXPECT_EQ(host_.TakeMessage(), "Mode 5  'Total to Select' must be between 0 and 10 inclusive.");
+  stored.SetTotalDistribution(-1);  // unset counts as empty
+  EXPECT_FALSE(tab_.XMode5.ValidMode(stored));
+  EXPECT_EQ(host_.TakeMessage(), "Mode 5  'Total to Select' must be numeric.");
+  EXPECT_TRUE(tab_.XMode2.ValidMode(stored));  // hidden
+  stored.SetSelectionMethod("Manual");
+  stored.SetKey("Mode 5");
+  EXPECT_FALSE(tab_.XMode5.ValidMode(stored));
+  EXPECT_EQ(host_.TakeMessage(), "Mode 5: You must enter at least one channel.");
+}
+
+TEST_F(PlmTdma, TheMethodDecidesWhatIsUsedAndStored) {
+  LoadNew();
+  Check(5);
+  auto& five = tab_.XMode5;
+  EXPECT_TRUE(five.txtAmps.Enabled() && five.chkAce.Enabled() && !five.XChannelList1.Enabled());
+  five.cboSort1.Select(2);
+  five.cboSort2.Select(1);
+  five.optAuto[1].Click();
+  five.chkAce.Click();
+  five.txtTo.SetText("60");
+  five.cboMethod.Select(1);
+  EXPECT_TRUE(!five.txtAmps.Enabled() && five.XChannelList1.txtChannelList.Enabled());
+  five.XChannelList1.txtChannelList.Paste("9, 8;7\t6\n");
+  five.txtAmps.SetText("99");  // not looked at any more
+  EXPECT_EQ(Refusal(), "");
+  EXPECT_EQ(Stored(Mode(5)), "5|Manual|99|5|10|Restrict|Radio|End|1|60|Y|9;8;7;6");
+  EXPECT_EQ(tab_.lblModeSelector[4].Caption(), "4 channels");
+  five.cboMethod.Select(2);
+  five.txtFrom.SetText("");
+  EXPECT_TRUE(!five.txtAmps.Enabled() && !five.XChannelList1.Enabled());
+  EXPECT_EQ(Refusal(), "");
+  EXPECT_EQ(Stored(Mode(5)), "5|All|99|5|10|Restrict|Radio|End|0|60|Y|");
+
+  Choose(1);  // and back: the channels are not gone for good
+  Choose(5);
+  five.cboMethod.Select(1);
+  EXPECT_EQ(five.XChannelList1.txtChannelList.Text(), "9\n8\n7\n6\n");
+  EXPECT_EQ(Refusal(), "");
+  five.cboMethod.Select(0);
+  five.cmdDefaults.Click();
+  EXPECT_EQ(Refusal(), "");
+  EXPECT_EQ(Stored(Mode(5)), "5|Auto|5|5|10|Expand|Member|Begin|1|1999|N|");
+
+  Check(6);
+  tab_.XMode6.cboMethod.Select(1);
+  EXPECT_EQ(Refusal(), "You must enter at least one channel.");
+  tab_.XMode6.XChannelList1.txtChannelList.SetText("1999");
+  EXPECT_EQ(Refusal(), "");
+  EXPECT_EQ(Stored(Mode(6)), "6|Manual|-1|-1|-1||||-1|-1||1999");
+  tab_.XMode6.cboMethod.SetListIndex(ui::kNoSelection);
+  tab_.SaveData();
+  EXPECT_EQ(Mode(6).SelectionMethod(), "No Selection Method");
+}
+
+TEST_F(PlmTdma, AStoredModeComesBackAsItWas) {
+  const auto mode = std::make_shared<CKivPlmMode>();
+  mode->Initialize(5, 2, -1, -1, -1, "Manual", -1, 3, -1, "Restrict", "Channel", "End", -1, 9, "Y", false);
+  mode->AddChannel(5, 2, 12, "Channel:12");
+  Data().AddMode("Mode 2", mode);
+  const auto strange = std::make_shared<CKivPlmMode>();
+  strange->Initialize(5, 5, -1, -1, -1, "Lottery", 1, 1, 2, "Expand", "Weight", "Middle", 1, 2, "?", false);
+  Data().AddMode("Mode 5", strange);
+  LoadStored();
+  EXPECT_TRUE(tab_.chkMode[1].Checked() && tab_.chkMode[4].Checked());
+  EXPECT_EQ(tab_.CurrentMode(), "Mode 1");
+  EXPECT_EQ(Panels(), "1");
+  Choose(2);
+  EXPECT_EQ(tab_.XMode2.txtAmps.Text() + "|" + tab_.XMode2.txtTdma.Text(), "|3");
+  EXPECT_EQ(tab_.XMode2.XChannelList1.txtChannelList.Text(), "12\n");
+  Choose(5);
+  EXPECT_EQ(tab_.XMode5.cboMethod.ListIndex(), ui::kNoSelection);
+  tab_.SaveData();
+  EXPECT_TRUE(host_.editor->changes.empty());
+  EXPECT_EQ(Stored(Mode(2)), "2|Manual|0|3|0|Restrict|Channel|End|0|9|Y|12");
+  EXPECT_EQ(Stored(Mode(5)), "5|Lottery|1|1|2|Expand|Weight|Middle|1|2|N|");  // unknown words stay
+}
+
+TEST_F(PlmTdma, SwitchingRefusesAndUncheckingKeeps) {
+  LoadNew();
+  Check(2);
+  tab_.XMode2.txtTotal.SetText("1");
+  Choose(3);
+  EXPECT_EQ(host_.TakeMessage(),
+            "Mode 2  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'.");
+  EXPECT_EQ(tab_.obModeSelector.Index(), 1);
+  EXPECT_EQ(Panels(), "2");
+  Check(3);
+  EXPECT_NE(host_.TakeMessage(), "");
+  EXPECT_FALSE(tab_.chkMode[2].Checked());
+  EXPECT_EQ(Data().ModeCount(), 1);
+
+  Check(2);  // out, in spite of what is wrong with it
+  EXPECT_EQ(Data().ModeCount(), 0);
+  Check(3);
+  EXPECT_EQ(tab_.CurrentMode(), "Mode 3");
+  tab_.XMode3.XChannelList1.txtChannelList.Type("4\n5");
+  Check(3);
+  Check(2);  // in again, as it was left
+  EXPECT_EQ(tab_.XMode2.txtTotal.Text(), "1");
+  tab_.XMode2.txtTotal.SetText("10");
+  Check(3);
+  EXPECT_EQ(tab_.XMode3.XChannelList1.txtChannelList.Text(), "4\n5");
+  EXPECT_EQ(Refusal(), "");
+  EXPECT_EQ(Data().ModeCount(), 2);
+}
+
+TEST_F(PlmTdma, UnsoundDefaultsAreToldInThePanelsOwnWords) {
+  const auto told = [this](DistributionPanel& panel, std::int32_t amps, std::int32_t total,
+                           std::int32_t from) {
+    panel.SetDefaults({.amps = amps, .tdma = 5, .total = total, .from = from, .to = 1999});
+    panel.InitControls();
+    EXPECT_EQ(panel.txtAmps.Text(), std::to_string(amps));
+    return host_.TakeMessage();
+  };
+  EXPECT_EQ(told(tab_.XMode2, 6, 10, 1),
+            "Mode 2  'AMPS and TDMA channels' cannot be greater than total channels.");
+  EXPECT_EQ(told(tab_.XMode2, 5, 10, 2000), "Mode 2  'From' channels cannot be greater than 'To' channels.");
+  EXPECT_EQ(told(tab_.XMode2, 5, 11, 1), "Mode 2  'Total Channels to Select' cannot be greater than 10.");
+  EXPECT_EQ(told(tab_.XMode5, 6, 10, 1),
+            "Mode 5  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'.");
+  EXPECT_EQ(told(tab_.XMode5, 5, 10, 2000), "Mode 5  'From' channels cannot be greater than 'To' channels.");
+  EXPECT_EQ(told(tab_.XMode5, 5, 11, 1), "Mode 5 'Total Channels to Select' cannot be greater than 10.");
+  EXPECT_EQ(told(tab_.XMode5, 5, 10, 1), "");
+}
+
+TEST_F(PlmTdma, EveryEntryOfAChannelListIsChecked) {
+  LoadNew();
+  Check(3);
+  auto& channels = tab_.XMode3.XChannelList1;
+  const std::string range = " must be between 1 and 1999 inclusive.";
+  const std::string letters = " is not a valid channel number. Please fix it.";
+  const std::pair<const char*, std::string> lists[] = {
+      {"", "You must enter at least one channel."},
+      {" ,;\n\n", "You must enter at least one channel."},
+      {"1\n1999", ""},
+      {"12\n12", "Channel 12 is a duplicate."},
+      {"05 5", "Channel 5 is a duplicate."},
+      {"0\nx", "Channel 0" + range},
+      {"x\n0", "Channel x" + letters},
+      {"2500", "Channel 2500" + range},
+      {"-7", "Channel -7" + range},
+      {"99999999999999999999", "Channel 99999999999999999999" + range},
+      {"12a", "Channel 12a" + letters},
+      {"1999.4", ""}};
+  for (const auto& [text, message] : lists) {
+    channels.txtChannelList.SetText(text);
+    EXPECT_EQ(Refusal(), message) << text;
+  }
+  EXPECT_EQ(Mode(3).GetChannelList(), "1999");
+  channels.txtChannelList.SetText("3 1,2");
+  CKivPlmMode other;
+  EXPECT_TRUE(channels.CtlsToData(other));
+  EXPECT_EQ(other.GetChannelList(), "3;1;2");
+  tab_.SaveData();
+  EXPECT_EQ(Mode(3).GetChannelList(), "3;1;2");
+  EXPECT_EQ((*Mode(3).ChannelList()->begin())->Key(), "Channel:3");
+  EXPECT_EQ(channels.lblCount.Caption(), "3 channels");
+}
+
+}  // namespace
+}  // namespace kiv
