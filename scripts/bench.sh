@@ -7,4 +7,5 @@ scripts/setup.sh
 scripts/build.sh bench
 export QT_QPA_PLATFORM=offscreen
 build/bench/bench/editor_bench
+build/bench/bench/vcsa_bench
 bench/list_bench.sh build/bench

@@ -76,7 +76,7 @@ void ListView::Sort() {
 
 void ListView::SetSelectedRows(std::vector<std::size_t> rows) {
   std::sort(rows.begin(), rows.end());
-  if (!multiSelect_ && rows.size() > 1) rows.resize(1);
+  if (!multiSelect_ && rows.size() > 1) rows.erase(rows.begin() + 1, rows.end());
   if (rows == selected_) return;
   selected_ = std::move(rows);
   SelectionChanged.Raise();

@@ -1,0 +1,113 @@
+// Loading and saving a VCSA study of 1,000 cells with 6 antennas and 3 carriers each, against plain structs.
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+#include "core/msql.h"
+#include "database/open.h"
+#include "database/transaction.h"
+#include "host/services.h"
+#include "plain_vcsa.h"
+#include "vcsa/vcs_data.h"
+
+namespace kiv::bench {
+namespace {
+
+constexpr int kStudy = 1;
+constexpr int kCells = 1000;
+constexpr int kRounds = 15;
+
+template <class Action>
+double Milliseconds(const Action& action) {
+  const auto start = std::chrono::steady_clock::now();
+  action();
+  const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
+  return time.count();
+}
+
+double Median(std::vector<double> times) {
+  std::sort(times.begin(), times.end());
+  return times[times.size() / 2];
+}
+
+void FillStudy(CKivVcsData& data) {
+  std::array<std::string, CKivVcsData::kTexts> texts;
+  texts.fill("N");
+  data.Initialize(kStudy, texts);
+  for (int i = 1; i <= kCells; ++i) {
+    data.AddCell(i, 1, i / 100, i);
+    CCell& cell = AsCell(data.Cells()->Item("Cell:" + std::to_string(i)));
+    for (int antenna = 1; antenna <= 6; ++antenna) cell.AddAntenna(0, 1, i / 100, i, antenna, antenna == 1);
+    for (const char* carrier : {"384", "425", "466"}) {
+      cell.AddCarrier(0, "1", std::to_string(i / 100), std::to_string(i), carrier, false);
+    }
+  }
+}
+
+void Print(const char* what, const std::vector<double>& plain, const std::vector<double>& ours,
+           const char* goal) {
+  std::printf("  %s: sqlite3 library %7.2f ms, this library %7.2f ms  ratio %.2f (%s)\n", what, Median(plain),
+              Median(ours), Median(ours) / Median(plain), goal);
+}
+
+int Run() {
+  const auto folder = std::filesystem::temp_directory_path() / "kiv-vcsa-bench";
+  std::filesystem::remove_all(folder);
+  const std::string file = folder / "bench.db";
+  const auto connection = database::OpenStudyDatabase(file, database::OpenMode::CreateIfMissing);
+  host::Services services;
+  services.openDatabase = [connection] { return connection; };
+  host::InstallServices(services);
+  connection->ExecuteSql(
+      "INSERT INTO kiv_study (id, kind, name, modified_by, modified_at) VALUES (1, 'VCSA Study', 'x', 'x', "
+      "'x')");
+  CKivVcsData study;
+  FillStudy(study);
+  {
+    database::Transaction transaction(*connection);
+    study.InsertNew();
+    transaction.Commit();
+  }
+  sqlite3* plainDatabase = nullptr;
+  sqlite3_open(file.c_str(), &plainDatabase);
+  sqlite3_exec(plainDatabase, "PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL", nullptr, nullptr,
+               nullptr);
+
+  std::vector<double> plainLoads, ourLoads, plainSaves, ourSaves;
+  PlainVcsaStudy plain{};
+  for (int round = 0; round < kRounds; ++round) {
+    plain = {};
+    plainLoads.push_back(Milliseconds([&] { LoadPlainStudy(plainDatabase, kStudy, plain); }));
+    const auto loaded = std::make_unique<CKivVcsData>();
+    ourLoads.push_back(Milliseconds([&] { loaded->GetData(kStudy); }));
+    plainSaves.push_back(Milliseconds([&] { SavePlainStudy(plainDatabase, plain); }));
+    ourSaves.push_back(Milliseconds([&] {
+      database::Transaction transaction(*connection);
+      loaded->Update();
+      transaction.Commit();
+    }));
+    if (loaded->Cells()->Count() != kCells || plain.cells.size() != kCells) return 1;
+  }
+  std::printf("VCSA study of %d cells, 6,000 antennas, 3,000 carriers on SQLite (median of %d):\n", kCells,
+              kRounds);
+  Print("loading", plainLoads, ourLoads, "at most 1.3");
+  Print("saving ", plainSaves, ourSaves, "at most 1");
+  sqlite3_close(plainDatabase);
+  MSQL::ReleaseDatabase();
+  host::InstallServices({});
+  std::filesystem::remove_all(folder);
+  return 0;
+}
+
+}  // namespace
+}  // namespace kiv::bench
+
+int main() {
+  return kiv::bench::Run();
+}
