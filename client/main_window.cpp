@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDockWidget>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMenuBar>
@@ -17,8 +18,10 @@
 
 #include "client/dialogs.h"
 #include "client/editor_view.h"
+#include "client/entity_tree.h"
 #include "client/kind_icon.h"
 #include "client/messages.h"
+#include "client/network_dialog.h"
 #include "client/start_page.h"
 #include "client/study_list.h"
 #include "client/study_session.h"
@@ -31,6 +34,7 @@ namespace kiv::client {
 namespace {
 
 constexpr const char* kGeometryKey = "Window/Geometry";
+constexpr const char* kStateKey = "Window/State";
 constexpr const char* kFileFilter = "Study databases (*.db);;All files (*)";
 
 /// Each kind has its initial as the mnemonic.
@@ -46,6 +50,8 @@ MainWindow::MainWindow(Program& program)
       home_(new QStackedWidget(tabs_)),
       startPage_(new StartPage(home_)),
       list_(new StudyListPage(home_)),
+      networkDock_(new QDockWidget(QStringLiteral("Network"), this)),
+      network_(new EntityTree(program.Drag(), networkDock_)),
       databaseLabel_(new QLabel(this)),
       userLabel_(new QLabel(this)) {
   home_->addWidget(startPage_);
@@ -60,6 +66,7 @@ MainWindow::MainWindow(Program& program)
   statusBar()->addWidget(databaseLabel_, 1);
   statusBar()->addPermanentWidget(userLabel_);
   userLabel_->setText(QStringLiteral("User: ") + QString::fromStdString(program_.UserName()));
+  AddNetwork();
   AddMenus();
 
   list_->StudyActivated.Connect([this](std::int32_t id) { OpenStudy(id); });
@@ -68,8 +75,9 @@ MainWindow::MainWindow(Program& program)
   connect(tabs_, &QTabWidget::currentChanged, this, [this] { ShowState(); });
   program_.Settings().appGeneralState_StateChange.Connect([this] { ShowState(); });
 
-  resize(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 40);
+  resize(fontMetrics().averageCharWidth() * 195, fontMetrics().height() * 40);
   restoreGeometry(program_.Settings().File().value(QLatin1String(kGeometryKey)).toByteArray());
+  restoreState(program_.Settings().File().value(QLatin1String(kStateKey)).toByteArray());
   ShowNoDatabase({}, {}, false);
 }
 
@@ -101,14 +109,44 @@ void MainWindow::AddMenus() {
     databaseActions_.push_back(action);
   }
   AddEditorActions(study);
+  AddToolsMenu();
+}
 
+void MainWindow::AddToolsMenu() {
   QMenu& tools = *menuBar()->addMenu(QStringLiteral("&Tools"));
   databaseActions_.push_back(AddAction(tools, QStringLiteral("&Scenarios..."), {}, [this] {
     EditScenarios(program_, this);
     RefreshStudies();
   }));
+  databaseActions_.push_back(
+      AddAction(tools, QStringLiteral("&Import Network..."), {}, [this] { ImportNetwork(); }));
+  tools.addSeparator();
+  AddAction(tools, QStringLiteral("&Find in Network"), QKeySequence(QStringLiteral("Ctrl+Shift+F")), [this] {
+    networkDock_->show();
+    network_->FocusSearch();
+  });
+  QAction* showNetwork = networkDock_->toggleViewAction();
+  showNetwork->setText(QStringLiteral("Show &Network"));
+  tools.addAction(showNetwork);
+  tools.addSeparator();
   AddAction(tools, QStringLiteral("Se&ttings..."), QKeySequence::Preferences,
             [this] { EditSettings(program_, this); });
+}
+
+void MainWindow::AddNetwork() {
+  networkDock_->setObjectName(QStringLiteral("networkDock"));
+  networkDock_->setWidget(network_);
+  addDockWidget(Qt::LeftDockWidgetArea, networkDock_);
+  resizeDocks({networkDock_}, {fontMetrics().averageCharWidth() * 60}, Qt::Horizontal);
+  network_->ImportWanted.Connect([this] { Guarded([this] { ImportNetwork(); }); });
+}
+
+void MainWindow::ImportNetwork() {
+  if (ImportNetworkByDialog(program_, this)) RefreshNetwork();
+}
+
+void MainWindow::RefreshNetwork() {
+  network_->SetEntities(NetworkEntities::Load(program_.Store().Database()));
 }
 
 void MainWindow::AddEditorActions(QMenu& study) {
@@ -124,8 +162,10 @@ void MainWindow::AddEditorActions(QMenu& study) {
     tabs_->setCurrentIndex(0);
     list_->FocusFilter();
   }));
-  databaseActions_.push_back(
-      AddAction(study, QStringLiteral("Refresh L&ist"), QKeySequence::Refresh, [this] { RefreshStudies(); }));
+  databaseActions_.push_back(AddAction(study, QStringLiteral("R&efresh"), QKeySequence::Refresh, [this] {
+    RefreshStudies();
+    RefreshNetwork();
+  }));
   for (QAction* action : listActions_) list_->View().addAction(action);
   study.addSeparator();
   editorActions_ = {
@@ -157,7 +197,10 @@ void MainWindow::OpenDatabase(const std::string& path, Program::WhenMissing when
     ShowNoDatabase(path, error.what(), error.Problem() == database::OpenProblem::Missing);
     return;
   }
-  Guarded([this] { RefreshStudies(); });
+  Guarded([this] {
+    RefreshStudies();
+    RefreshNetwork();
+  });
 }
 
 void MainWindow::ChooseDatabase(bool create) {
@@ -182,6 +225,7 @@ void MainWindow::ShowNoDatabase(const std::string& path, const std::string& prob
   choices.push_back({QStringLiteral("&Open Another Database..."), [this] { ChooseDatabase(false); }});
   startPage_->Show(QStringLiteral("No study database is open"), QString::fromStdString(problem), choices);
   home_->setCurrentWidget(startPage_);
+  if (!program_.HasDatabase()) network_->ShowNoDatabase();
   ShowState();
 }
 
@@ -304,6 +348,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     return;
   }
   program_.Settings().File().setValue(QLatin1String(kGeometryKey), saveGeometry());
+  program_.Settings().File().setValue(QLatin1String(kStateKey), saveState());
   event->accept();
 }
 

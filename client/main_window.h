@@ -8,6 +8,7 @@
 #include "client/program.h"
 
 class QAction;
+class QDockWidget;
 class QLabel;
 class QStackedWidget;
 class QTabWidget;
@@ -15,10 +16,11 @@ class QTabWidget;
 namespace kiv::client {
 
 class EditorView;
+class EntityTree;
 class StartPage;
 class StudyListPage;
 
-/// The window: the list of studies, and an editor for each open study.
+/// The window: the network, the list of studies, and an editor for each open study.
 class MainWindow : public QMainWindow {
  public:
   explicit MainWindow(Program& program);
@@ -33,12 +35,17 @@ class MainWindow : public QMainWindow {
   EditorView* OpenStudy(std::int32_t id);
   EditorView* CurrentEditor() const;
   StudyListPage& List() { return *list_; }
+  EntityTree& Network() { return *network_; }
+  /// Lets the user import a network, and shows it.
+  void ImportNetwork();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
 
  private:
   void AddMenus();
+  void AddToolsMenu();
+  void AddNetwork();
   void AddEditorActions(class QMenu& studyMenu);
   QAction* AddAction(class QMenu& menu, const QString& text, const QKeySequence& keys,
                      std::function<void()> run);
@@ -48,6 +55,7 @@ class MainWindow : public QMainWindow {
   bool CloseAllEditors();
   void DeleteSelectedStudy();
   void RefreshStudies();
+  void RefreshNetwork();
   void ShowEmptyPage();
   void ShowNoDatabase(const std::string& path, const std::string& problem, bool canCreate);
   void ShowState();
@@ -59,6 +67,8 @@ class MainWindow : public QMainWindow {
   QStackedWidget* home_;
   StartPage* startPage_;
   StudyListPage* list_;
+  QDockWidget* networkDock_;
+  EntityTree* network_;
   QLabel* databaseLabel_;
   QLabel* userLabel_;
   std::vector<QAction*> databaseActions_;  // need an open database

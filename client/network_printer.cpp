@@ -8,6 +8,8 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
+#include "client/terminal_text.h"
+
 namespace kiv::client {
 
 namespace {
@@ -77,9 +79,9 @@ void PrintNetworkReport(const NetworkReport& report, OutputFormat format, std::o
         << table.rows << '\n';
   }
   for (const std::string& file : report.unknownFiles) {
-    err << file << ": ignored, it is not one of the files of a network\n";
+    err << TerminalText(file) << ": ignored, it is not one of the files of a network\n";
   }
-  for (const BadLine& bad : report.badLines) err << BadLineText(bad) << '\n';
+  for (const BadLine& bad : report.badLines) err << TerminalText(BadLineText(bad)) << '\n';
   (report.outcome == Outcome::Refused ? err : out) << OutcomeText(report) << '\n';
 }
 

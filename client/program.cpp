@@ -74,6 +74,7 @@ class Program::Scenarios : public host::DocumentLibrary {
 Program::Program()
     : errors_(std::make_shared<ErrorLog>()),
       settings_(std::make_shared<UserSettings>()),
+      drag_(std::make_shared<EntityDrag>()),
       session_(std::make_shared<LoginSession>()) {}
 
 Program::~Program() {
@@ -95,7 +96,7 @@ void Program::Start(UserInterface userInterface) {
        .fileNameRules = std::make_shared<PortableFileNames>(),
        .folderChooser = std::move(userInterface.folderChooser),
        .beeper = std::move(userInterface.beeper),
-       .dragSource = nullptr});
+       .dragSource = drag_});
 }
 
 void Program::OpenDatabase(const std::string& path, WhenMissing whenMissing) {

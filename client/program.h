@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "client/entity_drag.h"
 #include "client/error_log.h"
 #include "client/study_store.h"
 #include "client/user_settings.h"
@@ -47,6 +48,8 @@ class Program {
   StudyStore& Store() const;
 
   UserSettings& Settings() { return *settings_; }
+  /// What is being dragged out of the configuration entity tree.
+  EntityDrag& Drag() { return *drag_; }
   std::string UserName() const;
 
   /// Where the studies are when nobody says otherwise.
@@ -60,6 +63,7 @@ class Program {
 
   std::shared_ptr<ErrorLog> errors_;
   std::shared_ptr<UserSettings> settings_;
+  std::shared_ptr<EntityDrag> drag_;
   std::shared_ptr<host::Session> session_;
   std::shared_ptr<database::SqlConnection> connection_;
   std::unique_ptr<StudyStore> store_;

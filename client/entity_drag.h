@@ -1,0 +1,37 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/drag_source.h"
+
+namespace kiv::client {
+
+/// Holds the entities that are being dragged out of the configuration entity tree.
+class EntityDrag : public host::DragSource {
+ public:
+  std::vector<host::DraggedNode> DraggedNodes() const override { return nodes_; }
+  std::uint16_t RegisterFormat(const std::string& name) override;
+
+  /// One drag, from its beginning to its end.
+  class Scope {
+   public:
+    Scope(EntityDrag& drag, std::vector<host::DraggedNode> nodes) : drag_(drag) {
+      drag_.nodes_ = std::move(nodes);
+    }
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+    ~Scope() { drag_.nodes_.clear(); }
+
+   private:
+    EntityDrag& drag_;
+  };
+
+ private:
+  std::vector<host::DraggedNode> nodes_;
+  std::map<std::string, std::uint16_t> formats_;
+};
+
+}  // namespace kiv::client
