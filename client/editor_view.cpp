@@ -122,15 +122,27 @@ QString EditorView::Title() const {
   return QString::fromStdString(session_->Name()) + (session_->Modified() ? QStringLiteral(" *") : QString());
 }
 
-bool EditorView::AddEntities(const std::vector<host::DraggedNode>& nodes) {
+struct EditorView::DropTarget {
+  Tab* tab = nullptr;
+  XDDListView* list = nullptr;
+};
+
+EditorView::DropTarget EditorView::FindDropTarget() const {
   for (const auto& tab : session_->Tabs()) {
-    XDDListView* list = FindDropList(*tab);
-    if (!list) continue;
-    ShowTab(tab->Name());
-    list->DropNodes(nodes);
-    return true;
+    if (XDDListView* list = FindDropList(*tab)) return {tab.get(), list};
   }
-  return false;
+  return {};
+}
+
+bool EditorView::TakesEntities() const {
+  return FindDropTarget().list != nullptr;
+}
+
+void EditorView::AddEntities(const std::vector<host::DraggedNode>& nodes) {
+  const DropTarget target = FindDropTarget();
+  if (!target.list) return;
+  ShowTab(target.tab->Name());
+  target.list->DropNodes(nodes);
 }
 
 void EditorView::ShowTab(const std::string& name) {

@@ -39,9 +39,10 @@ class EditorView : public QWidget {
   /// Asks about unsaved input. False when the user wants to stay.
   bool MayClose();
 
-  /// Gives entities of the network to the list of the study that takes them, as if they had been dropped
-  /// there. False when no page of this study takes any.
-  bool AddEntities(const std::vector<host::DraggedNode>& nodes);
+  /// Whether a page of this study takes entities of the network.
+  bool TakesEntities() const;
+  /// Gives entities of the network to the page that takes them, as if they had been dropped there.
+  void AddEntities(const std::vector<host::DraggedNode>& nodes);
 
   /// The pages in the order of the session's tabs.
   const std::vector<qt::PageView*>& Pages() const { return pages_; }
@@ -50,7 +51,10 @@ class EditorView : public QWidget {
   Signal<> Stored;
 
  private:
+  struct DropTarget;
+
   void AddPages();
+  DropTarget FindDropTarget() const;
   void ShowTab(const std::string& name);
   void ShowState();
   void StartMarking();

@@ -339,6 +339,13 @@ void MainWindow::ShowState() {
   enable(databaseActions_, hasDatabase);
   enable(editorActions_, CurrentEditor() != nullptr);
   enable(listActions_, hasDatabase && tabs_->currentIndex() == 0 && list_->SelectedStudy().has_value());
+  EditorView* editor = CurrentEditor();
+  if (editor && editor->TakesEntities()) {
+    network_->SetAddToStudy(
+        [this, editor](const EntityTree::Nodes& nodes) { Guarded([&] { editor->AddEntities(nodes); }); });
+  } else {
+    network_->SetAddToStudy(nullptr);
+  }
   setWindowTitle(QString::fromStdString(program_.Settings().ApplicationTitle()));
 }
 
