@@ -13,6 +13,7 @@
 #include "database/schema.h"
 #include "hom/hom_studies.h"
 #include "plm/plm_studies.h"
+#include "vcsa/vcsa_studies.h"
 
 namespace kiv::client {
 
@@ -85,6 +86,7 @@ Program::~Program() {
 void Program::Start(UserInterface userInterface) {
   RegisterHomStudies();
   RegisterPlmStudies();
+  RegisterVcsaStudies();
   errors_->SetTeller(std::move(userInterface.tellFailure));
   host::InstallServices(
       {.openDatabase = [this] { return connection_; },

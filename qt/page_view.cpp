@@ -65,6 +65,8 @@ PageView::PageView(ui::Container& page, const ui::LayoutItem& layout, QWidget* p
   scroll_->setFrameShape(QFrame::NoFrame);
   scroll_->setWidgetResizable(true);
   scroll_->setWidget(content);
+  // A short page is not taller than it is; a scroll area by itself would be.
+  scroll_->setMinimumHeight(std::min(content->sizeHint().height(), scroll_->minimumSizeHint().height()));
   // The page shows the background of what it stands on, such as a tab.
   scroll_->viewport()->setAutoFillBackground(false);
   content->setAutoFillBackground(false);

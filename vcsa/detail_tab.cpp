@@ -173,15 +173,18 @@ void XKivVcsDetail::SaveData() {
 
 ui::LayoutItem XKivVcsDetail::Layout() {
   using namespace ui;
-  std::vector<LayoutItem> boxes;
-  for (CheckBox& box : chkEvent) boxes.push_back(Single(box));
-  boxes.push_back(Stretch());
-  return Column(
-      {Group(fraEvents, {Form({Field("Se&lect:", {Single(cboEvent), Stretch()})}), Row(std::move(boxes))}),
-       Row({Group(fraAntennas, {Single(dlvwAntenna)}), Group(fraCarriers, {Single(dlvwCarrier)})}),
-       Form({Field("Single D&N:", {Single(txtSingleDn.edit), Stretch()}),
-             Field("P&olling interval:", {Single(txtPollingInterval), Text("seconds")})}),
-       Row({Single(chkDirectionalSetup), Single(chkCarrierData), Stretch()})});
+  const auto boxes = [this](std::size_t from, std::size_t to) {
+    std::vector<LayoutItem> items;
+    for (std::size_t category = from; category < to; ++category) items.push_back(Single(chkEvent[category]));
+    items.push_back(Stretch());
+    return Row(std::move(items));
+  };
+  return Column({Group(fraEvents, {Form({Field("Se&lect:", {Single(cboEvent), Stretch()})}), boxes(0, kUpToF),
+                                   boxes(kUpToF, kUpToM)}),
+                 Row({Group(fraAntennas, {Single(dlvwAntenna)}), Group(fraCarriers, {Single(dlvwCarrier)})}),
+                 Form({Field("Single D&N:", {Single(txtSingleDn.edit), Stretch()}),
+                       Field("P&olling interval:", {Single(txtPollingInterval), Text("seconds")})}),
+                 Row({Single(chkDirectionalSetup), Single(chkCarrierData), Stretch()})});
 }
 
 }  // namespace kiv
