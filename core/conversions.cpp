@@ -17,14 +17,15 @@ namespace {
   throw Error(ErrorNumber::TypeMismatch, std::string("Type mismatch: the value is not ") + wanted + ".");
 }
 
-template <class Number>
-std::int32_t Narrowed(Number number) {
-  constexpr auto kLow = std::numeric_limits<std::int32_t>::min();
-  constexpr auto kHigh = std::numeric_limits<std::int32_t>::max();
+template <class Integer = std::int32_t, class Number>
+Integer Narrowed(Number number) {
+  constexpr auto kLow = std::numeric_limits<Integer>::min();
+  constexpr auto kHigh = std::numeric_limits<Integer>::max();
   if (!(number >= static_cast<Number>(kLow) && number <= static_cast<Number>(kHigh))) {
-    throw Error(ErrorNumber::Overflow, "Overflow: the number does not fit into 32 bits.");
+    throw Error(ErrorNumber::Overflow,
+                "Overflow: the number does not fit into " + std::to_string(8 * sizeof(Integer)) + " bits.");
   }
-  return static_cast<std::int32_t>(number);
+  return static_cast<Integer>(number);
 }
 
 std::int32_t FromText(std::string_view text) {
@@ -58,6 +59,10 @@ std::int32_t ToInt32(const Variant& value) {
         }
       },
       value.Value());
+}
+
+std::int16_t ToInt16(const Variant& value) {
+  return Narrowed<std::int16_t>(ToInt32(value));
 }
 
 std::string ToText(const Variant& value) {

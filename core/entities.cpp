@@ -49,6 +49,15 @@ std::shared_ptr<Entity> MakeEntity(std::int32_t id, std::int32_t instanceId, std
   return entity;
 }
 
+template <class Kind>
+Kind& As(const std::shared_ptr<CEntity>& entity, const char* what) {
+  auto* found = dynamic_cast<Kind*>(entity.get());
+  if (!found) {
+    throw Error(ErrorNumber::TypeMismatch, std::string("Type mismatch: the entity is not ") + what + ".");
+  }
+  return *found;
+}
+
 /// Only a key that is missing is removed, which raises the collection's error.
 void RemoveUnlessPresent(const std::shared_ptr<AntennaCollection>& collection, const std::string& key) {
   if (!MKivStudyCtls::ExistsInCollection(collection, key)) collection->Remove(key);
@@ -69,9 +78,11 @@ std::shared_ptr<CEcp> MakeEcp(std::int32_t studyId, std::int32_t instanceId, std
 }
 
 CCell& AsCell(const std::shared_ptr<CEntity>& entity) {
-  auto* cell = dynamic_cast<CCell*>(entity.get());
-  if (!cell) throw Error(ErrorNumber::TypeMismatch, "Type mismatch: the entity is not a cell.");
-  return *cell;
+  return As<CCell>(entity, "a cell");
+}
+
+CEcp& AsEcp(const std::shared_ptr<CEntity>& entity) {
+  return As<CEcp>(entity, "an ECP");
 }
 
 void CCell::AddAntenna(std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,

@@ -121,5 +121,7 @@ std::shared_ptr<CEcp> MakeEcp(std::int32_t studyId, std::int32_t instanceId, std
 
 /// The entity as a cell. Raises error 13 when it is none.
 CCell& AsCell(const std::shared_ptr<CEntity>& entity);
+/// The entity as an ECP. Raises error 13 when it is none.
+CEcp& AsEcp(const std::shared_ptr<CEntity>& entity);
 
 }  // namespace kiv

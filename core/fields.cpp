@@ -2,7 +2,17 @@
 
 #include <algorithm>
 
-namespace kiv::sql {
+namespace kiv {
+
+Variant NumberOrZero(const host::Recordset& row, std::string_view name) {
+  try {
+    return Variant(ToInt16(row.Field(name)));
+  } catch (const Error&) {
+    return Variant(0);
+  }
+}
+
+namespace sql {
 
 std::string InsertStatement(const host::Database& database, std::string_view table,
                             std::span<const host::Assignment> values) {
@@ -33,4 +43,6 @@ std::string AsciiUpper(std::string_view text) {
   return upper;
 }
 
-}  // namespace kiv::sql
+}  // namespace sql
+
+}  // namespace kiv

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <span>
@@ -16,10 +17,13 @@
 namespace kiv {
 
 enum class FieldRole {
-  Key,       ///< identifies the row; inserted, never updated, not loaded
-  Stored,    ///< a column of every database
-  Optional,  ///< a column that databases of an earlier layout lack
-  Nullable   ///< a number that may be unset: kUnsetNumber in the record, NULL in the database
+  Key,          ///< identifies the row; inserted, never updated, not loaded
+  Stored,       ///< a column of every database
+  Optional,     ///< a column that databases of an earlier layout lack
+  Nullable,     ///< a number that may be unset: kUnsetNumber in the record, NULL in the database
+  InsertOnly,   ///< kept for other readers of the database; inserted, never updated, not loaded
+  WhenPositive  ///< numbers that are written together, only when one of them is above 0; 0 where there is
+                ///< none
 };
 
 /// What an unset number of a Nullable field reads in the record.
@@ -35,7 +39,9 @@ struct ElementOf {
 template <class Record>
 struct RecordField {
   std::string_view name;
-  std::variant<std::int32_t Record::*, std::string Record::*, ElementOf<Record, std::string>> member;
+  std::variant<std::int32_t Record::*, std::string Record::*, ElementOf<Record, std::string>,
+               std::int16_t Record::*>
+      member;
   FieldRole role = FieldRole::Stored;
   std::string_view whenAbsent = {};  ///< text of an optional field that the database lacks
 
@@ -44,12 +50,15 @@ struct RecordField {
       const bool unset = role == FieldRole::Nullable && record.*(*number) == kUnsetNumber;
       return unset ? Variant() : Variant(record.*(*number));
     }
+    if (const auto* number = std::get_if<3>(&member)) return Variant(record.*(*number));
     return Variant(TextOf(const_cast<Record&>(record)));  // only read
   }
   void Set(Record& record, const Variant& value) const {
     if (const auto* number = std::get_if<0>(&member)) {
       const bool unset = role == FieldRole::Nullable && value.IsNull();
       record.*(*number) = unset ? kUnsetNumber : ToInt32(value);
+    } else if (const auto* shortNumber = std::get_if<3>(&member)) {
+      record.*(*shortNumber) = ToInt16(value);
     } else {
       TextOf(record) = ToText(value);
     }
@@ -88,20 +97,34 @@ OptionalFields FindOptionalFields(host::Database& database, std::string_view tab
   return OptionalFields::Absent;
 }
 
-/// The record's values by column, in storing order; an update leaves the key out.
+/// Whether any of the record's fields that depend on it is above 0.
+template <class Record>
+bool HasPositive(const Record& record, std::span<const RecordField<Record>> fields) {
+  return std::any_of(fields.begin(), fields.end(), [&record](const RecordField<Record>& field) {
+    return field.role == FieldRole::WhenPositive && ToInt32(field.Get(record)) > 0;
+  });
+}
+
+/// The record's values by column, in storing order; an update leaves out the key and what is only inserted.
 enum class KeyField { Include, LeaveOut };
 template <class Record>
 std::vector<host::Assignment> ColumnValues(const Record& record, std::span<const RecordField<Record>> fields,
                                            OptionalFields optional, KeyField key) {
   std::vector<host::Assignment> values;
   values.reserve(fields.size());
+  const bool positive = HasPositive(record, fields);
   for (const RecordField<Record>& field : fields) {
-    if (field.role == FieldRole::Key && key == KeyField::LeaveOut) continue;
+    const bool insertedOnly = field.role == FieldRole::Key || field.role == FieldRole::InsertOnly;
+    if (insertedOnly && key == KeyField::LeaveOut) continue;
     if (field.role == FieldRole::Optional && optional == OptionalFields::Absent) continue;
+    if (field.role == FieldRole::WhenPositive && !positive) continue;
     values.push_back({field.name, field.Get(record)});
   }
   return values;
 }
+
+/// The value of a field that a row need not have, or not as a number; 0 then.
+Variant NumberOrZero(const host::Recordset& row, std::string_view name);
 
 /// Fills the record from the current row. A value that does not convert leaves the record as it was.
 template <class Record>
@@ -109,9 +132,11 @@ void LoadFields(Record& record, const host::Recordset& row, std::span<const Reco
                 OptionalFields optional) {
   Record loaded = record;
   for (const RecordField<Record>& field : fields) {
-    if (field.role == FieldRole::Key) continue;
+    if (field.role == FieldRole::Key || field.role == FieldRole::InsertOnly) continue;
     if (field.role == FieldRole::Optional && optional == OptionalFields::Absent) {
       field.Set(loaded, Variant(field.whenAbsent));
+    } else if (field.role == FieldRole::WhenPositive) {
+      field.Set(loaded, NumberOrZero(row, field.name));
     } else {
       field.Set(loaded, row.Field(field.name));
     }

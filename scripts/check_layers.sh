@@ -12,10 +12,11 @@ core: base host ui core
 editor: base host ui core editor
 hom: base host ui core editor hom
 plm: base host ui core editor plm
+rfc: base host ui core editor rfc
 vcsa: base host ui core editor vcsa
 database: base host database
 qt: base host ui qt
-client: base host ui core editor hom plm vcsa database qt client
+client: base host ui core editor hom plm rfc vcsa database qt client
 samples: base client samples
 '
 
@@ -31,7 +32,7 @@ while IFS=: read -r folder allowed; do
 done <<<"$rules"
 
 # The library itself is standard C++: no toolkit, no database.
-if grep -rnE '#include <(Q|sqlite3|libpq|windows)' base host ui core editor hom plm vcsa | grep -v _windows.cpp; then
+if grep -rnE '#include <(Q|sqlite3|libpq|windows)' base host ui core editor hom plm rfc vcsa | grep -v _windows.cpp; then
   echo "The library may include standard headers only." >&2
   failed=1
 fi

@@ -1,0 +1,139 @@
+#include "rfc/rfc_data.h"
+
+#include "core/entity_lists.h"
+#include "core/study_data.h"
+#include "core/study_kinds.h"
+#include "rfc/rfc_msql.h"
+
+namespace kiv {
+
+std::span<const RecordField<CKivRfcData>> CKivRfcData::Fields() {
+  using enum FieldRole;
+  using Data = CKivRfcData;
+  static const RecordField<Data> fields[] = {
+      {"Id", &Data::id_, Key},
+      {"Tag", &Data::tag_},
+      {"dBm", &Data::dbm_, InsertOnly},
+      {"ClearLog", &Data::clearLog_},
+      {"MultipleDns", &Data::multipleDns_},
+      {"UseEcp", &Data::useEcp_},
+      {"Path", &Data::path_},
+      {"F", &Data::forwardRate_, WhenPositive},
+      {"R", &Data::reverseRate_, WhenPositive},
+  };
+  return fields;
+}
+
+void CKivRfcData::Initialize(std::int32_t id, std::string tag, std::string clearLog, std::string multipleDns,
+                             std::string useEcp, std::string path, std::int16_t forwardRateRestriction,
+                             std::int16_t reverseRateRestriction) {
+  id_ = id;
+  tag_ = std::move(tag);
+  clearLog_ = std::move(clearLog);
+  multipleDns_ = std::move(multipleDns);
+  useEcp_ = std::move(useEcp);
+  path_ = std::move(path);
+  forwardRate_ = forwardRateRestriction;
+  reverseRate_ = reverseRateRestriction;
+}
+
+bool CKivRfcData::LookupFAF(std::int32_t instanceId) {
+  return instanceId != 0 && MSQL::LookupFaf(instanceId, faf_);
+}
+
+void CKivRfcData::AddEcp(std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId) {
+  auto ecp = MakeEcp(id_, instanceId, systemId, ecpId);
+  std::string key = ecp->Key();
+  Required(entities_).Add(std::move(ecp), std::move(key));
+}
+
+void CKivRfcData::AddCell(std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,
+                          std::int32_t cellId) {
+  auto cell = MakeCell(id_, instanceId, systemId, ecpId, cellId);
+  std::string key = cell->Key();
+  Required(entities_).Add(std::move(cell), std::move(key));
+}
+
+void CKivRfcData::AddDn(const std::string& dn, const std::string& dataFile) {
+  DnCollection& dns = Required(dns_);
+  if (dns.Contains(dn)) return;
+  auto entry = std::make_shared<CDn>();
+  entry->SetID(id_);
+  entry->SetDn(dn);
+  entry->SetDataFile(dataFile);
+  entry->SetKey(dn);
+  dns.Add(std::move(entry), dn);
+}
+
+std::string_view CKivRfcData::KindName() const {
+  return kRfcStudy;
+}
+
+bool CKivRfcData::UsesEcp() const {
+  return useEcp_ == "Y";
+}
+
+void CKivRfcData::GetData(std::int32_t id) {
+  MSQL::LoadRfcData(id, *this);
+  if (UsesEcp()) {
+    MSQL::LoadRfcEcpList(id, *this);
+  } else {
+    MSQL::LoadRfcCellList(id, *this);
+    wasUsingCells_ = true;
+  }
+  MSQL::LoadRfcDnList(id, *this);
+}
+
+bool CKivRfcData::InsertNew() {
+  const bool rowWritten = MSQL::InsertRfcData(*this);
+  const bool listsWritten = InsertLists();
+  return rowWritten && listsWritten;
+}
+
+void CKivRfcData::Update() {
+  MSQL::UpdateRfcData(*this);
+  MSQL::DeleteEcpList(id_);
+  MSQL::DeleteCellList(id_);
+  MSQL::DeleteRfcDnList(id_);
+  InsertLists();
+}
+
+bool CKivRfcData::InsertLists() const {
+  bool written = true;
+  for (const auto& entity : Required(entities_)) {
+    if (UsesEcp()) {
+      const CEcp& ecp = AsEcp(entity);
+      written &= MSQL::InsertEcpRow(id_, ecp.InstanceID(), ecp.SystemID(), ecp.EcpID());
+    } else {
+      const CCell& cell = AsCell(entity);
+      written &= MSQL::InsertCellRow(id_, cell.InstanceID(), cell.SystemID(), cell.EcpID(), cell.CellID());
+    }
+  }
+  for (const auto& dn : Required(dns_)) written &= MSQL::InsertRfcDn(id_, *dn);
+  return written;
+}
+
+std::vector<NamedValue> CKivRfcData::StoredFields() const {
+  return ListFields(*this, Fields());
+}
+
+std::vector<StoredList> CKivRfcData::StoredLists() const {
+  std::vector<StoredEntry> entities;
+  for (const auto& entity : Required(entities_)) {
+    entities.push_back(UsesEcp() ? MSQL::StoredEcp(AsEcp(entity)) : MSQL::StoredCell(AsCell(entity)));
+  }
+  std::vector<StoredEntry> dns;
+  for (const auto& dn : Required(dns_)) {
+    dns.push_back({{}, ListFields(*dn, CDn::Fields(), KeyField::LeaveOut), {}});
+  }
+  return {{UsesEcp() ? "Ecps" : "Cells", std::move(entities)}, {"DNs", std::move(dns)}};
+}
+
+std::shared_ptr<CKivRfcData> CKivStudyData::RfcData() const {
+  return SubRecordAs<CKivRfcData>();
+}
+void CKivStudyData::SetRfcData(std::shared_ptr<CKivRfcData> data) {
+  SetSubRecordAs(std::move(data));
+}
+
+}  // namespace kiv

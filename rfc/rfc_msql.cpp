@@ -1,0 +1,96 @@
+#include "rfc/rfc_msql.h"
+
+#include <string>
+#include <string_view>
+
+#include "core/conversions.h"
+#include "core/entity_lists.h"
+#include "core/msql.h"
+#include "core/study_kinds.h"
+#include "core/study_row.h"
+
+namespace kiv::MSQL {
+
+namespace {
+
+constexpr StudyTable kTable = {kRfcStudy, "KIV_RfcStudy"};
+const std::string kDnTable = "KIV_RfcDnList";
+const std::string kFafTable = "KIV_FAF";
+
+struct FafFlag {
+  std::string_view name;
+  bool FafRow::*flag;
+};
+
+constexpr FafFlag kFafFlags[] = {{"F121", &FafRow::F121}, {"F161", &FafRow::F161}, {"F276", &FafRow::F276},
+                                 {"F297", &FafRow::F297}, {"F368", &FafRow::F368}, {"F430", &FafRow::F430},
+                                 {"F465", &FafRow::F465}, {"F545", &FafRow::F545}, {"F559", &FafRow::F559}};
+
+}  // namespace
+
+void LoadRfcData(std::int32_t id, CKivRfcData& record) {
+  LoadStudyRow(kTable, "LoadRfcData", id, record);
+}
+
+bool InsertRfcData(const CKivRfcData& record) {
+  return InsertStudyRow(kTable, "InsertRfcData", record);
+}
+
+bool UpdateRfcData(const CKivRfcData& record) {
+  return UpdateStudyRow(kTable, "UpdateRfcData", record);
+}
+
+void LoadRfcCellList(std::int32_t listId, CKivRfcData& record) {
+  LoadCellList(listId,
+               [&record](std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,
+                         std::int32_t cellId) { record.AddCell(instanceId, systemId, ecpId, cellId); });
+}
+
+void LoadRfcEcpList(std::int32_t listId, CKivRfcData& record) {
+  LoadEcpList(listId, [&record](std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId) {
+    record.AddEcp(instanceId, systemId, ecpId);
+  });
+}
+
+void LoadRfcDnList(std::int32_t id, CKivRfcData& record) {
+  const auto rows = OpenQuery("SELECT * FROM " + kDnTable + " WHERE Id = " + std::to_string(id));
+  if (!rows) return;
+  for (; !rows->EndOfFile(); rows->MoveNext()) {
+    CDn row;
+    LoadFields(row, *rows, CDn::Fields(), OptionalFields::Absent);
+    record.AddDn(row.Dn(), row.DataFile());
+  }
+  rows->Close();
+}
+
+void DeleteRfcDnList(std::int32_t id) {
+  Database().ExecuteSql("Delete From " + kDnTable + " Where ID=" + std::to_string(id));
+}
+
+bool InsertRfcDn(std::int32_t id, const CDn& dn) {
+  return TrapErrors(kTable.kind, "InsertRfcDn", [&](host::Database& database) {
+    CDn row = dn;
+    row.SetID(id);
+    const auto values = ColumnValues(row, CDn::Fields(), OptionalFields::Absent, KeyField::Include);
+    database.ExecuteSql(sql::InsertStatement(database, kDnTable, values));
+  });
+}
+
+bool LookupFaf(std::int32_t instanceId, FafRow& faf) {
+  faf = {};
+  const auto rows =
+      OpenQuery("SELECT * FROM " + kFafTable + " WHERE InstanceId = " + std::to_string(instanceId));
+  if (!rows) return false;
+  const bool found = !rows->EndOfFile() && rows->RecordCount() > 0;
+  if (found) {
+    FafRow row;  // whole or not at all
+    row.InstanceId = instanceId;
+    row.OmpHostName = ToText(rows->Field("OmpHostName"));
+    for (const FafFlag& column : kFafFlags) row.*column.flag = ToText(rows->Field(column.name)) == "Y";
+    faf = row;
+  }
+  rows->Close();
+  return found;
+}
+
+}  // namespace kiv::MSQL
