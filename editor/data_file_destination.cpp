@@ -1,12 +1,10 @@
 #include "editor/data_file_destination.h"
 
-#include <exception>
-#include <filesystem>
 #include <utility>
 
 #include "core/kiv_study_ctls.h"
-#include "core/numeric_text.h"
 #include "editor/file_name_checks.h"
+#include "editor/folder_box.h"
 #include "editor/name_preview.h"
 #include "host/services.h"
 
@@ -17,18 +15,6 @@ namespace {
 using namespace MKivStudyCtls;
 
 constexpr std::size_t kExtensionLimit = 5;
-
-bool IsOnHardDiskOrNetwork(const std::string& path) {
-  std::string description;
-  const std::int32_t type = GetDriveTypeName(path, description);
-  return type == kDriveFixed || type == kDriveRemote;
-}
-
-bool IsExistingFolder(std::string_view path) {
-  std::error_code error;
-  const std::u8string utf8(path.begin(), path.end());
-  return std::filesystem::is_directory(std::filesystem::path(utf8), error);
-}
 
 /// The extension is not typed, and a name has no blanks.
 void FileNameKeyFilter(std::int16_t& keyCode) {
@@ -47,32 +33,19 @@ XKivDataFileDestination::XKivDataFileDestination(Container* parent, std::string 
       lblExtension(&Frame1, "lblExtension"),
       lblPreview(&Frame1, "lblPreview") {
   Frame1.SetCaption("Data File Destination");
-  cmdBrowse.SetCaption("&Browse...");
   Label1.SetCaption("File n&ame:");
   txtFilename.SetKeyFilter(FileNameKeyFilter);
 
-  pathChecks_.Add(
-      txtPath, [this] { return !Trimmed(Path()).empty(); },
-      "Data File Destination Path is a required field.");
-  pathChecks_.Add(
-      txtPath, [this] { return IsOnHardDiskOrNetwork(Path()); },
-      "Only hard disks and network drives are valid data file destination.");
-  pathChecks_.Add(
-      txtPath, [this] { return IsExistingFolder(Trimmed(Path())); },
-      "Data File Destination Path does not exist.");
-  filenameChecks_ =
-      FileNameChecks(txtFilename, [this] { return maxLength_; },
-                     {.required = "Data File Destination Filename is a required field.",
-                      .noBlanks = "Data File Destination Filename cannot contain spaces.",
-                      .firstCharacter = "The first character of the filename must be AlphaNumeric. ",
-                      .lengthStart = "A filename must have at least 1 but no more than "});
+  pathChecks_ = FolderChecks(txtPath);
+  filenameChecks_ = FileNameChecks(
+      txtFilename, [this] { return maxLength_; }, DataFileNameTexts());
+  OfferFolders(cmdBrowse, txtPath);
 
   txtPath.Changed.Connect([this] { Changed.Raise(); });
   txtFilename.Changed.Connect([this] {
     ShowPreview();
     Changed.Raise();
   });
-  cmdBrowse.Clicked.Connect([this] { Browse(); });
 }
 
 void XKivDataFileDestination::Init(std::int32_t maxLength, const std::string& extension,
@@ -109,14 +82,6 @@ bool XKivDataFileDestination::IsValidPath(const std::string&) const {
 
 bool XKivDataFileDestination::IsValidFilename(const std::string&) const {
   return filenameChecks_.Enforce();
-}
-
-void XKivDataFileDestination::Browse() {
-  try {
-    if (const auto folder = host::TheFolderChooser().ChooseFolder(Path())) SetPath(*folder);
-  } catch (const std::exception&) {
-    // A folder chooser that fails chooses nothing; the box stays as it is and can be typed into.
-  }
 }
 
 void XKivDataFileDestination::ShowPreview() {

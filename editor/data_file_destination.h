@@ -56,7 +56,6 @@ class XKivDataFileDestination : public ui::Container {
   Signal<> Changed;
 
  private:
-  void Browse();
   void ShowPreview();
 
   std::int32_t maxLength_ = 0;

@@ -11,7 +11,24 @@ namespace kiv {
 
 using namespace MKivStudyCtls;
 
-CheckList FileNameChecks(ui::TextBox& box, std::function<std::int32_t()> maxLength, FileNameTexts texts) {
+namespace {
+
+std::int32_t LengthOf(const std::string& name, NameKind kind) {
+  return kind == NameKind::Pattern ? PatternNameLength(name)
+                                   : static_cast<std::int32_t>(CharacterCount(name));
+}
+
+}  // namespace
+
+FileNameTexts DataFileNameTexts() {
+  return {.required = "Data File Destination Filename is a required field.",
+          .noBlanks = "Data File Destination Filename cannot contain spaces.",
+          .firstCharacter = "The first character of the filename must be AlphaNumeric. ",
+          .lengthStart = "A filename must have at least 1 but no more than "};
+}
+
+CheckList FileNameChecks(ui::TextBox& box, std::function<std::int32_t()> maxLength, FileNameTexts texts,
+                         NameKind kind) {
   CheckList checks;
   checks.Add(
       box, [&box] { return !Trimmed(box.Text()).empty(); }, std::move(texts.required));
@@ -22,8 +39,8 @@ CheckList FileNameChecks(ui::TextBox& box, std::function<std::int32_t()> maxLeng
       std::move(texts.firstCharacter));
   checks.Add(
       box,
-      [&box, maxLength] {
-        const std::int32_t length = PatternNameLength(box.Text());
+      [&box, maxLength, kind] {
+        const std::int32_t length = LengthOf(box.Text(), kind);
         return length >= 1 && length <= maxLength() &&
                host::TheFileNameRules().HasOnlyPermittedCharacters(box.Text());
       },

@@ -17,8 +17,18 @@ struct FileNameTexts {
   std::string lengthStart;  ///< goes on with the greatest length and the forbidden characters
 };
 
-/// The rules of a box for a data file name pattern: required, no blanks, a letter or digit first, from 1 to
-/// `maxLength` characters once expanded, and only characters that the host permits.
-CheckList FileNameChecks(ui::TextBox& box, std::function<std::int32_t()> maxLength, FileNameTexts texts);
+/// The usual wording.
+FileNameTexts DataFileNameTexts();
+
+/// How the characters of a name are counted.
+enum class NameKind {
+  Pattern,  ///< expanded: tokens count as what they stand for
+  Plain     ///< as they are
+};
+
+/// The rules of a box for a data file name: required, no blanks, a letter or digit first, from 1 to
+/// `maxLength` characters, and only characters that the host permits.
+CheckList FileNameChecks(ui::TextBox& box, std::function<std::int32_t()> maxLength, FileNameTexts texts,
+                         NameKind kind = NameKind::Pattern);
 
 }  // namespace kiv

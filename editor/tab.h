@@ -55,6 +55,8 @@ class Tab : public ui::Container, public IDynaTabControl {
   /// The user came to this tab; what another tab changed can be shown now.
   virtual void TabShown() {}
 
+  /// While it lives, nothing is reported as a change: the tab fills its controls.
+  FlagGuard HoldReports() { return FlagGuard(loading_); }
   /// The host shows a wait cursor while it lives.
   class Hourglass;
 

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <vector>
+
+#include "editor/dd_list_view.h"
+#include "editor/tab.h"
+#include "rfc/rfc_data.h"
+#include "ui/buttons.h"
+#include "ui/label.h"
+#include "ui/option_button.h"
+#include "ui/text_box.h"
+
+namespace kiv {
+
+/// First tab of an RF call trace study: the ECP or the cells that it traces, how long it runs and its tag. An
+/// ECP whose switch has not activated RF call trace is told to the user and does not get into the list.
+class XKivRfcGen : public TabOf<CKivRfcData> {
+ public:
+  static constexpr std::size_t kEntityTypes = 2;  ///< an ECP, or cells
+
+  XKivRfcGen();
+
+  void SaveData() override;
+  ui::LayoutItem Layout() override;
+
+  ui::Frame fraEntities;
+  ui::OptionGroup<kEntityTypes> optEntityType;
+  XDDListView dlvwEntity;
+  ui::TextBox txtDuration;  ///< minutes
+  ui::TextBox txtTag;
+  ui::CheckBox chkClearLog;
+
+ private:
+  void ShowNewStudy() override;
+  void ShowStoredStudy() override;
+  std::size_t ChosenType() const { return static_cast<std::size_t>(optEntityType.Index()); }
+  bool HasEntities() const { return Required(dlvwEntity.TheCollection()).Count() > 0; }
+  void ShowEntities(std::size_t type, std::shared_ptr<EntityCollection> entities);
+  void SetUpList();
+  void ChooseEntityType();
+  void FollowEntities();
+  std::shared_ptr<CEcp> ChosenEcp() const;
+  bool CheckFeature();
+  void TakeOut(const std::vector<std::shared_ptr<CEntity>>& added);
+
+  bool filling_ = false;  // set while the entity type is chosen by the tab itself
+  std::array<std::shared_ptr<EntityCollection>, kEntityTypes> entities_;  // of both types while one is chosen
+  std::vector<std::shared_ptr<CEntity>> added_;                           // by the drop in progress
+  std::shared_ptr<CEcp> ecp_;  // whose features were looked up last; null while nothing is chosen
+};
+
+}  // namespace kiv
