@@ -13,7 +13,11 @@
 #include "database/schema.h"
 #include "hom/hom_studies.h"
 #include "plm/plm_studies.h"
+<<<<<<< ours
 #include "vcsa/vcsa_studies.h"
+=======
+#include "rfc/rfc_studies.h"
+>>>>>>> theirs
 
 namespace kiv::client {
 
@@ -86,7 +90,11 @@ Program::~Program() {
 void Program::Start(UserInterface userInterface) {
   RegisterHomStudies();
   RegisterPlmStudies();
+<<<<<<< ours
   RegisterVcsaStudies();
+=======
+  RegisterRfcStudies();
+>>>>>>> theirs
   errors_->SetTeller(std::move(userInterface.tellFailure));
   host::InstallServices(
       {.openDatabase = [this] { return connection_; },

@@ -172,6 +172,8 @@ class ListViewView final : public QTreeView, public ControlView {
     for (std::size_t i = 0; i < columns.size(); ++i) {
       setColumnWidth(static_cast<int>(i), (columns[i].width + 3) * character);
     }
+    // A number at the far end of a wide list would not be read together with what stands before it.
+    header()->setStretchLastSection(!columns.empty() && columns.back().alignment != ui::Alignment::Right);
   }
 
   void ShowRows() {

@@ -209,9 +209,9 @@ std::int32_t XKivRfcDetail::LeastInterval() const {
 
 void XKivRfcDetail::ShowLeastInterval() {
   const std::size_t dns = TracedDns();
-  std::string text = "seconds, at least " + std::to_string(LeastInterval());
+  std::string text = "(at least " + std::to_string(LeastInterval());
   if (dns > 0) text += " for " + std::to_string(dns) + (dns == 1 ? " DN" : " DNs");
-  lblInterval.SetCaption(std::move(text));
+  lblInterval.SetCaption(text + ")");
 }
 
 void XKivRfcDetail::SaveData() {
@@ -237,15 +237,17 @@ ui::LayoutItem XKivRfcDetail::Layout() {
                                                 : "DN 1&0:";
     return Field(label, {Single(txtDirectoryNumber[row].edit), Text("file"), Single(txtFilename[row])});
   };
-  const auto fields = [&field](std::size_t first, std::size_t last) {
-    std::vector<LayoutItem> items;
+  const auto fields = [&field](std::vector<LayoutItem> items, std::size_t first, std::size_t last) {
     for (std::size_t row = first; row <= last; ++row) items.push_back(field(row));
     return Form(std::move(items));
   };
-  return Column({Group(fraDestination, {Form({Field("F&older:", {Single(txtPath), Single(cmdBrowse)})})}),
-                 Group(fraDns, {fields(0, 0), Row({fields(1, 5), fields(6, 10)})}),
-                 Form({Field("Pollin&g interval:", {Single(txtPollingInterval), Single(lblInterval)})}),
-                 Stretch()});
+  return Column(
+      {Group(fraDestination, {Form({Field("F&older:", {Single(txtPath), Single(cmdBrowse)})})}),
+       Group(fraDns, {Row({fields({}, 0, 5),
+                           fields({Text("DN 1 to 10: for an ECP that traces several DNs")}, 6, 10)})}),
+       Form(
+           {Field("Pollin&g interval:", {Single(txtPollingInterval), Text("seconds"), Single(lblInterval)})}),
+       Stretch()});
 }
 
 }  // namespace kiv

@@ -106,7 +106,7 @@ TEST_F(RfcDetail, ChecksRunInOrder) {
 TEST_F(RfcDetail, TheLeastIntervalDependsOnTheNumberOfDns) {
   LoadNew();
   EXPECT_EQ(tab_.txtPollingInterval.Text(), "2");
-  EXPECT_EQ(tab_.lblInterval.Caption(), "seconds, at least 2");
+  EXPECT_EQ(tab_.lblInterval.Caption(), "(at least 2)");
   Choose(Ecp::WithMultipleDns);
   tab_.txtPath.SetText(folder_.Path());
   const int least[] = {2, 2, 2, 2, 3, 3, 4, 4, 5, 5};
@@ -126,7 +126,7 @@ TEST_F(RfcDetail, TheLeastIntervalDependsOnTheNumberOfDns) {
     }
     EXPECT_EQ(tab_.txtPollingInterval.Text(), "-5");  // told, not changed
   }
-  EXPECT_EQ(tab_.lblInterval.Caption(), "seconds, at least 5 for 10 DNs");
+  EXPECT_EQ(tab_.lblInterval.Caption(), "(at least 5 for 10 DNs)");
 }
 
 TEST_F(RfcDetail, RowsFollowTheEcp) {
@@ -168,7 +168,7 @@ TEST_F(RfcDetail, AStoredStudyFillsTheRowsOfItsEcp) {
   Data().LookupFAF(5);
   LoadStored();
   EXPECT_EQ(Rows(), "1:5552/b 2:5551/a.txt ");
-  EXPECT_EQ(tab_.lblInterval.Caption(), "seconds, at least 2 for 2 DNs");
+  EXPECT_EQ(tab_.lblInterval.Caption(), "(at least 2 for 2 DNs)");
   EXPECT_TRUE(host_.editor->changes.empty());
   tab_.SaveData();
   EXPECT_EQ(study_->PollingInterval(), 7);
