@@ -75,12 +75,11 @@ class ScenariosDialog : public QDialog {
   template <class Change>
   void AskName(const QString& title, QString name, Change change) {
     for (;;) {
-      bool accepted = false;
-      name = QInputDialog::getText(this, title, QStringLiteral("&Name of the scenario:"), QLineEdit::Normal,
-                                   name, &accepted);
-      if (!accepted) return;
+      const auto chosen = AskForName(this, title, QStringLiteral("&Name of the scenario:"), name);
+      if (!chosen) return;
+      name = QString::fromStdString(*chosen);
       try {
-        Fill(change(name.toStdString()));
+        Fill(change(*chosen));
         program_.AnnounceScenarios();
         return;
       } catch (const std::exception& error) {
@@ -120,6 +119,18 @@ class ScenariosDialog : public QDialog {
 
 }  // namespace
 
+std::optional<std::string> AskForName(QWidget* parent, const QString& title, const QString& label,
+                                      const QString& proposal) {
+  constexpr int kCharacters = 60;
+  QInputDialog dialog(parent);
+  dialog.setWindowTitle(title);
+  dialog.setLabelText(label);
+  dialog.setTextValue(proposal);
+  dialog.resize(dialog.fontMetrics().averageCharWidth() * kCharacters, dialog.sizeHint().height());
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return dialog.textValue().toStdString();
+}
+
 void EditScenarios(Program& program, QWidget* parent) {
   ScenariosDialog(program, parent).exec();
 }
@@ -134,8 +145,7 @@ void EditSettings(Program& program, QWidget* parent) {
   mask->setObjectName(QStringLiteral("phoneNumberMask"));
   mask->setPlaceholderText(QStringLiteral("no mask"));
   auto* maskHelp = new QLabel(
-      QStringLiteral("# stands for a digit, every other character for itself, such as ###-####."), &dialog);
-  maskHelp->setWordWrap(true);
+      QStringLiteral("# stands for a digit, every other character for itself,\nsuch as ###-####."), &dialog);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
   auto* form = new QFormLayout(&dialog);
   form->addRow(QStringLiteral("Application &title:"), title);

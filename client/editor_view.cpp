@@ -2,10 +2,8 @@
 
 #include <QApplication>
 #include <QHBoxLayout>
-#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QStyle>
 #include <QTabWidget>
@@ -13,7 +11,9 @@
 #include <exception>
 #include <utility>
 
+#include "client/dialogs.h"
 #include "client/messages.h"
+#include "client/question.h"
 #include "editor/dd_list_view.h"
 #include "qt/page_view.h"
 
@@ -61,6 +61,13 @@ EditorView::EditorView(Program& program, std::unique_ptr<StudySession> session, 
   check->setObjectName(QStringLiteral("check"));
   copy->setObjectName(QStringLiteral("saveCopy"));
   save->setObjectName(QStringLiteral("save"));
+
+  if (program_.IsReadOnly()) {
+    for (QPushButton* button : {copy, save}) {
+      button->setEnabled(false);
+      button->setToolTip(QStringLiteral("The study database is read-only."));
+    }
+  }
 
   auto* top = new QHBoxLayout;
   top->addWidget(nameLabel);
@@ -118,10 +125,6 @@ void EditorView::AddPages() {
   });
 }
 
-QString EditorView::Title() const {
-  return QString::fromStdString(session_->Name()) + (session_->Modified() ? QStringLiteral(" *") : QString());
-}
-
 struct EditorView::DropTarget {
   Tab* tab = nullptr;
   XDDListView* list = nullptr;
@@ -155,10 +158,12 @@ void EditorView::ShowTab(const std::string& name) {
 void EditorView::ShowState() {
   const QString name = QString::fromStdString(session_->Name());
   if (name_->text() != name) name_->setText(name);
-  const QString which = session_->IsNew() ? QStringLiteral("New study, not saved yet")
-                                          : QStringLiteral("Study %1").arg(session_->ID());
-  state_->setText(session_->Modified() && !session_->IsNew() ? which + QStringLiteral(", unsaved changes")
-                                                             : which);
+  QString state = session_->IsNew() ? QStringLiteral("New study, not saved yet")
+                                    : QStringLiteral("Study %1").arg(session_->ID());
+  if (session_->Data() == KindData::Missing) state += QStringLiteral(", its stored data are missing");
+  if (session_->Modified() && !session_->IsNew()) state += QStringLiteral(", unsaved changes");
+  if (program_.IsReadOnly()) state += QStringLiteral(" (read-only)");
+  state_->setText(state);
   TitleChanged.Raise();
 }
 
@@ -186,10 +191,13 @@ bool EditorView::Attempt(Action action) {
   try {
     stored = action();
   } catch (const StudyConflict& conflict) {
-    ResolveConflict(conflict.what());
+    ResolveConflict(conflict);
+  } catch (const ScenarioDeleted& error) {
+    Tell(error.what());
+    program_.AnnounceScenarios();
   } catch (const std::exception& error) {
     Tell(std::string("The study was not saved: ") + FailureText(error) + "\r\n\r\nYour input is still here.");
-    if (session_->Name().empty()) name_->setFocus();
+    if (session_->NameProblem()) name_->setFocus();
   }
   ShowMarks();
   if (stored) Stored.Raise();
@@ -205,23 +213,24 @@ bool EditorView::SaveCopy() {
 }
 
 bool EditorView::StoreCopy() {
-  bool accepted = false;
   const QString proposal = QStringLiteral("Copy of ") + QString::fromStdString(session_->Name());
-  const QString name =
-      QInputDialog::getText(this, QStringLiteral("Save as Copy"), QStringLiteral("&Name of the copy:"),
-                            QLineEdit::Normal, proposal, &accepted);
-  return accepted && session_->SaveCopy(name.toStdString(), program_.UserName());
+  const auto name =
+      AskForName(this, QStringLiteral("Save as Copy"), QStringLiteral("&Name of the copy:"), proposal);
+  return name && session_->SaveCopy(*name, program_.UserName());
 }
 
-void EditorView::ResolveConflict(const std::string& text) {
-  QMessageBox question(QMessageBox::Warning, QString::fromStdString(program_.Settings().ApplicationTitle()),
-                       QString::fromStdString(text), QMessageBox::Cancel, this);
-  const QPushButton* reload = question.addButton(QStringLiteral("&Reload"), QMessageBox::DestructiveRole);
+void EditorView::ResolveConflict(const StudyConflict& conflict) {
+  Question question(program_, QMessageBox::Warning, QString::fromStdString(conflict.what()),
+                    QMessageBox::Cancel, this);
+  const QPushButton* reload = nullptr;
+  if (conflict.Why() == StudyConflict::Reason::Changed) {
+    reload = question.addButton(QStringLiteral("&Reload"), QMessageBox::DestructiveRole);
+  }
   const QPushButton* copy = question.addButton(QStringLiteral("Save as Co&py..."), QMessageBox::AcceptRole);
   question.setDefaultButton(QMessageBox::Cancel);
   question.exec();
   try {
-    if (question.clickedButton() == reload) session_->Reload();
+    if (reload && question.clickedButton() == reload) session_->Reload();
   } catch (const std::exception& error) {
     TellFailure(error);
   }
@@ -231,20 +240,31 @@ void EditorView::ResolveConflict(const std::string& text) {
 void EditorView::Check() {
   marking_ = true;
   ShowMarks();
+  if (const auto problem = session_->NameProblem()) {
+    Tell(*problem);
+    name_->setFocus();
+    return;
+  }
   if (session_->IsValid()) {
-    QMessageBox::information(this, QString::fromStdString(program_.Settings().ApplicationTitle()),
-                             QStringLiteral("Everything on the pages of this study is valid."));
+    Question(program_, QMessageBox::Information,
+             QStringLiteral("Everything on the pages of this study is valid."), QMessageBox::Ok, this)
+        .exec();
   }
 }
 
 bool EditorView::MayClose() {
   if (!session_->Modified()) return true;
-  QMessageBox question(
-      QMessageBox::Question, QString::fromStdString(program_.Settings().ApplicationTitle()),
-      QStringLiteral("Save the changes to \"%1\"?").arg(QString::fromStdString(session_->Name())),
-      QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+  const QString name = QString::fromStdString(session_->Name());
+  const bool canSave = !program_.IsReadOnly();
+  const auto ways = QMessageBox::Discard | QMessageBox::Cancel;
+  Question question(
+      program_, QMessageBox::Question,
+      (canSave ? QStringLiteral("Save the changes to \"%1\"?")
+               : QStringLiteral("Discard the changes to \"%1\"? The study database is read-only."))
+          .arg(name),
+      canSave ? ways | QMessageBox::Save : ways, this);
   question.setInformativeText(QStringLiteral("Changes that are not saved are lost."));
-  question.setDefaultButton(QMessageBox::Save);
+  question.setDefaultButton(canSave ? QMessageBox::Save : QMessageBox::Cancel);
   switch (question.exec()) {
     case QMessageBox::Save: return Save();
     case QMessageBox::Discard: return true;

@@ -27,8 +27,7 @@ class EditorView : public QWidget {
   ~EditorView() override;
 
   StudySession& Session() { return *session_; }
-  /// For the editor's tab: the study's name, with a star while there is unsaved input.
-  QString Title() const;
+  const StudySession& Session() const { return *session_; }
 
   /// Stores the study. A refusal or a failure is told to the user, whose input stays; false then.
   bool Save();
@@ -47,6 +46,7 @@ class EditorView : public QWidget {
   /// The pages in the order of the session's tabs.
   const std::vector<qt::PageView*>& Pages() const { return pages_; }
 
+  /// The study's name changed, or whether there is unsaved input.
   Signal<> TitleChanged;
   Signal<> Stored;
 
@@ -61,7 +61,7 @@ class EditorView : public QWidget {
   void ShowMarks();
   template <class Action>
   bool Attempt(Action action);
-  void ResolveConflict(const std::string& text);
+  void ResolveConflict(const StudyConflict& conflict);
   bool StoreCopy();
 
   Program& program_;

@@ -7,12 +7,12 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
+#include <QTextDocument>
 #include <exception>
 #include <utility>
 
@@ -22,6 +22,7 @@
 #include "client/kind_icon.h"
 #include "client/messages.h"
 #include "client/network_dialog.h"
+#include "client/question.h"
 #include "client/start_page.h"
 #include "client/study_list.h"
 #include "client/study_session.h"
@@ -36,6 +37,9 @@ namespace {
 constexpr const char* kGeometryKey = "Window/Geometry";
 constexpr const char* kStateKey = "Window/State";
 constexpr const char* kFileFilter = "Study databases (*.db);;All files (*)";
+
+constexpr const char* kReadOnlyHint = "The study database is read-only.";
+constexpr int kTabCharacters = 32;  // longer names are cut on the tab of their editor
 
 /// Each kind has its initial as the mnemonic.
 QString NewCaption(const std::string& kind) {
@@ -65,6 +69,7 @@ MainWindow::MainWindow(Program& program)
   setCentralWidget(tabs_);
   statusBar()->addWidget(databaseLabel_, 1);
   statusBar()->addPermanentWidget(userLabel_);
+  for (QLabel* label : {databaseLabel_, userLabel_}) label->setTextFormat(Qt::PlainText);
   userLabel_->setText(QStringLiteral("User: ") + QString::fromStdString(program_.UserName()));
   AddNetwork();
   AddMenus();
@@ -78,6 +83,7 @@ MainWindow::MainWindow(Program& program)
   resize(fontMetrics().averageCharWidth() * 195, fontMetrics().height() * 40);
   restoreGeometry(program_.Settings().File().value(QLatin1String(kGeometryKey)).toByteArray());
   restoreState(program_.Settings().File().value(QLatin1String(kStateKey)).toByteArray());
+  list_->RestoreColumns(program_.Settings().File());
   ShowNoDatabase({}, {}, false);
 }
 
@@ -99,6 +105,7 @@ void MainWindow::AddMenus() {
   AddAction(file, QStringLiteral("&Quit"), QKeySequence::Quit, [this] { close(); });
 
   QMenu& study = *menuBar()->addMenu(QStringLiteral("&Study"));
+  study.setToolTipsVisible(true);
   for (const StudyEditor& editor : StudyEditors()) {
     const std::string kind(editor.name);
     const bool first = databaseActions_.empty();
@@ -107,6 +114,7 @@ void MainWindow::AddMenus() {
                   [this, kind] { NewStudy(kind); });
     action->setIcon(KindIcon(kind));
     databaseActions_.push_back(action);
+    writingActions_.push_back(action);
   }
   AddEditorActions(study);
   AddToolsMenu();
@@ -114,10 +122,12 @@ void MainWindow::AddMenus() {
 
 void MainWindow::AddToolsMenu() {
   QMenu& tools = *menuBar()->addMenu(QStringLiteral("&Tools"));
+  tools.setToolTipsVisible(true);
   databaseActions_.push_back(AddAction(tools, QStringLiteral("&Scenarios..."), {}, [this] {
     EditScenarios(program_, this);
     RefreshStudies();
   }));
+  writingActions_.push_back(databaseActions_.back());
   databaseActions_.push_back(
       AddAction(tools, QStringLiteral("&Import Network..."), {}, [this] { ImportNetwork(); }));
   tools.addSeparator();
@@ -158,6 +168,9 @@ void MainWindow::AddEditorActions(QMenu& study) {
   listActions_.push_back(AddAction(study, QStringLiteral("&Delete..."),
                                    QKeySequence(QStringLiteral("Ctrl+Del")),
                                    [this] { DeleteSelectedStudy(); }));
+  writingActions_.push_back(listActions_.back());
+  // In a text box these keys delete a word.
+  listActions_.back()->setShortcutContext(Qt::WidgetWithChildrenShortcut);
   databaseActions_.push_back(AddAction(study, QStringLiteral("&Find"), QKeySequence::Find, [this] {
     tabs_->setCurrentIndex(0);
     list_->FocusFilter();
@@ -177,6 +190,7 @@ void MainWindow::AddEditorActions(QMenu& study) {
       AddAction(study, QStringLiteral("C&lose"), QKeySequence(QStringLiteral("Ctrl+W")),
                 [this] { CloseEditor(tabs_->currentIndex()); }),
   };
+  writingActions_.insert(writingActions_.end(), editorActions_.begin(), editorActions_.begin() + 2);
 }
 
 /// What a command raises is told to the user in one message.
@@ -190,13 +204,19 @@ void MainWindow::Guarded(Action action) {
 }
 
 void MainWindow::OpenDatabase(const std::string& path, Program::WhenMissing whenMissing) {
-  if (!CloseAllEditors()) return;
+  std::shared_ptr<database::SqlConnection> connection;
   try {
-    program_.OpenDatabase(path, whenMissing);
+    connection = Program::Connect(path, whenMissing);
   } catch (const database::OpenError& error) {
-    ShowNoDatabase(path, error.what(), error.Problem() == database::OpenProblem::Missing);
+    if (program_.HasDatabase()) {
+      TellFailure(error);  // and the one that is open stays so, with its editors
+    } else {
+      ShowNoDatabase(path, error.what(), error.CanBeCreated());
+    }
     return;
   }
+  if (!CloseAllEditors()) return;
+  program_.Use(std::move(connection));
   Guarded([this] {
     RefreshStudies();
     RefreshNetwork();
@@ -220,7 +240,7 @@ void MainWindow::ShowNoDatabase(const std::string& path, const std::string& prob
         {QStringLiteral("&Create It"), [this, path] { OpenDatabase(path, Program::WhenMissing::Create); }});
   } else if (!path.empty()) {
     choices.push_back(
-        {QStringLiteral("&Try Again"), [this, path] { OpenDatabase(path, Program::WhenMissing::Refuse); }});
+        {QStringLiteral("Try &Again"), [this, path] { OpenDatabase(path, Program::WhenMissing::Refuse); }});
   }
   choices.push_back({QStringLiteral("&Open Another Database..."), [this] { ChooseDatabase(false); }});
   startPage_->Show(QStringLiteral("No study database is open"), QString::fromStdString(problem), choices);
@@ -230,6 +250,16 @@ void MainWindow::ShowNoDatabase(const std::string& path, const std::string& prob
 }
 
 void MainWindow::ShowEmptyPage() {
+  home_->setCurrentWidget(startPage_);
+  if (program_.IsReadOnly()) {
+    startPage_->Show(
+        QStringLiteral("No studies"),
+        QStringLiteral("%1 has no studies, and none can be stored in it: it is read-only. Ask for "
+                       "permission to write it, or use another database.")
+            .arg(QString::fromStdString(program_.Store().Database().Name())),
+        {{QStringLiteral("&Open Another Database..."), [this] { ChooseDatabase(false); }}});
+    return;
+  }
   const QString text =
       QStringLiteral(
           "A KIV study tells the switch what to record, for how long, and into which data file.\n\n"
@@ -243,7 +273,6 @@ void MainWindow::ShowEmptyPage() {
     choices.push_back({NewCaption(kind), [this, kind] { Guarded([&] { NewStudy(kind); }); }});
   }
   startPage_->Show(QStringLiteral("No studies yet"), text, choices);
-  home_->setCurrentWidget(startPage_);
 }
 
 void MainWindow::RefreshStudies() {
@@ -261,17 +290,24 @@ EditorView* MainWindow::NewStudy(const std::string& kind) {
   return AddEditor(std::make_unique<StudySession>(store, store.New(kind)));
 }
 
-EditorView* MainWindow::OpenStudy(std::int32_t id) {
+EditorView* MainWindow::FindEditor(std::int32_t id) const {
   for (int i = 1; i < tabs_->count(); ++i) {
     auto* editor = static_cast<EditorView*>(tabs_->widget(i));
-    if (editor->Session().ID() != id) continue;
-    tabs_->setCurrentIndex(i);
+    if (editor->Session().ID() == id) return editor;
+  }
+  return nullptr;
+}
+
+EditorView* MainWindow::OpenStudy(std::int32_t id) {
+  EditorView* editor = FindEditor(id);
+  if (editor) {
+    tabs_->setCurrentWidget(editor);
     return editor;
   }
-  EditorView* editor = nullptr;
   Guarded([&] {
     StudyStore& store = program_.Store();
     editor = AddEditor(std::make_unique<StudySession>(store, store.Load(id)));
+    if (editor->Session().Data() == KindData::Missing) Tell(MissingDataText(id));
   });
   return editor;
 }
@@ -279,15 +315,26 @@ EditorView* MainWindow::OpenStudy(std::int32_t id) {
 EditorView* MainWindow::AddEditor(std::unique_ptr<StudySession> session) {
   const QIcon icon = KindIcon(session->Kind());
   auto* editor = new EditorView(program_, std::move(session), tabs_);
-  editor->TitleChanged.Connect([this, editor] {
-    if (const int index = tabs_->indexOf(editor); index > 0) tabs_->setTabText(index, editor->Title());
-  });
+  editor->TitleChanged.Connect([this, editor] { ShowTitle(*editor); });
   editor->Stored.Connect([this, editor] {
     RefreshStudies();
     list_->SelectStudy(editor->Session().ID());
   });
-  tabs_->setCurrentIndex(tabs_->addTab(editor, icon, editor->Title()));
+  const int index = tabs_->addTab(editor, icon, {});
+  ShowTitle(*editor);
+  tabs_->setCurrentIndex(index);
   return editor;
+}
+
+void MainWindow::ShowTitle(const EditorView& editor) {
+  const int index = tabs_->indexOf(const_cast<EditorView*>(&editor));
+  if (index < 0) return;
+  const QString name = QString::fromStdString(editor.Session().Name());
+  const QString cut = name.size() > kTabCharacters ? name.left(kTabCharacters) + QChar(0x2026) : name;
+  // On a tab an ampersand would name the next letter as the mnemonic.
+  tabs_->setTabText(index, QString(cut).replace(QLatin1Char('&'), QLatin1String("&&")) +
+                               (editor.Session().Modified() ? QStringLiteral(" *") : QString()));
+  tabs_->setTabToolTip(index, Qt::convertFromPlainText(name));
 }
 
 EditorView* MainWindow::CurrentEditor() const {
@@ -298,9 +345,13 @@ bool MainWindow::CloseEditor(int index) {
   auto* editor = static_cast<EditorView*>(tabs_->widget(index));
   tabs_->setCurrentIndex(index);
   if (!editor->MayClose()) return false;
-  tabs_->removeTab(index);
-  editor->deleteLater();
+  DropEditor(*editor);
   return true;
+}
+
+void MainWindow::DropEditor(EditorView& editor) {
+  tabs_->removeTab(tabs_->indexOf(&editor));
+  editor.deleteLater();
 }
 
 bool MainWindow::CloseAllEditors() {
@@ -313,14 +364,21 @@ bool MainWindow::CloseAllEditors() {
 void MainWindow::DeleteSelectedStudy() {
   const auto id = list_->SelectedStudy();
   if (!id) return;
-  QMessageBox question(QMessageBox::Warning, QString::fromStdString(program_.Settings().ApplicationTitle()),
-                       QStringLiteral("Delete study %1? This cannot be undone.").arg(*id),
-                       QMessageBox::Cancel, this);
+  EditorView* editor = FindEditor(*id);
+  QString text =
+      QStringLiteral("Delete study %1 \"%2\"? This cannot be undone.").arg(*id).arg(list_->SelectedName());
+  if (editor) {
+    text += editor->Session().Modified()
+                ? QStringLiteral("\n\nIt is open in an editor, whose unsaved changes are lost too.")
+                : QStringLiteral("\n\nIt is open in an editor, which is closed then.");
+  }
+  Question question(program_, QMessageBox::Warning, text, QMessageBox::Cancel, this);
   const QPushButton* remove = question.addButton(QStringLiteral("&Delete"), QMessageBox::DestructiveRole);
   question.setDefaultButton(QMessageBox::Cancel);
   question.exec();
   if (question.clickedButton() != reinterpret_cast<const QAbstractButton*>(remove)) return;
   program_.Store().Remove(*id);
+  if (editor) DropEditor(*editor);
   RefreshStudies();
 }
 
@@ -346,6 +404,11 @@ void MainWindow::ShowState() {
   } else {
     network_->SetAddToStudy(nullptr);
   }
+  const bool readOnly = program_.IsReadOnly();
+  for (QAction* action : writingActions_) {
+    if (readOnly) action->setEnabled(false);
+    action->setToolTip(readOnly ? QLatin1String(kReadOnlyHint) : QString());
+  }
   setWindowTitle(QString::fromStdString(program_.Settings().ApplicationTitle()));
 }
 
@@ -356,6 +419,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   }
   program_.Settings().File().setValue(QLatin1String(kGeometryKey), saveGeometry());
   program_.Settings().File().setValue(QLatin1String(kStateKey), saveState());
+  list_->SaveColumns(program_.Settings().File());
   event->accept();
 }
 

@@ -26,7 +26,8 @@ class MainWindow : public QMainWindow {
   explicit MainWindow(Program& program);
   ~MainWindow() override;
 
-  /// Opens a database; when that fails, the window says why and what to do.
+  /// Opens a database instead of the one that is open, whose editors are closed. When that fails or the user
+  /// stays with unsaved input, nothing changes; the window says why it failed and what to do.
   void OpenDatabase(const std::string& path, Program::WhenMissing whenMissing);
 
   EditorView* NewStudy(const std::string& kind);
@@ -51,7 +52,12 @@ class MainWindow : public QMainWindow {
                      std::function<void()> run);
   void ChooseDatabase(bool create);
   EditorView* AddEditor(std::unique_ptr<class StudySession> session);
+  EditorView* FindEditor(std::int32_t id) const;
+  /// Shows the name of the study on the tab of its editor.
+  void ShowTitle(const EditorView& editor);
   bool CloseEditor(int index);
+  /// Closes an editor without a question.
+  void DropEditor(EditorView& editor);
   bool CloseAllEditors();
   void DeleteSelectedStudy();
   void RefreshStudies();
@@ -74,6 +80,7 @@ class MainWindow : public QMainWindow {
   std::vector<QAction*> databaseActions_;  // need an open database
   std::vector<QAction*> editorActions_;    // need an open editor
   std::vector<QAction*> listActions_;      // need a selected study
+  std::vector<QAction*> writingActions_;   // of those above, what needs a database that can be written
 };
 
 }  // namespace kiv::client

@@ -13,11 +13,8 @@
 #include "database/schema.h"
 #include "hom/hom_studies.h"
 #include "plm/plm_studies.h"
-<<<<<<< ours
-#include "vcsa/vcsa_studies.h"
-=======
 #include "rfc/rfc_studies.h"
->>>>>>> theirs
+#include "vcsa/vcsa_studies.h"
 
 namespace kiv::client {
 
@@ -90,11 +87,8 @@ Program::~Program() {
 void Program::Start(UserInterface userInterface) {
   RegisterHomStudies();
   RegisterPlmStudies();
-<<<<<<< ours
-  RegisterVcsaStudies();
-=======
   RegisterRfcStudies();
->>>>>>> theirs
+  RegisterVcsaStudies();
   errors_->SetTeller(std::move(userInterface.tellFailure));
   host::InstallServices(
       {.openDatabase = [this] { return connection_; },
@@ -109,12 +103,20 @@ void Program::Start(UserInterface userInterface) {
        .dragSource = drag_});
 }
 
-void Program::OpenDatabase(const std::string& path, WhenMissing whenMissing) {
+std::shared_ptr<database::SqlConnection> Program::Connect(const std::string& path, WhenMissing whenMissing) {
   const auto mode = whenMissing == WhenMissing::Create ? database::OpenMode::CreateIfMissing
                                                        : database::OpenMode::MustExist;
-  connection_ = database::OpenStudyDatabase(path, mode);
+  return database::OpenStudyDatabase(path, mode);
+}
+
+void Program::Use(std::shared_ptr<database::SqlConnection> connection) {
+  connection_ = std::move(connection);
   MSQL::ReleaseDatabase();
   store_ = std::make_unique<StudyStore>(connection_, errors_);
+}
+
+void Program::OpenDatabase(const std::string& path, WhenMissing whenMissing) {
+  Use(Connect(path, whenMissing));
 }
 
 bool Program::HasOlderLayout() const {

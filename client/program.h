@@ -37,12 +37,17 @@ class Program {
   /// Gives the library its services and makes the study kinds known.
   void Start(UserInterface userInterface);
 
-  /// Opens a database and forgets the one before; without a successful opening the one before stays.
-  /// Raises database::OpenError.
+  /// Opens a database without going over to it. Raises database::OpenError.
   enum class WhenMissing { Refuse, Create };
+  static std::shared_ptr<database::SqlConnection> Connect(const std::string& path, WhenMissing whenMissing);
+  /// Goes over to a database and forgets the one before.
+  void Use(std::shared_ptr<database::SqlConnection> connection);
+  /// Both at once; without a successful opening the one before stays.
   void OpenDatabase(const std::string& path, WhenMissing whenMissing);
   /// Whether the open database lacks tables of this version, because it cannot be written.
   bool HasOlderLayout() const;
+  /// Whether there is an open database that cannot be written.
+  bool IsReadOnly() const { return connection_ && connection_->ReadOnly(); }
   bool HasDatabase() const { return store_ != nullptr; }
   /// Raises error 91 when no database is open.
   StudyStore& Store() const;

@@ -1,27 +1,24 @@
 #include "client/study_list.h"
 
-#include <QDateTime>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
+#include <QSettings>
 #include <QTableView>
 #include <algorithm>
 #include <array>
 #include <utility>
 
+#include "client/cut_text_tips.h"
 #include "client/kind_icon.h"
+#include "client/local_time.h"
 
 namespace kiv::client {
 
 namespace {
 
-QString LocalTimeText(const std::string& utc) {
-  const QDateTime time = QDateTime::fromString(QString::fromStdString(utc), Qt::ISODate);
-  return time.isValid() ? QLocale().toString(time.toLocalTime(), QLocale::ShortFormat)
-                        : QString::fromStdString(utc);
-}
+constexpr const char* kColumnsKey = "StudyList/Columns";
 
 QString CellText(const StudySummary& study, int column) {
   switch (column) {
@@ -32,7 +29,7 @@ QString CellText(const StudySummary& study, int column) {
     case StudyTable::kMinutes:
       return study.duration == CKivStudyData::kNotGiven ? QString() : QString::number(study.duration);
     case StudyTable::kChangedBy: return QString::fromStdString(study.modifiedBy);
-    default: return LocalTimeText(study.modifiedAt);
+    default: return QString::fromStdString(LocalTimeText(study.modifiedAt));
   }
 }
 
@@ -116,7 +113,7 @@ StudyListPage::StudyListPage(QWidget* parent)
       filterBox_(new QLineEdit(this)),
       view_(new QTableView(this)),
       count_(new QLabel(this)) {
-  auto* label = new QLabel(QStringLiteral("&Find:"), this);
+  auto* label = new QLabel(QStringLiteral("Fi&nd:"), this);
   label->setBuddy(filterBox_);
   filterBox_->setPlaceholderText(QStringLiteral("words of the name, kind, scenario or user"));
   filterBox_->setAccessibleName(QStringLiteral("Find studies"));
@@ -152,7 +149,10 @@ StudyListPage::StudyListPage(QWidget* parent)
     const int icon = column == StudyTable::kKind ? 24 : 0;
     view_->setColumnWidth(column, widthOf(typical[static_cast<std::size_t>(column)]) + icon);
   }
-  view_->horizontalHeader()->setSectionResizeMode(StudyTable::kName, QHeaderView::Stretch);
+  leastNameWidth_ = view_->columnWidth(StudyTable::kName);
+  view_->horizontalHeader()->setMinimumSectionSize(widthOf("Minutes"));
+  view_->setItemDelegate(new CutTextTips(view_));
+  view_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
 
   auto* top = new QHBoxLayout;
   top->addWidget(label);
@@ -174,6 +174,21 @@ StudyListPage::StudyListPage(QWidget* parent)
           [this] { SelectionChanged.Raise(); });
 }
 
+void StudyListPage::RestoreColumns(const QSettings& settings) {
+  view_->horizontalHeader()->restoreState(settings.value(QLatin1String(kColumnsKey)).toByteArray());
+}
+
+void StudyListPage::SaveColumns(QSettings& settings) const {
+  settings.setValue(QLatin1String(kColumnsKey), view_->horizontalHeader()->saveState());
+}
+
+void StudyListPage::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  layout()->activate();
+  const int others = view_->horizontalHeader()->length() - view_->columnWidth(StudyTable::kName);
+  view_->setColumnWidth(StudyTable::kName, std::max(leastNameWidth_, view_->viewport()->width() - others));
+}
+
 void StudyListPage::SetStudies(std::vector<StudySummary> studies) {
   const auto selected = SelectedStudy();
   table_.SetStudies(std::move(studies));
@@ -186,6 +201,11 @@ std::optional<std::int32_t> StudyListPage::SelectedStudy() const {
   const QModelIndexList rows = view_->selectionModel()->selectedRows();
   if (rows.isEmpty()) return std::nullopt;
   return table_.Studies()[static_cast<std::size_t>(filter_.mapToSource(rows.front()).row())].id;
+}
+
+QString StudyListPage::SelectedName() const {
+  const QModelIndexList rows = view_->selectionModel()->selectedRows(StudyTable::kName);
+  return rows.isEmpty() ? QString() : rows.front().data().toString();
 }
 
 void StudyListPage::SelectStudy(std::int32_t id) {

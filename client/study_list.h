@@ -12,6 +12,7 @@
 
 class QLabel;
 class QLineEdit;
+class QSettings;
 class QTableView;
 
 namespace kiv::client {
@@ -62,12 +63,21 @@ class StudyListPage : public QWidget {
   int StudyCount() const { return table_.rowCount(); }
   /// The study that the cursor is on.
   std::optional<std::int32_t> SelectedStudy() const;
+  QString SelectedName() const;
   void SelectStudy(std::int32_t id);
   void FocusFilter();
   QTableView& View() { return *view_; }
 
+  /// The widths and the sorting that the user chose.
+  void RestoreColumns(const QSettings& settings);
+  void SaveColumns(QSettings& settings) const;
+
   Signal<std::int32_t> StudyActivated;
   Signal<> SelectionChanged;
+
+ protected:
+  /// The names get what the other columns leave; on a narrow window the list scrolls.
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void ShowCount();
@@ -77,6 +87,7 @@ class StudyListPage : public QWidget {
   QLineEdit* filterBox_;
   QTableView* view_;
   QLabel* count_;
+  int leastNameWidth_ = 0;
 };
 
 }  // namespace kiv::client

@@ -121,6 +121,7 @@ void StudySession::SaveTabs() {
 
 void StudySession::TakeAsStored() {
   for (Tab* tab : HeaderAndTabs()) {
+    tab->ShowIdentifier();
     tab->RememberValues();
     tab->SaveState();
   }

@@ -1,8 +1,9 @@
 #include "client/window_program.h"
 
-#include <QInputDialog>
 #include <exception>
+#include <iostream>
 
+#include "client/dialogs.h"
 #include "client/main_window.h"
 #include "client/messages.h"
 #include "qt/beeper.h"
@@ -14,12 +15,18 @@ namespace kiv::client {
 namespace {
 
 std::optional<std::string> AskForScenarioName() {
-  bool accepted = false;
-  const QString name =
-      QInputDialog::getText(QApplication::activeWindow(), QStringLiteral("New Scenario"),
-                            QStringLiteral("&Name of the scenario:"), QLineEdit::Normal, {}, &accepted);
-  if (!accepted) return std::nullopt;
-  return name.toStdString();
+  return AskForName(QApplication::activeWindow(), QStringLiteral("New Scenario"),
+                    QStringLiteral("&Name of the scenario:"));
+}
+
+/// Without a display Qt would end the program with a message for programmers.
+bool HasDisplay() {
+#if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
+  const auto isSet = [](const char* name) { return !qEnvironmentVariableIsEmpty(name); };
+  return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("QT_QPA_PLATFORM");
+#else
+  return true;
+#endif
 }
 
 }  // namespace
@@ -43,6 +50,11 @@ void StartWithWindow(Program& program) {
 }
 
 int RunWindow(int argc, char** argv, const WindowRequest& request) {
+  if (!HasDisplay()) {
+    std::cerr << "The window needs a display, and there is none. Start it on a desktop, or use the commands: "
+                 "kivstudy --help\n";
+    return kRefused;
+  }
   const Application application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("kivstudy"));
   Program program;

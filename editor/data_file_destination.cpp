@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/utf16.h"
 #include "core/kiv_study_ctls.h"
 #include "editor/file_name_checks.h"
 #include "editor/folder_box.h"
@@ -92,9 +93,11 @@ void XKivDataFileDestination::ShowPreview() {
   const host::Session& session = host::TheSession();
   const std::string name =
       ExpandNamePattern(txtFilename.Text(), {session.LocalTime(), session.UserName(), studyId_});
-  lblPreview.SetCaption("Now: " + name + lblExtension.Caption() + "  (" +
-                        std::to_string(PatternNameLength(txtFilename.Text())) + " of " +
-                        std::to_string(maxLength_) + " characters)");
+  // What counts for the limit may differ from what the pattern gives now, as with $HH12.
+  const auto counted = static_cast<std::size_t>(PatternNameLength(txtFilename.Text()));
+  lblPreview.SetCaption("Now: " + name + lblExtension.Caption() +
+                        (counted == CharacterCount(name) ? "  (" : "  (counts as ") +
+                        std::to_string(counted) + " of " + std::to_string(maxLength_) + " characters)");
 }
 
 ui::LayoutItem XKivDataFileDestination::Layout() {

@@ -34,6 +34,9 @@ class Tab : public ui::Container, public IDynaTabControl {
   /// Writes the tab's values to the user's remembered ones; the host calls it after a study was stored.
   void RememberValues() const;
 
+  /// Shows the identifier that a new study got; the host calls it after a study was stored.
+  virtual void ShowIdentifier() {}
+
   bool HandleTabProcess(const std::string& processName) override;
   bool IsTabValid(const std::string& hostText) override;
   void LoadData(const Variant& study, const std::string& hostText,

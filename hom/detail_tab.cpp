@@ -141,6 +141,7 @@ void XKivHomDetail::ShowStoredStudy() {
   const FlagGuard busy(busy_);
   cboModeSelection.SetListIndex(
       MKivStudyCtls::FindItemDataIndex(cboModeSelection.Items(), SubRecord()->HomMode()));
+  cboModeSelection.SetHint("stored mode " + std::to_string(SubRecord()->HomMode()) + " is unknown");
   for (const BoxField& field : BoxField::All()) {
     Box(field).SetChecked(MKivStudyCtls::YNToCheckValue(((*SubRecord()).*field.get)()) != 0);
   }

@@ -16,6 +16,7 @@ class XKivHomGen : public TabOf<CKivHomData> {
 
   void LoadState() override;
   void SaveData() override;
+  void ShowIdentifier() override { XDest.SetStudyID(Study()->ID()); }
   ui::LayoutItem Layout() override;
 
   DocumentChooser fdocCBScenario;

@@ -18,6 +18,7 @@ class XKivPlmGen : public TabOf<CKivPlmData> {
   bool IsTabValid(const std::string& hostText) override;
   void LoadState() override;
   void SaveData() override;
+  void ShowIdentifier() override { XDest.SetStudyID(Study()->ID()); }
   ui::LayoutItem Layout() override;
 
   DocumentChooser fdocCBScenario;

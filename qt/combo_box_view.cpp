@@ -28,6 +28,10 @@ class ComboBoxView final : public QComboBox, public ControlView {
             [this](int index) { Act([this, index] { list_.Select(index); }); });
   }
 
+  void ShowAppearance() override {
+    ControlView::ShowAppearance();
+    setPlaceholderText(ToQt(list_.Hint()));
+  }
   bool HoldsValue() const override { return true; }
 
  protected:

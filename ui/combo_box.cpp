@@ -24,6 +24,12 @@ void ComboBox::SetListIndex(int index) {
   Changed.Raise();
 }
 
+void ComboBox::SetHint(std::string hint) {
+  if (hint_ == hint) return;
+  hint_ = std::move(hint);
+  RaiseAppearanceChanged();
+}
+
 std::optional<std::int32_t> ComboBox::SelectedData() const {
   if (index_ == kNoSelection) return std::nullopt;
   return items_[static_cast<std::size_t>(index_)].data;

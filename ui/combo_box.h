@@ -33,6 +33,10 @@ class ComboBox : public Control {
   /// Raises error 5 for an index that is neither an entry's nor kNoSelection.
   void SetListIndex(int index);
 
+  /// What a view shows while nothing is selected.
+  const std::string& Hint() const { return hint_; }
+  void SetHint(std::string hint);
+
   /// The user picks an entry; ignored while the list is not usable.
   void Select(int index);
 
@@ -49,6 +53,7 @@ class ComboBox : public Control {
 
   ItemList items_;
   int index_ = kNoSelection;
+  std::string hint_;
 };
 
 }  // namespace kiv::ui

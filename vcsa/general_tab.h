@@ -16,6 +16,7 @@ class XKivVcsGen : public TabOf<CKivVcsData> {
   bool IsTabValid(const std::string& hostText) override;
   void LoadState() override;
   void SaveData() override;
+  void ShowIdentifier() override { XDest.SetStudyID(Study()->ID()); }
   ui::LayoutItem Layout() override;
 
   ui::Frame fraCells;

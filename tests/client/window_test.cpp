@@ -17,6 +17,7 @@
 #include <QRegularExpression>
 #include <QTabWidget>
 #include <QTableView>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -63,6 +64,7 @@ class Window : public ::testing::Test {
     const QWidget* focused = window_->focusWidget();
     return focused ? focused->objectName().toStdString() : "";
   }
+  QString Preview() const { return qobject_cast<QLabel*>(user_.Find("lblPreview"))->text(); }
   QString StartText() const { return window_->findChild<QLabel*>("startText")->text(); }
   /// Presses the button of a question that an action asks.
   void Answer(const std::function<void()>& action, const QString& button) {
@@ -173,8 +175,84 @@ TEST_F(Window, AMissingOrForeignDatabaseIsExplainedOnThePage) {
 
   const std::string foreign = folder_.File("letter.txt");
   std::ofstream(foreign) << "Dear Sir";
-  window_->OpenDatabase(foreign, Program::WhenMissing::Refuse);
-  EXPECT_TRUE(StartText().contains("not a study database")) << StartText().toStdString();
+  const QString message =
+      user_.MessageDuring([&] { window_->OpenDatabase(foreign, Program::WhenMissing::Refuse); });
+  EXPECT_TRUE(message.contains("not a study database")) << message.toStdString();
+}
+
+TEST_F(Window, ADatabaseThatCannotBeOpenedLeavesTheOpenOne) {
+  Open();
+  StartStudy();
+  const std::string message =
+      user_
+          .MessageDuring(
+              [this] { window_->OpenDatabase(folder_.File("none.db"), Program::WhenMissing::Refuse); })
+          .toStdString();
+  EXPECT_NE(message.find("does not exist"), std::string::npos) << message;
+  EXPECT_EQ(message.find("kivstudy init"), std::string::npos) << message;
+  ASSERT_NE(window_->CurrentEditor(), nullptr);
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(program_->Store().List().size(), 1U);
+  EXPECT_EQ(program_->Store().Database().Name(), database_);
+}
+
+TEST_F(Window, WithoutADisplayTheCommandsAreNamed) {
+  const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+  const std::array names = {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"};
+  for (const char* name : names) qunsetenv(name);
+  testing::internal::CaptureStderr();
+  const int exitCode = RunWindow(0, nullptr, {});
+  const std::string message = testing::internal::GetCapturedStderr();
+  qputenv("QT_QPA_PLATFORM", platform);
+  EXPECT_EQ(exitCode, kRefused);
+  EXPECT_NE(message.find("kivstudy --help"), std::string::npos) << message;
+}
+
+TEST_F(Window, NamesAreShownAsTheyAre) {
+  Open();
+  StartStudy();
+  const QString name = "R&D <b>downtown</b> in the early hours of the day";
+  user_.Fill("studyName", name);
+  QTabWidget& editors = *qobject_cast<QTabWidget*>(window_->centralWidget());
+  EXPECT_TRUE(editors.tabText(1).startsWith("R&&D <b>")) << editors.tabText(1).toStdString();
+  EXPECT_TRUE(editors.tabText(1).endsWith(" *"));
+  EXPECT_LT(editors.tabText(1).size(), name.size());
+  user_.During([this] { user_.Press(Qt::Key_W, Qt::ControlModifier); },
+               [&](QWidget& question) {
+                 EXPECT_EQ(qobject_cast<QMessageBox*>(&question)->textFormat(), Qt::PlainText);
+                 PressButton(question, "Cancel");
+               });
+}
+
+TEST_F(Window, AStudyWithoutDataIsToldAndStoredAgain) {
+  Open();
+  StartStudy();
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  user_.Press(Qt::Key_W, Qt::ControlModifier);
+  program_->Store().Database().ExecuteSql("DELETE FROM KIV_HomStudy");
+  const std::string message = user_.MessageDuring([this] { window_->OpenStudy(1); }).toStdString();
+  EXPECT_NE(message.find("are missing"), std::string::npos) << message;
+  user_.Fill("txtPath", QString::fromStdString(folder_.Path()));
+  user_.Fill("txtFilename", "night$ID");
+  user_.ClickTab("tabs", 1);
+  user_.Click("chkAMPS");
+  user_.ClickTab("tabs", 0);
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(program_->Store().Load(1).kindData, KindData::Complete);
+}
+
+TEST_F(Window, ADeletedScenarioLeavesTheChooser) {
+  Open();
+  StartStudy();
+  program_->Store().AddScenario("Harbour");
+  program_->Store().RemoveScenario(program_->Store().Scenarios()[0].id);
+  EXPECT_NE(RefusalOfSave().find("Choose another one"), std::string::npos);
+  user_.Choose("fdocCBScenario", "Harbour");
+  user_.Fill("txtFilename", "a$ID");
+  EXPECT_TRUE(Preview().contains("a0000000.hom")) << Preview().toStdString();
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(program_->Store().List().size(), 1U);
+  EXPECT_TRUE(Preview().contains("a0000001.hom")) << Preview().toStdString();
 }
 
 TEST_F(Window, ALockedDatabaseCostsNoInput) {
@@ -197,17 +275,22 @@ TEST_F(Window, AReadOnlyDatabaseCanBeReadAndSaysWhyNotWritten) {
   user_.Press(Qt::Key_W, Qt::ControlModifier);
   // Permissions do not bind the superuser, so for this test it is nobody.
   constexpr uid_t kNobody = 65534;
-  std::filesystem::permissions(database_,
-                               std::filesystem::perms::owner_read | std::filesystem::perms::others_read);
+  using std::filesystem::perms;
+  std::filesystem::permissions(database_, perms::owner_read | perms::group_read | perms::others_read);
   const uid_t before = geteuid();
   ASSERT_EQ(before == 0 ? seteuid(kNobody) : 0, 0);
   Open();
   EXPECT_NE(window_->OpenStudy(1), nullptr);
   user_.Fill("txtDuration", "77");
-  const std::string message = RefusalOfSave();
+  for (const char* button : {"save", "saveCopy"}) {
+    EXPECT_FALSE(user_.Find(button)->isEnabled());
+    EXPECT_TRUE(user_.Find(button)->toolTip().contains("read-only"));
+  }
+  Answer([this] { user_.Press(Qt::Key_W, Qt::ControlModifier); }, "Discard");
+  for (const auto* action : window_->findChildren<QAction*>()) {
+    EXPECT_FALSE(action->text().startsWith("New &") && action->isEnabled()) << action->text().toStdString();
+  }
   ASSERT_EQ(before == 0 ? seteuid(before) : 0, 0);
-  EXPECT_NE(message.find("read-only"), std::string::npos) << message;
-  EXPECT_EQ(qobject_cast<QLineEdit*>(user_.Find("txtDuration"))->text(), "77");
 }
 
 TEST_F(Window, TheLaterOfTwoEditorsMaySaveACopy) {
@@ -244,8 +327,19 @@ TEST_F(Window, StudiesAreFoundSortedAndDeleted) {
   ASSERT_EQ(shown.rowCount(), 1);
   EXPECT_EQ(name(0), "Charlie");
   window_->List().SelectStudy(3);
-  Answer([this] { user_.Press(Qt::Key_Delete, Qt::ControlModifier); }, "Delete");
+  user_.Press(Qt::Key_Delete, Qt::ControlModifier);  // in the box it deletes words
+  EXPECT_EQ(program_->Store().List().size(), 3U);
+  window_->OpenStudy(3);
+  qobject_cast<QTabWidget*>(window_->centralWidget())->setCurrentIndex(0);
+  window_->List().View().setFocus();
+  user_.During([this] { user_.Press(Qt::Key_Delete, Qt::ControlModifier); },
+               [](QWidget& question) {
+                 const QString text = qobject_cast<QMessageBox*>(&question)->text();
+                 EXPECT_TRUE(text.contains("\"Charlie\"") && text.contains("open in an editor"));
+                 PressButton(question, "Delete");
+               });
   EXPECT_EQ(program_->Store().List().size(), 2U);
+  EXPECT_EQ(qobject_cast<QTabWidget*>(window_->centralWidget())->count(), 1);
 }
 
 TEST_F(Window, SettingsAndScenariosAreChangedInTheirDialogs) {
@@ -337,50 +431,71 @@ TEST_F(Window, ModesAreChosenWithTheKeyboard) {
   EXPECT_EQ(FocusName(), "cboMethod");
 }
 
-TEST_F(Window, EveryMnemonicOfAPageIsUnique) {
-  Open();
-  std::map<QChar, QString> taken;
-  const auto take = [&](const QString& text) {
+/// The mnemonic letters that answer at the same time.
+class Mnemonics {
+ public:
+  void Take(const QString& text) {
     static const QRegularExpression mnemonic("&([^&])");
     const auto match = mnemonic.match(text);
     if (!match.hasMatch()) return;
     const QChar letter = match.captured(1).at(0).toUpper();
-    EXPECT_FALSE(taken.contains(letter)) << text.toStdString() << " and " << taken[letter].toStdString();
-    taken[letter] = text;
-  };
-  const auto takePage = [&] {
-    taken.clear();
-    for (const auto* action : window_->menuBar()->actions()) take(action->text());
-    for (const auto* label : window_->findChildren<QLabel*>()) {
-      if (label->isVisible() && label->buddy()) take(label->text());
+    EXPECT_FALSE(taken_.contains(letter)) << text.toStdString() << " and " << taken_[letter].toStdString();
+    taken_[letter] = text;
+  }
+  /// Takes what is visible of a window.
+  void TakeAll(const MainWindow& window) {
+    for (const auto* action : window.menuBar()->actions()) Take(action->text());
+    for (const auto* label : window.findChildren<QLabel*>()) {
+      if (label->isVisible() && label->buddy()) Take(label->text());
     }
-    for (const auto* group : window_->findChildren<QGroupBox*>()) {
-      if (group->isVisible()) take(group->title());
+    for (const auto* group : window.findChildren<QGroupBox*>()) {
+      if (group->isVisible()) Take(group->title());
     }
-    const auto buttons = window_->findChildren<QAbstractButton*>();
+    const auto buttons = window.findChildren<QAbstractButton*>();
     for (const auto* button : buttons) {
-      if (button->isVisible()) take(button->text());
+      if (button->isVisible()) Take(button->text());
     }
-    EXPECT_GT(taken.size(), 8U);
-  };
+  }
+  std::size_t Count() const { return taken_.size(); }
+
+ private:
+  std::map<QChar, QString> taken_;
+};
+
+TEST_F(Window, EveryMnemonicOfAPageIsUnique) {
+  window_->OpenDatabase(folder_.File("none.db"), Program::WhenMissing::Refuse);
+  Mnemonics().TakeAll(*window_);
+  window_->OpenDatabase(folder_.Path(), Program::WhenMissing::Refuse);
+  Mnemonics().TakeAll(*window_);
+  Open();
+  Mnemonics().TakeAll(*window_);
+  for (const auto* menu : window_->menuBar()->actions()) {
+    Mnemonics letters;
+    for (const auto* action : menu->menu()->actions()) letters.Take(action->text());
+  }
   for (const StudyEditor& kind : StudyEditors()) {
     const EditorView* editor = window_->NewStudy(std::string(kind.name));
     auto& tabs = *editor->findChild<QTabWidget*>("tabs");
     for (int page = 0; page < tabs.count(); ++page) {
       tabs.setCurrentIndex(page);
-      takePage();
+      SCOPED_TRACE(tabs.tabText(page).toStdString());
+      Mnemonics letters;
+      letters.TakeAll(*window_);
+      EXPECT_GT(letters.Count(), 8U);
       for (QAbstractButton* mode : editor->Pages()[std::size_t(page)]->findChildren<QRadioButton*>(
                QRegularExpression("^obModeSelector"))) {
-        SCOPED_TRACE(mode->objectName().toStdString());
         mode->click();
-        takePage();
+        Mnemonics().TakeAll(*window_);
       }
     }
   }
-  for (const auto* menu : window_->menuBar()->findChildren<QMenu*>()) {
-    taken.clear();
-    for (const auto* action : menu->actions()) take(action->text());
-  }
+  StartStudy();
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  user_.Press(Qt::Key_W, Qt::ControlModifier);
+  window_->findChild<QTabWidget*>()->setCurrentIndex(0);
+  Mnemonics list;
+  list.TakeAll(*window_);
+  EXPECT_GT(list.Count(), 3U);
 }
 
 }  // namespace

@@ -95,6 +95,8 @@ TEST_F(Destination, BrowsingFillsTheFolder) {
 TEST_F(Destination, PreviewShowsTheNameOfNow) {
   dest_.Init(11, ".hom", "", "h$YY$MM$DD$HH$MI");
   EXPECT_EQ(dest_.lblPreview.Caption(), "Now: h2603091305.hom  (11 of 11 characters)");
+  dest_.SetFilename("h$HH12");
+  EXPECT_EQ(dest_.lblPreview.Caption(), "Now: h01.hom  (counts as 5 of 11 characters)");
   dest_.SetFilename("");
   EXPECT_EQ(dest_.lblPreview.Caption(), "");
   const NameTokens tokens{host_.session->now, "ops", 42};
