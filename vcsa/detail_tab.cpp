@@ -182,7 +182,7 @@ ui::LayoutItem XKivVcsDetail::Layout() {
   return Column({Group(fraEvents, {Form({Field("Se&lect:", {Single(cboEvent), Stretch()})}), boxes(0, kUpToF),
                                    boxes(kUpToF, kUpToM)}),
                  Row({Group(fraAntennas, {Single(dlvwAntenna)}), Group(fraCarriers, {Single(dlvwCarrier)})}),
-                 Form({Field("Single D&N:", {Single(txtSingleDn.edit), Stretch()}),
+                 Form({Field("S&ingle DN:", {Single(txtSingleDn.edit), Stretch()}),
                        Field("P&olling interval:", {Single(txtPollingInterval), Text("seconds")})}),
                  Row({Single(chkDirectionalSetup), Single(chkCarrierData), Stretch()})});
 }

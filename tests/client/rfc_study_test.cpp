@@ -103,7 +103,8 @@ class RfcStudies : public ::testing::TestWithParam<test::Engine> {
   }
   std::string Study() { return Rows("dBm, MultipleDns, UseEcp, F, R", "KIV_RfcStudy"); }
   std::string Entities() {
-    return Rows("EcpId, InstanceId", "KIV_Ecp_List") + "/" + Rows("CellId, InstanceId", "KIV_Cell_List");
+    return Rows("EcpId, InstanceId", "KIV_Ecp_List ORDER BY EcpId") + "/" +
+           Rows("CellId, InstanceId", "KIV_Cell_List ORDER BY CellId");
   }
   std::string Dns() { return Rows("Dn, DataFile", "KIV_RfcDnList"); }
 

@@ -233,7 +233,7 @@ TEST_F(Window, AStudyWithoutDataIsToldAndStoredAgain) {
   const std::string message = user_.MessageDuring([this] { window_->OpenStudy(1); }).toStdString();
   EXPECT_NE(message.find("are missing"), std::string::npos) << message;
   user_.Fill("txtPath", QString::fromStdString(folder_.Path()));
-  user_.Fill("txtFilename", "night$ID");
+  user_.Fill("txtFilename", "n$ID");
   user_.ClickTab("tabs", 1);
   user_.Click("chkAMPS");
   user_.ClickTab("tabs", 0);
