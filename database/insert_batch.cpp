@@ -7,8 +7,9 @@ namespace kiv::database {
 
 namespace {
 
-/// Larger statements save nothing more, and the time of one grows with its size.
-constexpr std::size_t kMostRows = 500;
+/// Larger statements save nothing more, and their failure would come late.
+constexpr std::size_t kMostRowsInStatement = 500;
+constexpr std::size_t kMostStatements = 100;
 constexpr std::size_t kMostBytes = 128 * 1024;
 
 bool IsDigit(char character) {
@@ -124,31 +125,25 @@ std::size_t RowStart(std::string_view sql) {
 
 bool InsertBatch::Take(std::string_view sql) {
   const std::size_t rowStart = RowStart(sql);
-  if (rowStart == std::string_view::npos) return false;
-  if (Empty()) {
-    sql_ = sql;
-    headLength_ = rowStart;
-    rows_ = 1;
+  if (rowStart == std::string_view::npos || (!Empty() && bytes_ + sql.size() > kMostBytes)) return false;
+  const bool joins = !Empty() && rows_ < kMostRowsInStatement &&
+                     sql.substr(0, rowStart) == std::string_view(statements_.back()).substr(0, headLength_);
+  if (!joins && statements_.size() == kMostStatements) return false;
+  bytes_ += sql.size();
+  if (joins) {
+    statements_.back().append(", ").append(sql.substr(rowStart));
+    ++rows_;
     return true;
   }
-  const std::string_view row = sql.substr(rowStart);
-  constexpr std::string_view kSeparator = ", ";
-  if (rows_ == kMostRows || sql_.size() + kSeparator.size() + row.size() > kMostBytes ||
-      sql.substr(0, rowStart) != std::string_view(sql_).substr(0, headLength_)) {
-    return false;
-  }
-  sql_.append(kSeparator).append(row);
-  ++rows_;
+  statements_.emplace_back(sql);
+  headLength_ = rowStart;
+  rows_ = 1;
   return true;
 }
 
-std::string InsertBatch::Release() {
-  rows_ = 0;
-  return std::exchange(sql_, {});
-}
-
-void InsertBatch::Discard() {
-  Release();
+std::vector<std::string> InsertBatch::Release() {
+  bytes_ = 0;
+  return std::exchange(statements_, {});
 }
 
 }  // namespace kiv::database

@@ -209,43 +209,56 @@ std::shared_ptr<host::Recordset> PostgresDatabase::Run(const std::string& sql, i
   throw PostgresError(connection_.get(), result.get(), sql);
 }
 
-PostgresDatabase::ResultHandle PostgresDatabase::Ask(const std::string& sql, int timeoutSeconds,
-                                                     Arguments arguments) {
-  std::vector<std::string> texts(arguments.begin(), arguments.end());
-  std::vector<const char*> values;
-  for (const std::string& text : texts) values.push_back(text.c_str());
-  const int count = static_cast<int>(values.size());
-  if (timeoutSeconds != timeoutSeconds_) {
-    timeoutSeconds_ = timeoutSeconds;
-    return AskWithSetting(
-        "SET statement_timeout = " +
-            (timeoutSeconds == kNoTimeout ? "DEFAULT" : "'" + std::to_string(timeoutSeconds) + "s'"),
-        sql, count, values.data());
-  }
-  // With parameters, or none, the server refuses a second statement in the text.
-  return ResultHandle(
-      PQexecParams(connection_.get(), sql.c_str(), count, nullptr, values.data(), nullptr, nullptr, 0));
+void PostgresDatabase::RunAll(std::span<const std::string> statements) {
+  std::vector<std::string> all(statements.begin(), statements.end());
+  if (timeoutSeconds_ != kNoTimeout) all.insert(all.begin(), TimeoutSetting(kNoTimeout));
+  const Answer answer = AskTogether(all, {});
+  if (PQresultStatus(answer.result.get()) == PGRES_COMMAND_OK) return;
+  timeoutSeconds_ = kTimeoutUnknown;
+  throw PostgresError(connection_.get(), answer.result.get(), all[answer.statement]);
 }
 
-PostgresDatabase::ResultHandle PostgresDatabase::AskWithSetting(const std::string& setting,
-                                                                const std::string& sql, int count,
-                                                                const char* const* values) {
+std::string PostgresDatabase::TimeoutSetting(int timeoutSeconds) {
+  timeoutSeconds_ = timeoutSeconds;
+  return "SET statement_timeout = " +
+         (timeoutSeconds == kNoTimeout ? "DEFAULT" : "'" + std::to_string(timeoutSeconds) + "s'");
+}
+
+PostgresDatabase::ResultHandle PostgresDatabase::Ask(const std::string& sql, int timeoutSeconds,
+                                                     Arguments arguments) {
+  const std::vector<std::string> texts(arguments.begin(), arguments.end());
+  std::vector<const char*> values;
+  for (const std::string& text : texts) values.push_back(text.c_str());
+  if (timeoutSeconds != timeoutSeconds_) {
+    return AskTogether(std::array{TimeoutSetting(timeoutSeconds), sql}, values).result;
+  }
+  // Unlike PQexec, this has the server refuse a second statement in the text.
+  return ResultHandle(PQexecParams(connection_.get(), sql.c_str(), static_cast<int>(values.size()), nullptr,
+                                   values.data(), nullptr, nullptr, 0));
+}
+
+PostgresDatabase::Answer PostgresDatabase::AskTogether(std::span<const std::string> statements,
+                                                       std::span<const char* const> lastValues) {
   PGconn* const connection = connection_.get();
-  const bool sent =
-      PQenterPipelineMode(connection) == 1 &&
-      PQsendQueryParams(connection, setting.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0) == 1 &&
-      PQsendQueryParams(connection, sql.c_str(), count, nullptr, values, nullptr, nullptr, 0) == 1 &&
-      PQpipelineSync(connection) == 1;
-  // Of the answers the first failure counts, else the last one. A null ends the answers to each statement.
-  ResultHandle answer;
-  ExecStatusType status = PGRES_COMMAND_OK;
-  while (sent && status != PGRES_PIPELINE_SYNC) {
+  bool sent = PQenterPipelineMode(connection) == 1;
+  for (const std::string& sql : statements) {
+    const bool last = &sql == &statements.back();
+    const int count = last ? static_cast<int>(lastValues.size()) : 0;
+    sent = sent && PQsendQueryParams(connection, sql.c_str(), count, nullptr, lastValues.data(), nullptr,
+                                     nullptr, 0) == 1;
+  }
+  sent = sent && PQpipelineSync(connection) == 1;
+  // A null ends the answers to each statement; a failure has all that follow it answered with "aborted".
+  Answer answer;
+  std::size_t answered = 0;
+  while (sent) {
     ResultHandle next(PQgetResult(connection));
     if (!next && PQstatus(connection) != CONNECTION_OK) break;
     if (!next) continue;
-    status = PQresultStatus(next.get());
-    const bool failed = answer && PQresultStatus(answer.get()) == PGRES_FATAL_ERROR;
-    if (status != PGRES_PIPELINE_SYNC && !failed) answer = std::move(next);
+    const ExecStatusType status = PQresultStatus(next.get());
+    if (status == PGRES_PIPELINE_SYNC) break;
+    if (status != PGRES_PIPELINE_ABORTED) answer = {std::move(next), answered};
+    ++answered;
   }
   PQexitPipelineMode(connection);
   return answer;

@@ -2,6 +2,7 @@
 
 #include <initializer_list>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -38,6 +39,7 @@ class PostgresDatabase : public SqlConnection {
 
   std::shared_ptr<host::Recordset> Run(const std::string& sql, int timeoutSeconds,
                                        Arguments arguments) override;
+  void RunAll(std::span<const std::string> statements) override;
   bool FindColumn(const std::string& table, const std::string& column) override;
   std::string CallFunction(const std::string& name, const std::string& argument) override;
   void StartTransaction() override;
@@ -52,10 +54,15 @@ class PostgresDatabase : public SqlConnection {
   bool Connected() const;
   /// Starts or ends a transaction.
   void Control(const char* sql);
-  /// The answer to one statement; the time-out comes along where it is another than before.
   ResultHandle Ask(const std::string& sql, int timeoutSeconds, Arguments arguments);
-  ResultHandle AskWithSetting(const std::string& setting, const std::string& sql, int count,
-                              const char* const* values);
+  /// The answer to the last of several statements that travel together, or to the first that fails.
+  struct Answer {
+    ResultHandle result;
+    std::size_t statement = 0;
+  };
+  Answer AskTogether(std::span<const std::string> statements, std::span<const char* const> lastValues);
+  /// The statement that sets another time-out than the server has.
+  std::string TimeoutSetting(int timeoutSeconds);
 
   std::string name_;
   ConnectionHandle connection_;

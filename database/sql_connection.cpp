@@ -58,7 +58,7 @@ void SqlConnection::Commit() {
 
 void SqlConnection::Rollback() {
   if (!inTransaction_) throw Error(ErrorNumber::InvalidArgument, "There is no transaction to roll back.");
-  waiting_.Discard();
+  waiting_.Release();
   RollbackTransaction();
   inTransaction_ = false;
   batchFailed_ = false;
@@ -78,8 +78,12 @@ void SqlConnection::RefuseWhenLost(const std::string& sql) const {
 void SqlConnection::SendWaiting() {
   if (waiting_.Empty()) return;
   batchFailed_ = true;  // until it is known better, because its callers believe the rows written
-  Run(waiting_.Release(), kNoTimeout, {});
+  RunAll(waiting_.Release());
   batchFailed_ = false;
+}
+
+void SqlConnection::RunAll(std::span<const std::string> statements) {
+  for (const std::string& sql : statements) Run(sql, kNoTimeout, {});
 }
 
 }  // namespace kiv::database

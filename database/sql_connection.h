@@ -14,9 +14,9 @@ namespace kiv::database {
 class SchemaLayout;
 
 /// What the ready adapters do alike: SQL as host/sql_rendering writes it, the state of the transaction, and
-/// inserts that are sent together. Inside a transaction a single-row insert may wait for more of its kind; it
-/// is sent before anything else is run. When that fails, its error comes from the call that had it sent, and
-/// the transaction can only be rolled back.
+/// inserts that are sent together. Inside a transaction single-row inserts may wait; they are sent before
+/// anything else is run. When one fails, its error comes from the call that had it sent, and the transaction
+/// can only be rolled back.
 class SqlConnection : public Connection {
  public:
   std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql, int timeoutSeconds) final;
@@ -43,6 +43,8 @@ class SqlConnection : public Connection {
   /// Runs one statement with its parameters. Null when it has no columns.
   virtual std::shared_ptr<host::Recordset> Run(const std::string& sql, int timeoutSeconds,
                                                std::initializer_list<std::string_view> arguments) = 0;
+  /// Runs several that yield no rows, up to the first that fails.
+  virtual void RunAll(std::span<const std::string> statements);
   virtual bool FindColumn(const std::string& table, const std::string& column) = 0;
   virtual std::string CallFunction(const std::string& name, const std::string& argument) = 0;
   virtual void StartTransaction() = 0;

@@ -1,22 +1,27 @@
 #include "database/insert_batch.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
+#include <vector>
 
 namespace kiv::database {
 
 namespace {
 
+using testing::ElementsAre;
 using namespace std::string_literals;
 
 /// What is sent for statements that all join.
 std::string Joined(std::initializer_list<std::string> statements) {
   InsertBatch batch;
   for (const std::string& sql : statements) EXPECT_TRUE(batch.Take(sql)) << sql;
-  const std::string joined = batch.Release();
+  const std::vector<std::string> joined = batch.Release();
   EXPECT_TRUE(batch.Empty());
-  return joined;
+  EXPECT_EQ(joined.size(), 1U);
+  return joined.front();
 }
 
 TEST(InsertBatch, RowsOfOneTableAreJoined) {
@@ -81,26 +86,44 @@ TEST(InsertBatch, NothingElseJoins) {
     EXPECT_TRUE(batch.Empty()) << sql;
     ASSERT_TRUE(batch.Take("INSERT INTO T (A) VALUES (0)"));
     EXPECT_FALSE(batch.Take(sql)) << sql;
-    EXPECT_EQ(batch.Release(), "INSERT INTO T (A) VALUES (0)") << sql;
+    EXPECT_THAT(batch.Release(), ElementsAre("INSERT INTO T (A) VALUES (0)")) << sql;
   }
 }
 
-TEST(InsertBatch, OtherTablesColumnsAndFullBatchesComeNext) {
+TEST(InsertBatch, OtherTablesAndColumnsComeNext) {
   InsertBatch batch;
-  ASSERT_TRUE(batch.Take("INSERT INTO T (A) VALUES (0)"));
-  for (const char* sql : {"INSERT INTO U (A) VALUES (1)", "INSERT INTO T (B) VALUES (1)",
-                          "INSERT INTO T (A, B) VALUES (1, 2)", "INSERT INTO TT (A) VALUES (1)"}) {
-    EXPECT_FALSE(batch.Take(sql)) << sql;
+  for (const char* sql :
+       {"INSERT INTO T (A) VALUES (1)", "INSERT INTO U (A) VALUES (1)", "INSERT INTO U (A) VALUES (2)",
+        "INSERT INTO U (B) VALUES (3)", "INSERT INTO T (A) VALUES (4)", "INSERT INTO TT (A) VALUES (5)",
+        "INSERT INTO TT (A, B) VALUES (6, 7)"}) {
+    EXPECT_TRUE(batch.Take(sql)) << sql;
   }
-  int rows = 1;
-  while (rows < 100000 && batch.Take("INSERT INTO T (A) VALUES (1)")) ++rows;
-  EXPECT_GE(rows, 100);
-  EXPECT_LT(rows, 100000);
-  batch.Discard();
+  EXPECT_THAT(batch.Release(),
+              ElementsAre("INSERT INTO T (A) VALUES (1)", "INSERT INTO U (A) VALUES (1), (2)",
+                          "INSERT INTO U (B) VALUES (3)", "INSERT INTO T (A) VALUES (4)",
+                          "INSERT INTO TT (A) VALUES (5)", "INSERT INTO TT (A, B) VALUES (6, 7)"));
+}
+
+TEST(InsertBatch, BatchesHaveAnEnd) {
+  InsertBatch batch;
+  const auto taken = [&batch](const std::string& one, const std::string& other) {
+    int rows = 0;
+    while (rows < 100000 && batch.Take(rows % 2 == 0 ? one : other)) ++rows;
+    return rows;
+  };
+  const std::string row = "INSERT INTO T (A) VALUES (1)";
+  const int ofOneTable = taken(row, row);
+  EXPECT_GE(ofOneTable, 100);
+  EXPECT_LT(ofOneTable, 100000);
+  batch.Release();
+  const int ofTwoTables = taken(row, "INSERT INTO U (A) VALUES (1)");
+  EXPECT_GE(ofTwoTables, 50);
+  EXPECT_LT(ofTwoTables, ofOneTable);
+  batch.Release();
   const std::string large = "INSERT INTO T (A) VALUES ('" + std::string(1000000, 'x') + "')";
   EXPECT_TRUE(batch.Take(large)) << "a large row may wait, but alone";
-  EXPECT_FALSE(batch.Take("INSERT INTO T (A) VALUES (1)"));
-  EXPECT_EQ(batch.Release(), large);
+  EXPECT_FALSE(batch.Take(row));
+  EXPECT_THAT(batch.Release(), ElementsAre(large));
 }
 
 }  // namespace
