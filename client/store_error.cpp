@@ -14,7 +14,9 @@ std::string FailureText(const std::exception& failure) {
       return "The study database is read-only. Ask for permission to write the file, or use another "
              "database.";
     case FailureCause::DiskFull:
-      return "The disk of the study database is full. Make room on it, then try again.";
+      return "The disk of the study database is full or failing. Make room on it or have it checked, then "
+             "try "
+             "again.";
     case FailureCause::ConnectionLost:
       return "The connection to the study database was lost. Check the network, look whether your last "
              "change was stored, then try again.";

@@ -19,9 +19,10 @@ constexpr std::array kCauses = {
     CauseOfState{"55P03", FailureCause::Busy},            // lock time-out
     CauseOfState{"25006", FailureCause::ReadOnly},        // read-only transaction
     CauseOfState{"42501", FailureCause::ReadOnly},        // no privilege
-    CauseOfState{"53100", FailureCause::DiskFull},        //
+    CauseOfState{"53100", FailureCause::DiskFull},        // no room
+    CauseOfState{"58030", FailureCause::DiskFull},        // input or output failed
     CauseOfState{"23", FailureCause::Constraint},         // every integrity violation
-    CauseOfState{"XX001", FailureCause::Damaged},         //
+    CauseOfState{"XX001", FailureCause::Damaged},         // a page
     CauseOfState{"XX002", FailureCause::Damaged},         // an index
     CauseOfState{"08", FailureCause::ConnectionLost},     // every connection exception
     CauseOfState{"57P", FailureCause::ConnectionLost},    // the server shuts down, or ended the session

@@ -14,6 +14,7 @@ FailureCause CauseOf(int extendedCode) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED: return FailureCause::Busy;
     case SQLITE_READONLY: return FailureCause::ReadOnly;
+    case SQLITE_IOERR:  // a used-up quota, for one
     case SQLITE_FULL: return FailureCause::DiskFull;
     case SQLITE_CONSTRAINT: return FailureCause::Constraint;
     case SQLITE_CORRUPT:

@@ -6,9 +6,9 @@ namespace kiv::database {
 
 /// Why a statement failed, as far as a user can do something about it.
 enum class FailureCause {
-  Busy,      ///< another connection holds what the statement needs
-  ReadOnly,  ///< the database cannot be written by this user
-  DiskFull,
+  Busy,            ///< another connection holds what the statement needs
+  ReadOnly,        ///< the database cannot be written by this user
+  DiskFull,        ///< or failing
   ConnectionLost,  ///< the server is gone, or the way to it
   Constraint,      ///< a rule of the tables forbids the values, such as a reference to a row that is gone
   Damaged,         ///< the database contradicts itself

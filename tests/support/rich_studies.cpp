@@ -1,0 +1,107 @@
+#include "support/rich_studies.h"
+
+#include <memory>
+#include <stdexcept>
+
+#include "core/conversions.h"
+#include "core/study_kinds.h"
+#include "hom/hom_data.h"
+#include "hom/hom_studies.h"
+#include "plm/mode_names.h"
+#include "plm/plm_data.h"
+#include "plm/plm_studies.h"
+#include "vcsa/vcs_data.h"
+#include "vcsa/vcsa_studies.h"
+
+namespace kiv::test {
+
+namespace {
+
+void FillHom(CKivStudyData& study, const std::string& text, int variant) {
+  const std::string yes = variant % 2 == 0 ? "Y" : "N";
+  const auto data = std::make_shared<CKivHomData>();
+  data->Initialize(study.ID(), text, text, variant, yes, yes, yes, yes, yes, yes, yes, yes, yes, yes, yes,
+                   yes, yes, text, Variant(text));
+  study.SetHomData(data);
+}
+
+void FillPlm(CKivStudyData& study, const std::string& text, int variant) {
+  constexpr int kModes = 15;
+  const auto data = std::make_shared<CKivPlmData>();
+  data->Initialize(study.ID(), text, text, text);
+  for (int number = 1; number <= kModes; ++number) {
+    const auto mode = std::make_shared<CKivPlmMode>();
+    mode->Initialize(study.ID(), number, variant, variant, variant, text, variant, variant, variant, text,
+                     text, text, variant, variant, text, true);
+    for (int channel = 1; channel <= 8 + variant; ++channel) {
+      mode->AddChannel(study.ID(), number, channel, ChannelKey(std::to_string(channel)));
+    }
+    data->AddMode(MKivStudyCtls::ModeName(number), mode);
+  }
+  study.SetPlmData(data);
+}
+
+void FillVcs(CKivStudyData& study, const std::string& text, int variant) {
+  const auto data = std::make_shared<CKivVcsData>();
+  std::array<std::string, CKivVcsData::kTexts> texts;
+  texts.fill(text);
+  data->Initialize(study.ID(), texts);
+  for (int number = 1; number <= 8 + variant; ++number) {
+    data->AddCell(1000 + number, 1, 2, number);
+    CCell& cell = AsCell(data->Cells()->Item("Cell:" + std::to_string(1000 + number)));
+    for (int part = 1; part <= 4 + variant; ++part) {
+      cell.AddAntenna(0, 1, 2, number, part, variant % 2 == 0);
+      cell.AddCarrier(0, "1", "2", std::to_string(number), std::to_string(part), variant % 2 == 0);
+    }
+  }
+  study.SetVcsData(data);
+}
+
+void Append(std::string& text, const std::vector<NamedValue>& fields, const std::vector<StoredList>& lists) {
+  for (const NamedValue& field : fields) {
+    text.append(field.name).append("=").append(field.value.IsNull() ? "NULL" : ToText(field.value)) += ';';
+  }
+  for (const StoredList& list : lists) {
+    text.append(list.name) += '[';
+    for (const StoredEntry& entry : list.entries) {
+      text += entry.name + '{';
+      Append(text, entry.fields, entry.lists);
+      text += '}';
+    }
+    text += ']';
+  }
+}
+
+}  // namespace
+
+std::vector<std::string> RegisterRichStudies() {
+  RegisterHomStudies();
+  RegisterPlmStudies();
+  RegisterVcsaStudies();
+  return {std::string(kHomStudy), std::string(kPlmStudy), std::string(kVcsStudy)};
+}
+
+void Fill(client::Study& study, int variant) {
+  const std::string text = "it's variant " + std::to_string(variant);
+  CKivStudyData& record = *study.record;
+  study.name = text;
+  record.SetDuration(variant);
+  record.SetPollingInterval(variant);
+  record.SetRetrieveDelay(variant);
+  if (record.AppName() == kHomStudy) return FillHom(record, text, variant);
+  if (record.AppName() == kPlmStudy) return FillPlm(record, text, variant);
+  if (record.AppName() == kVcsStudy) return FillVcs(record, text, variant);
+  throw std::invalid_argument(record.AppName());
+}
+
+std::string Content(const client::Study& study) {
+  const CKivStudyData& record = *study.record;
+  std::string text = study.name + ';' + std::to_string(record.Duration()) + ';' +
+                     std::to_string(record.PollingInterval()) + ';' + std::to_string(record.RetrieveDelay()) +
+                     ';';
+  const auto data = record.SubRecordAs<ISubRecord>();
+  Append(text, data->StoredFields(), data->StoredLists());
+  return text;
+}
+
+}  // namespace kiv::test

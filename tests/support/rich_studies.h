@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "client/study_store.h"
+
+namespace kiv::test {
+
+/// Makes the study kinds known and names them; each can be filled.
+std::vector<std::string> RegisterRichStudies();
+
+/// Gives a study content with long lists. Two variants differ in every field and in the length of each list.
+void Fill(client::Study& study, int variant);
+
+/// All that is stored of a study but its revision.
+std::string Content(const client::Study& study);
+
+}  // namespace kiv::test

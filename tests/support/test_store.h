@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include "client/error_log.h"
+#include "client/study_store.h"
+#include "core/msql.h"
+#include "database/connection.h"
+#include "support/fake_host.h"
+
+namespace kiv::test {
+
+/// The program's store on one connection, with the rest of the host faked. One at a time in a process.
+class TestStore {
+ public:
+  explicit TestStore(std::shared_ptr<database::Connection> connection) : store_(connection, errors_) {
+    MSQL::ReleaseDatabase();
+    host::Services services = host::InstalledServices();
+    services.openDatabase = [connection] { return connection; };
+    services.errorReporter = errors_;
+    host::InstallServices(services);
+  }
+
+  client::StudyStore* operator->() { return &store_; }
+
+ private:
+  FakeHost host_;
+  std::shared_ptr<client::ErrorLog> errors_ = std::make_shared<client::ErrorLog>();
+  client::StudyStore store_;
+};
+
+}  // namespace kiv::test
