@@ -147,6 +147,18 @@ Study StudyStore::New(const std::string& kind) const {
 }
 
 Study StudyStore::Load(std::int32_t id) const {
+  constexpr int kAttempts = 20;
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    Study study = LoadOnce(id);
+    // Its lists are read one after the other, and somebody may have saved in between.
+    const auto row = MSQL::OpenQuery("SELECT revision FROM kiv_study WHERE id = " + std::to_string(id));
+    if (!row->EndOfFile() && ToInt32(row->FieldAt(0)) == study.revision) return study;
+  }
+  throw StoreError("Study " + std::to_string(id) +
+                   " was not opened, because others change it all the time. Try again.");
+}
+
+Study StudyStore::LoadOnce(std::int32_t id) const {
   const ErrorLog::Watch watch(*errors_);
   const auto row = MSQL::OpenQuery(
       "SELECT kind, name, scenario_id, duration, polling_interval, retrieve_delay, revision FROM kiv_study "

@@ -54,8 +54,8 @@ class StudyStore {
 
   /// A new study of a kind that is not stored yet.
   Study New(const std::string& kind) const;
-  /// Raises StoreError when there is no such study or when it could not be read completely. A study whose
-  /// kind has no data is loaded; look at `kindData`.
+  /// A study as one save left it. Raises StoreError when there is no such study or when it could not be read
+  /// completely. A study whose kind has no data is loaded; look at `kindData`.
   Study Load(std::int32_t id) const;
   /// Stores a study whole or not at all, as a new one while its record is new. On success the record is no
   /// longer new; on failure the study is as it was before. Raises ScenarioDeleted.
@@ -72,6 +72,7 @@ class StudyStore {
   void RemoveScenario(std::int32_t id);
 
  private:
+  Study LoadOnce(std::int32_t id) const;
   std::int32_t WriteStudyRow(const Study& study, const std::string& user);
   void WriteKindData(CKivStudyData& record) const;
   bool ScenarioIsDeleted(const CKivStudyData& record) const;

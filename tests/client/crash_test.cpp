@@ -2,14 +2,12 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/mman.h>
 #include <sys/resource.h>
 
 #include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <filesystem>
-#include <new>
 #include <string>
 #include <thread>
 #include <tuple>
@@ -30,26 +28,6 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int kOldVariant = 1;
 constexpr int kNewVariant = 2;
-
-/// A flag that a child process raises.
-class SharedFlag {
- public:
-  SharedFlag()
-      : flag_(new (mmap(nullptr, sizeof(Flag), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))
-                  Flag(false)) {}
-  SharedFlag(const SharedFlag&) = delete;
-  SharedFlag& operator=(const SharedFlag&) = delete;
-  ~SharedFlag() { munmap(flag_, sizeof(Flag)); }
-
-  void Raise() { *flag_ = true; }
-  void WaitFor() const {
-    while (!*flag_) std::this_thread::yield();
-  }
-
- private:
-  using Flag = std::atomic<bool>;
-  Flag* flag_;
-};
 
 /// One stored study of each kind that changes between two variants.
 class Crash : public ::testing::TestWithParam<std::tuple<test::Engine, std::string>> {
@@ -124,9 +102,9 @@ TEST_P(Crash, AtAnyMomentLeavesAWholeStudy) {
   };
   const auto longest = 2 * std::max(timeOfSave(), timeOfSave());
   for (int kill = 0; kill < kKills && !HasFailure(); ++kill) {
-    SharedFlag saving;
-    test::ChildProcess saver([&] { Change([&] { saving.Raise(); }, [] {}); });
-    saving.WaitFor();
+    const test::SharedWithChildren<std::atomic<bool>> saving;
+    test::ChildProcess saver([&] { Change([&] { *saving = true; }, [] {}); });
+    while (!*saving) std::this_thread::yield();
     std::this_thread::sleep_for(longest * kill / kKills);
     saver.Kill();
     EXPECT_THAT(saver.Wait(), testing::AnyOf(-SIGKILL, 0));

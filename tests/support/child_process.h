@@ -1,12 +1,14 @@
 #pragma once
 
 #include <signal.h>
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <exception>
 #include <functional>
+#include <new>
 #include <stdexcept>
 
 namespace kiv::test {
@@ -49,6 +51,24 @@ class ChildProcess {
 
  private:
   pid_t id_;
+};
+
+/// A value that this process and its children see and change alike, best an atomic one.
+template <class Value>
+class SharedWithChildren {
+ public:
+  SharedWithChildren()
+      : value_(new (mmap(nullptr, sizeof(Value), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))
+                   Value()) {}
+  SharedWithChildren(const SharedWithChildren&) = delete;
+  SharedWithChildren& operator=(const SharedWithChildren&) = delete;
+  ~SharedWithChildren() { munmap(value_, sizeof(Value)); }
+
+  Value& operator*() const { return *value_; }
+  Value* operator->() const { return value_; }
+
+ private:
+  Value* value_;
 };
 
 }  // namespace kiv::test
