@@ -492,7 +492,7 @@ TEST_F(Window, EveryMnemonicOfAPageIsUnique) {
   StartStudy();
   user_.Press(Qt::Key_S, Qt::ControlModifier);
   user_.Press(Qt::Key_W, Qt::ControlModifier);
-  window_->findChild<QTabWidget*>()->setCurrentIndex(0);
+  qobject_cast<QTabWidget*>(window_->centralWidget())->setCurrentIndex(0);
   Mnemonics list;
   list.TakeAll(*window_);
   EXPECT_GT(list.Count(), 3U);
