@@ -1,9 +1,7 @@
-// Opening the HOM editor (three tabs made, loaded, first paint) against the same form written by hand.
+// Opening an editor (its tabs made, loaded, first paint) against the same form written by hand.
 
 #include <QTemporaryDir>
 #include <QTimer>
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <vector>
@@ -12,7 +10,9 @@
 #include "client/study_session.h"
 #include "client/window_program.h"
 #include "hom/hom_data.h"
-#include "plain_hom_form.h"
+#include "plain_form.h"
+#include "plm/plm_data.h"
+#include "timing.h"
 
 namespace kiv::bench {
 namespace {
@@ -35,58 +35,76 @@ class PaintWatch : public QObject {
 
 /// Milliseconds from making a window's contents to the end of its first paint.
 double TimeToFirstPaint(const std::function<QWidget*()>& make) {
-  const auto start = std::chrono::steady_clock::now();
-  const std::unique_ptr<QWidget> window(make());
-  const PaintWatch watch(*window);
-  window->resize(900, 600);
-  window->show();
-  while (!watch.Painted()) QApplication::processEvents();
-  const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
-  return time.count();
+  std::unique_ptr<QWidget> window;
+  return Milliseconds([&] {
+    window.reset(make());
+    const PaintWatch watch(*window);
+    window->resize(900, 600);
+    window->show();
+    while (!watch.Painted()) QApplication::processEvents();
+  });
 }
 
-double Median(std::vector<double> times) {
-  std::sort(times.begin(), times.end());
-  return times[times.size() / 2];
-}
-
-Study StoreStudy(client::StudyStore& store, const std::string& folder) {
-  Study study = store.New("HOM Study");
-  study.name = "Handoffs downtown";
-  study.record->SetScenarioID(store.AddScenario("Downtown"));
+Study StoreStudy(client::StudyStore& store, const std::string& kind, const std::string& folder,
+                 const std::string& file) {
+  Study study = store.New(kind);
+  study.name = "Downtown";
+  study.record->SetScenarioID(store.Scenarios().front().id);
   study.record->SetDuration(30);
-  const auto data = study.record->SubRecordAs<CKivHomData>();
-  data->SetPath(folder);
-  data->SetDataFile("h$YY$MM$DD$HH$MI.hom");
-  data->SetToAmps("Y");
+  study.record->SetRetrieveDelay(1);
+  if (const auto hom = study.record->SubRecordAs<CKivHomData>()) {
+    hom->SetPath(folder);
+    hom->SetDataFile(file);
+    hom->SetToAmps("Y");
+  } else if (const auto plm = study.record->SubRecordAs<CKivPlmData>()) {
+    plm->Initialize(0, folder, file, "data");
+  }
   store.Save(study, "bench");
   return study;
 }
 
-int Run(int argc, char** argv) {
+/// Measures both by turns and prints the ratio.
+void Compare(client::Program& program, const Study& study, const std::function<QWidget*()>& makePlain) {
   constexpr int kRounds = 201;
+  std::vector<double> plain;
+  std::vector<double> ours;
+  for (int round = 0; round < kRounds; ++round) {
+    plain.push_back(TimeToFirstPaint(makePlain));
+    ours.push_back(TimeToFirstPaint([&]() -> QWidget* {
+      auto session = std::make_unique<client::StudySession>(program.Store(), study);
+      return new client::EditorView(program, std::move(session));
+    }));
+  }
+  std::printf("%s editor, from nothing to first paint (median of %d):\n", study.record->AppName().c_str(),
+              kRounds);
+  std::printf("  plain Qt widgets %7.2f ms\n", Median(plain));
+  std::printf("  this editor      %7.2f ms  ratio %.2f (at most 1.5)\n", Median(ours),
+              Median(ours) / Median(plain));
+}
+
+int Run(int argc, char** argv) {
   const QTemporaryDir folder;
   qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
   client::Application application(argc, argv);
   client::Program program;
   client::StartWithWindow(program);
   program.OpenDatabase(folder.filePath("bench.db").toStdString(), client::Program::WhenMissing::Create);
-  const Study study = StoreStudy(program.Store(), folder.path().toStdString());
-  const PlainValues values{"Handoffs downtown", {"Downtown"}, folder.path(), "h$YY$MM$DD$HH$MI", "30"};
-
-  std::vector<double> plain;
-  std::vector<double> ours;
-  for (int round = 0; round < kRounds; ++round) {
-    plain.push_back(TimeToFirstPaint([&] { return MakePlainHomForm(values); }));
-    ours.push_back(TimeToFirstPaint([&]() -> QWidget* {
-      auto session = std::make_unique<client::StudySession>(program.Store(), study);
-      return new client::EditorView(program, std::move(session));
-    }));
+  program.Store().AddScenario("Downtown");
+  struct Kind {
+    const char* name;
+    QString file;
+    QString extension;
+    QWidget* (*makePlain)(const PlainValues& values);
+  };
+  const Kind kinds[] = {{"HOM Study", "h$YY$MM$DD$HH$MI", ".hom", MakePlainHomForm},
+                        {"PLM Study", "p$YY$MM$DD$HH$MI", ".plm", MakePlainPlmForm}};
+  for (const Kind& kind : kinds) {
+    const Study study = StoreStudy(program.Store(), kind.name, folder.path().toStdString(),
+                                   (kind.file + kind.extension).toStdString());
+    Compare(program, study, [&] {
+      return kind.makePlain({"Downtown", {"Downtown"}, folder.path(), kind.file, kind.extension, "30"});
+    });
   }
-  std::printf("HOM editor, from nothing to first paint (median of %d):\n", kRounds);
-  std::printf("  plain Qt widgets %7.2f ms\n", Median(plain));
-  std::printf("  this editor      %7.2f ms  ratio %.2f (at most 1.5)\n", Median(ours),
-              Median(ours) / Median(plain));
   return 0;
 }
 

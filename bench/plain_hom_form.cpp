@@ -1,67 +1,27 @@
-#include "plain_hom_form.h"
-
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QTabWidget>
 #include <QVBoxLayout>
 #include <vector>
+
+#include "plain_form.h"
 
 namespace kiv::bench {
 
 namespace {
 
-QWidget* Scrolled(QWidget* page) {
-  auto* scroll = new QScrollArea;
-  scroll->setWidgetResizable(true);
-  scroll->setFrameShape(QFrame::NoFrame);
-  scroll->setWidget(page);
-  return scroll;
-}
-
-QHBoxLayout* RowOf(std::initializer_list<QWidget*> widgets) {
-  auto* row = new QHBoxLayout;
-  for (QWidget* widget : widgets) row->addWidget(widget);
-  return row;
-}
-
 QWidget* GeneralPage(const PlainValues& values) {
   auto* page = new QWidget;
-  auto* scenario = new QComboBox(page);
-  scenario->addItems(values.scenarios);
-  auto* newScenario = new QPushButton(QStringLiteral("&New..."), page);
-  auto* top = new QFormLayout;
-  top->addRow(QStringLiteral("&Scenario:"), RowOf({scenario, newScenario}));
-
-  auto* group = new QGroupBox(QStringLiteral("Data File Destination"), page);
-  auto* folder = new QLineEdit(values.folder, group);
-  auto* browse = new QPushButton(QStringLiteral("&Browse..."), group);
-  auto* file = new QLineEdit(values.file, group);
-  auto* extension = new QLabel(QStringLiteral(".hom"), group);
-  auto* preview = new QLabel(QStringLiteral("Now: ") + values.file, group);
-  auto* destination = new QFormLayout(group);
-  destination->addRow(QStringLiteral("&Folder:"), RowOf({folder, browse}));
-  destination->addRow(QStringLiteral("File n&ame:"), RowOf({file, extension}));
-  destination->addRow(QString(), preview);
-  QObject::connect(file, &QLineEdit::textChanged, preview,
-                   [preview](const QString& text) { preview->setText(QStringLiteral("Now: ") + text); });
-
-  auto* duration = new QLineEdit(values.duration, page);
-  duration->setValidator(new QIntValidator(10, 1439, duration));
-  auto* minutes = new QLabel(QStringLiteral("minutes"), page);
-  auto* bottom = new QFormLayout;
-  bottom->addRow(QStringLiteral("Study &duration:"), RowOf({duration, minutes}));
-
   auto* all = new QVBoxLayout(page);
-  all->addLayout(top);
-  all->addWidget(group);
+  AddScenarioAndDestination(*all, values, page);
+  auto* bottom = new QFormLayout;
+  bottom->addRow(QStringLiteral("Study &duration:"), RowOf({NumberBox(values.duration, 10, 1439, page),
+                                                            new QLabel(QStringLiteral("minutes"), page)}));
   all->addLayout(bottom);
   all->addStretch();
   return Scrolled(page);
@@ -139,24 +99,9 @@ QWidget* CurrentStudyPage() {
 }  // namespace
 
 QWidget* MakePlainHomForm(const PlainValues& values) {
-  auto* form = new QWidget;
-  auto* name = new QLineEdit(values.name, form);
-  auto* label = new QLabel(QStringLiteral("Stud&y name:"), form);
-  label->setBuddy(name);
-  auto* tabs = new QTabWidget(form);
-  tabs->addTab(GeneralPage(values), QStringLiteral("General"));
-  tabs->addTab(DetailPage(), QStringLiteral("Detail"));
-  tabs->addTab(CurrentStudyPage(), QStringLiteral("Current Study"));
-  auto* top = RowOf({label, name});
-  auto* bottom =
-      RowOf({new QLabel(QStringLiteral("Study 1"), form), new QPushButton(QStringLiteral("Chec&k"), form),
-             new QPushButton(QStringLiteral("Save as Co&py..."), form),
-             new QPushButton(QStringLiteral("Sa&ve"), form)});
-  auto* all = new QVBoxLayout(form);
-  all->addLayout(top);
-  all->addWidget(tabs, 1);
-  all->addLayout(bottom);
-  return form;
+  return FormAround(values, {{GeneralPage(values), QStringLiteral("General")},
+                             {DetailPage(), QStringLiteral("Detail")},
+                             {CurrentStudyPage(), QStringLiteral("Current Study")}});
 }
 
 }  // namespace kiv::bench

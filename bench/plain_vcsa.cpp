@@ -3,30 +3,12 @@
 #include <sqlite3.h>
 
 #include <cstdio>
-#include <cstdlib>
-#include <cstring>
+
+#include "plain_sqlite.h"
 
 namespace kiv::bench {
 
 namespace {
-
-void Check(int code, sqlite3* database) {
-  if (code == SQLITE_OK) return;
-  std::fprintf(stderr, "%s\n", sqlite3_errmsg(database));
-  std::exit(1);
-}
-
-void Run(sqlite3* database, const char* sql) {
-  Check(sqlite3_exec(database, sql, nullptr, nullptr, nullptr), database);
-}
-
-template <class TakeRow>
-void Query(sqlite3* database, const char* sql, const TakeRow& takeRow) {
-  sqlite3_stmt* statement = nullptr;
-  Check(sqlite3_prepare_v2(database, sql, -1, &statement, nullptr), database);
-  while (sqlite3_step(statement) == SQLITE_ROW) takeRow(statement);
-  sqlite3_finalize(statement);
-}
 
 /// Columns: list, instance, system, ECP, cell, number, selected.
 void LoadEntries(sqlite3* database, const char* table, const char* number, int id, int cell,

@@ -2,8 +2,6 @@
 
 #include <sqlite3.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -13,7 +11,9 @@
 #include "database/open.h"
 #include "database/transaction.h"
 #include "host/services.h"
+#include "plain_sqlite.h"
 #include "plain_vcsa.h"
+#include "timing.h"
 #include "vcsa/vcs_data.h"
 
 namespace kiv::bench {
@@ -22,19 +22,6 @@ namespace {
 constexpr int kStudy = 1;
 constexpr int kCells = 1000;
 constexpr int kRounds = 15;
-
-template <class Action>
-double Milliseconds(const Action& action) {
-  const auto start = std::chrono::steady_clock::now();
-  action();
-  const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
-  return time.count();
-}
-
-double Median(std::vector<double> times) {
-  std::sort(times.begin(), times.end());
-  return times[times.size() / 2];
-}
 
 void FillStudy(CKivVcsData& data) {
   std::array<std::string, CKivVcsData::kTexts> texts;
@@ -74,10 +61,7 @@ int Run() {
     study.InsertNew();
     transaction.Commit();
   }
-  sqlite3* plainDatabase = nullptr;
-  sqlite3_open(file.c_str(), &plainDatabase);
-  sqlite3_exec(plainDatabase, "PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL", nullptr, nullptr,
-               nullptr);
+  sqlite3* plainDatabase = OpenPlain(file.c_str());
 
   std::vector<double> plainLoads, ourLoads, plainSaves, ourSaves;
   PlainVcsaStudy plain{};

@@ -7,5 +7,6 @@ scripts/setup.sh
 scripts/build.sh bench
 export QT_QPA_PLATFORM=offscreen
 build/bench/bench/editor_bench
+build/bench/bench/plm_bench
 build/bench/bench/vcsa_bench
 bench/list_bench.sh build/bench
