@@ -9,6 +9,7 @@
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressDialog>
@@ -18,6 +19,7 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <functional>
 #include <utility>
 
 #include "client/messages.h"
@@ -79,6 +81,22 @@ class BadLineTable : public QAbstractTableModel {
   std::vector<BadLine> badLines_;
 };
 
+/// Shows the bad lines. It answers the keys for copying itself: the view's own way copies a single cell.
+class BadLineList : public QTableView {
+ public:
+  BadLineList(std::function<void()> copy, QWidget* parent) : QTableView(parent), copy_(std::move(copy)) {}
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (!event->matches(QKeySequence::Copy)) return QTableView::keyPressEvent(event);
+    copy_();
+    event->accept();
+  }
+
+ private:
+  std::function<void()> copy_;
+};
+
 class NetworkDialog : public QDialog {
  public:
   NetworkDialog(Program& program, QWidget* parent)
@@ -88,7 +106,7 @@ class NetworkDialog : public QDialog {
         folder_(new QLineEdit(this)),
         tryFirst_(new QCheckBox(QStringLiteral("&Try first: check every line, write nothing"), this)),
         result_(new QLabel(this)),
-        list_(new QTableView(this)),
+        list_(new BadLineList([this] { CopySelected(); }, this)),
         copy_(new QPushButton(QStringLiteral("&Copy All"), this)),
         run_(nullptr) {
     setWindowTitle(QStringLiteral("Import Network"));
@@ -271,7 +289,7 @@ class NetworkDialog : public QDialog {
   QLineEdit* folder_;
   QCheckBox* tryFirst_;
   QLabel* result_;
-  QTableView* list_;
+  BadLineList* list_;
   QPushButton* copy_;
   QPushButton* run_;
   BadLineTable badLines_;

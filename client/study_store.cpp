@@ -94,13 +94,15 @@ void LoadKindData(Study& study) {
   study.kindData = record.SubRecord()->ID() == record.ID() ? KindData::Complete : KindData::Missing;
 }
 
-/// Lets the sub-record be inserted rather than updated for as long as it lives.
-class AsNew {
+/// An update of a kind's row that is not there would store nothing and say nothing: it is inserted then.
+class InsertWhenMissing {
  public:
-  explicit AsNew(CKivStudyData& record) : record_(record), before_(record.IsNew()) { record_.SetIsNew(true); }
-  AsNew(const AsNew&) = delete;
-  AsNew& operator=(const AsNew&) = delete;
-  ~AsNew() { record_.SetIsNew(before_); }
+  InsertWhenMissing(CKivStudyData& record, bool stored) : record_(record), before_(record.IsNew()) {
+    record_.SetIsNew(before_ || !stored);
+  }
+  InsertWhenMissing(const InsertWhenMissing&) = delete;
+  InsertWhenMissing& operator=(const InsertWhenMissing&) = delete;
+  ~InsertWhenMissing() { record_.SetIsNew(before_); }
 
  private:
   CKivStudyData& record_;
@@ -196,11 +198,14 @@ void StudyStore::Save(Study& study, const std::string& user) {
   try {
     database::Transaction transaction(*connection_);
     const ErrorLog::Watch watch(*errors_);
-    const std::int32_t revision = WriteStudyRow(study, user);
-    WriteKindData(record);
+    const WrittenRow row = WriteStudyRow(study, user);
+    {
+      const InsertWhenMissing missing(record, row.hasKindData);
+      record.SaveSubTableData();
+    }
     watch.RaiseFirst();
     transaction.Commit();
-    study.revision = revision;
+    study.revision = row.revision;
     study.kindData = KindData::Complete;
     record.SetIsNew(false);
   } catch (const database::StatementError& error) {
@@ -215,28 +220,14 @@ void StudyStore::Save(Study& study, const std::string& user) {
   }
 }
 
-/// An update of a row that is not there would store nothing and say nothing: it is inserted then.
-void StudyStore::WriteKindData(CKivStudyData& record) const {
-  if (!record.IsNew()) {
-    const auto stored = FindStudyKind(record.AppName())->createRecord();
-    stored->GetData(record.ID());
-    if (stored->ID() != record.ID()) {
-      const AsNew missing(record);
-      record.SaveSubTableData();
-      return;
-    }
-  }
-  record.SaveSubTableData();
-}
-
 bool StudyStore::ScenarioIsDeleted(const CKivStudyData& record) const {
   if (record.ScenarioID() == CKivStudyData::kNotGiven) return false;
   return MSQL::OpenQuery("SELECT 1 FROM kiv_scenario WHERE id = " + std::to_string(record.ScenarioID()))
       ->EndOfFile();
 }
 
-/// Returns the row's revision; sets the identifier of a new study.
-std::int32_t StudyStore::WriteStudyRow(const Study& study, const std::string& user) {
+/// Sets the identifier of a new study.
+StudyStore::WrittenRow StudyStore::WriteStudyRow(const Study& study, const std::string& user) {
   CKivStudyData& record = *study.record;
   const std::vector<host::Assignment> values = {
       {"kind", record.AppName()},
@@ -253,13 +244,14 @@ std::int32_t StudyStore::WriteStudyRow(const Study& study, const std::string& us
     const auto row =
         MSQL::OpenQuery(sql::InsertStatement(*connection_, kStudyTable, values) + " RETURNING id, revision");
     record.SetID(ToInt32(row->Field("id")));
-    return ToInt32(row->Field("revision"));
+    return {ToInt32(row->Field("revision")), false};
   }
-  const auto row =
-      MSQL::OpenQuery(sql::UpdateStatement(*connection_, kStudyTable, values, record.ID()) +
-                      " AND revision = " + std::to_string(study.revision) + " RETURNING revision");
+  const auto row = MSQL::OpenQuery(
+      sql::UpdateStatement(*connection_, kStudyTable, values, record.ID()) +
+      " AND revision = " + std::to_string(study.revision) + " RETURNING revision, (SELECT count(*) FROM " +
+      std::string(FindStudyKind(record.AppName())->table) + " k WHERE k.Id = kiv_study.id)");
   if (row->EndOfFile()) throw ConflictOver(record.ID());
-  return ToInt32(row->Field("revision"));
+  return {ToInt32(row->FieldAt(0)), ToInt32(row->FieldAt(1)) > 0};
 }
 
 StudyConflict StudyStore::ConflictOver(std::int32_t id) const {

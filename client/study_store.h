@@ -72,9 +72,13 @@ class StudyStore {
   void RemoveScenario(std::int32_t id);
 
  private:
+  struct WrittenRow {
+    std::int32_t revision;
+    bool hasKindData;  ///< whether what belongs to its kind was stored before
+  };
+
   Study LoadOnce(std::int32_t id) const;
-  std::int32_t WriteStudyRow(const Study& study, const std::string& user);
-  void WriteKindData(CKivStudyData& record) const;
+  WrittenRow WriteStudyRow(const Study& study, const std::string& user);
   bool ScenarioIsDeleted(const CKivStudyData& record) const;
   StudyConflict ConflictOver(std::int32_t id) const;
   std::string CheckedScenarioName(const std::string& name, std::int32_t ownId) const;

@@ -19,6 +19,7 @@ inline constexpr std::string_view kVcsStudy = "VCSA Study";
 /// What the study record has to know of a kind.
 struct StudyKind {
   std::string_view name;
+  std::string_view table;  ///< has one row for each study of the kind, by the study's Id
   std::function<std::shared_ptr<ISubRecord>()> createRecord;
 };
 

@@ -90,7 +90,7 @@ namespace MSQL {
 
 namespace {
 
-constexpr StudyTable kTable = {kHomStudy, "KIV_HomStudy"};
+constexpr StudyTable kTable = {kHomStudy, CKivHomData::kTable};
 
 }  // namespace
 

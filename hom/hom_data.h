@@ -76,7 +76,9 @@ class CKivHomData : public ISubRecord {
   void Update() override;
   std::vector<NamedValue> StoredFields() const override;
 
-  /// The columns of KIV_HomStudy in the order of the insert.
+  /// The table with a row for each of these studies.
+  static constexpr std::string_view kTable = "KIV_HomStudy";
+  /// The columns of it in the order of the insert.
   static std::span<const RecordField<CKivHomData>> Fields();
 
  private:

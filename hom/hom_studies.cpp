@@ -13,7 +13,7 @@
 namespace kiv {
 
 void RegisterHomStudies() {
-  RegisterStudyKind({kHomStudy, [] { return std::make_shared<CKivHomData>(); }});
+  RegisterStudyKind({kHomStudy, CKivHomData::kTable, [] { return std::make_shared<CKivHomData>(); }});
   RegisterStudyEditor({kHomStudy, "HOM", [] {
                          std::vector<std::unique_ptr<Tab>> tabs;
                          tabs.push_back(std::make_unique<XKivHomGen>());

@@ -67,7 +67,9 @@ class CKivPlmData : public ISubRecord {
   std::vector<NamedValue> StoredFields() const override;
   std::vector<StoredList> StoredLists() const override;
 
-  /// The columns of KIV_PlmStudy in the order of the insert.
+  /// The table with a row for each of these studies.
+  static constexpr std::string_view kTable = "KIV_PlmStudy";
+  /// The columns of it in the order of the insert.
   static std::span<const RecordField<CKivPlmData>> Fields();
 
  private:

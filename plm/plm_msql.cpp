@@ -14,7 +14,7 @@ namespace kiv::MSQL {
 
 namespace {
 
-const std::string kStudyTable = "KIV_PlmStudy";
+const std::string kStudyTable(CKivPlmData::kTable);
 const std::string kModeTable = "KIV_PlmMode";
 const std::string kChannelTable = "KIV_PlmChannelList";
 

@@ -13,7 +13,7 @@
 namespace kiv {
 
 void RegisterPlmStudies() {
-  RegisterStudyKind({kPlmStudy, [] { return std::make_shared<CKivPlmData>(); }});
+  RegisterStudyKind({kPlmStudy, CKivPlmData::kTable, [] { return std::make_shared<CKivPlmData>(); }});
   RegisterStudyEditor({kPlmStudy, "PLM", [] {
                          std::vector<std::unique_ptr<Tab>> tabs;
                          tabs.push_back(std::make_unique<XKivPlmGen>());

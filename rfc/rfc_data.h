@@ -85,7 +85,9 @@ class CKivRfcData : public ISubRecord {
   /// The entities, and the DNs with their data files.
   std::vector<StoredList> StoredLists() const override;
 
-  /// The columns of KIV_RfcStudy in the order of the insert.
+  /// The table with a row for each of these studies.
+  static constexpr std::string_view kTable = "KIV_RfcStudy";
+  /// The columns of it in the order of the insert.
   static std::span<const RecordField<CKivRfcData>> Fields();
 
  private:

@@ -13,7 +13,7 @@ namespace kiv::MSQL {
 
 namespace {
 
-constexpr StudyTable kTable = {kRfcStudy, "KIV_RfcStudy"};
+constexpr StudyTable kTable = {kRfcStudy, CKivRfcData::kTable};
 const std::string kDnTable = "KIV_RfcDnList";
 const std::string kFafTable = "KIV_FAF";
 

@@ -13,7 +13,7 @@
 namespace kiv {
 
 void RegisterRfcStudies() {
-  RegisterStudyKind({kRfcStudy, [] { return std::make_shared<CKivRfcData>(); }});
+  RegisterStudyKind({kRfcStudy, CKivRfcData::kTable, [] { return std::make_shared<CKivRfcData>(); }});
   RegisterStudyEditor({.name = kRfcStudy,
                        .editorName = "RF Call Trace",
                        .createTabs =

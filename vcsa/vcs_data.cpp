@@ -113,7 +113,7 @@ namespace MSQL {
 
 namespace {
 
-constexpr StudyTable kTable = {kVcsStudy, "KIV_VcsStudy"};
+constexpr StudyTable kTable = {kVcsStudy, CKivVcsData::kTable};
 
 }  // namespace
 

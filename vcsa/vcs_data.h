@@ -95,7 +95,9 @@ class CKivVcsData : public ISubRecord {
   /// The cells, each with its antennas and carriers.
   std::vector<StoredList> StoredLists() const override;
 
-  /// The columns of KIV_VcsStudy in the order of the insert.
+  /// The table with a row for each of these studies.
+  static constexpr std::string_view kTable = "KIV_VcsStudy";
+  /// The columns of it in the order of the insert.
   static std::span<const RecordField<CKivVcsData>> Fields();
 
  private:

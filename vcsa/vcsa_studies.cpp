@@ -12,7 +12,7 @@
 namespace kiv {
 
 void RegisterVcsaStudies() {
-  RegisterStudyKind({kVcsStudy, [] { return std::make_shared<CKivVcsData>(); }});
+  RegisterStudyKind({kVcsStudy, CKivVcsData::kTable, [] { return std::make_shared<CKivVcsData>(); }});
   RegisterStudyEditor({.name = kVcsStudy,
                        .editorName = "VCSA",
                        .createTabs =

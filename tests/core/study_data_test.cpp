@@ -34,7 +34,7 @@ class StudyRecord : public ::testing::Test {
  protected:
   StudyRecord() {
     NotedRecord::notes.clear();
-    RegisterStudyKind({kVcsStudy, [] { return std::make_shared<NotedRecord>(); }});
+    RegisterStudyKind({kVcsStudy, "", [] { return std::make_shared<NotedRecord>(); }});
   }
 
   std::shared_ptr<host::DocumentType> studyType_ = std::make_shared<host::DocumentType>();
