@@ -82,7 +82,7 @@ void Compare(client::Program& program, const Study& study, const std::function<Q
               Median(ours) / Median(plain));
 }
 
-int Run(int argc, char** argv) {
+int Measure(int argc, char** argv) {
   const QTemporaryDir folder;
   qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
   client::Application application(argc, argv);
@@ -112,5 +112,5 @@ int Run(int argc, char** argv) {
 }  // namespace kiv::bench
 
 int main(int argc, char** argv) {
-  return kiv::bench::Run(argc, argv);
+  return kiv::bench::Measure(argc, argv);
 }

@@ -45,7 +45,7 @@ void Print(const char* what, const std::vector<double>& plain, const std::vector
               Median(ours), Median(ours) / Median(plain));
 }
 
-int Run() {
+int Measure() {
   const QTemporaryDir folder;
   qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
   const std::string file = folder.filePath("bench.db").toStdString();
@@ -84,5 +84,5 @@ int Run() {
 }  // namespace kiv::bench
 
 int main() {
-  return kiv::bench::Run();
+  return kiv::bench::Measure();
 }

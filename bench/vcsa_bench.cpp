@@ -43,7 +43,7 @@ void Print(const char* what, const std::vector<double>& plain, const std::vector
               Median(ours), Median(ours) / Median(plain), goal);
 }
 
-int Run() {
+int Measure() {
   const auto folder = std::filesystem::temp_directory_path() / "kiv-vcsa-bench";
   std::filesystem::remove_all(folder);
   const std::string file = folder / "bench.db";
@@ -93,5 +93,5 @@ int Run() {
 }  // namespace kiv::bench
 
 int main() {
-  return kiv::bench::Run();
+  return kiv::bench::Measure();
 }

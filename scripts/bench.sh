@@ -5,7 +5,7 @@ cd "$(dirname "$0")/.."
 
 scripts/setup.sh
 scripts/build.sh bench
-export QT_QPA_PLATFORM=offscreen
+export QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES="default.warning=false"
 build/bench/bench/editor_bench
 build/bench/bench/plm_bench
 build/bench/bench/vcsa_bench
