@@ -1,6 +1,7 @@
 #include "client/entity_tree.h"
 
 #include <QAction>
+#include <QDrag>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -219,7 +220,7 @@ void EntityTree::DragSelection() {
                                                 : QStringLiteral("%L1 elements").arg(nodes.size()),
                               *this));
   const EntityDrag::Scope scope(drag_, std::move(nodes));
-  runDrag(*drag);
+  drag->exec(Qt::CopyAction);
   if (drag) drag->deleteLater();
 }
 

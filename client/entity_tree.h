@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QDrag>
 #include <QWidget>
 #include <functional>
 #include <vector>
@@ -42,8 +41,6 @@ class EntityTree : public QWidget {
 
   /// Drags the selected elements until they are dropped or the drag is given up.
   void DragSelection();
-  /// How a drag is run; a program without a mouse may put another way here.
-  std::function<void(QDrag& drag)> runDrag = [](QDrag& drag) { drag.exec(Qt::CopyAction); };
 
   /// The user wants to import a network.
   Signal<> ImportWanted;

@@ -7,8 +7,8 @@ packages=(
   cmake ninja-build g++ libsqlite3-dev libpq-dev qt6-base-dev libcli11-dev nlohmann-json3-dev
   # the program on a desktop
   fonts-dejavu-core
-  # tests and checks; their PostgreSQL servers are started and stopped by themselves
-  libgtest-dev libgmock-dev clang-format postgresql-15
+  # tests and checks; their PostgreSQL and X servers are started and stopped by themselves
+  libgtest-dev libgmock-dev clang-format postgresql-15 xvfb xdotool
   # the demonstration and the benchmarks
   sqlite3
 )

@@ -6,14 +6,12 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTreeView>
 
 #include "client/demo/user_hand.h"
 #include "client/entity_tree.h"
-#include "host/constants.h"
 
 namespace kiv::client {
 namespace {
@@ -158,6 +156,7 @@ TEST_F(NetworkTree, HandsOutWhatIsSelectedFromTopToBottom) {
   EXPECT_THAT(Selected(), ElementsAre("Cell:237"));
   Select({1});
   EXPECT_THAT(Selected(), ElementsAre("System:1"));
+  EXPECT_NE(drag_.RegisterFormat("Ours"), drag_.RegisterFormat("Other"));
 }
 
 TEST_F(NetworkTree, KeepsWhatIsOpenAndSelectedOverASearchAndAnImport) {
@@ -183,35 +182,6 @@ TEST_F(NetworkTree, KeepsWhatIsOpenAndSelectedOverASearchAndAnImport) {
   EXPECT_THAT(Selected(), ElementsAre("Cell:237"));
   EXPECT_TRUE(view_.isExpanded(IndexOf(12)));
   EXPECT_FALSE(view_.isExpanded(IndexOf(11)));
-}
-
-TEST_F(NetworkTree, DragsWithTheMouse) {
-  EXPECT_EQ(drag_.RegisterFormat(host::kConfigEntityTreeFormat),
-            drag_.RegisterFormat(host::kConfigEntityTreeFormat));
-  EXPECT_NE(drag_.RegisterFormat(host::kConfigEntityTreeFormat), drag_.RegisterFormat("Other"));
-  std::vector<std::string> dragged;
-  tree_.runDrag = [&](QDrag& drag) {
-    EXPECT_EQ(drag.mimeData()->formats(), QStringList(host::kConfigEntityTreeFormat));
-    dragged = Keys(drag_.DraggedNodes());
-  };
-  const auto dragFrom = [&](std::int32_t instance) {
-    dragged.clear();
-    const QPoint from = view_.visualRect(IndexOf(instance)).center();
-    QTest::mousePress(view_.viewport(), Qt::LeftButton, {}, from);
-    for (int step = 1; step <= 2; ++step) {
-      QMouseEvent move(QEvent::MouseMove, from + QPoint(0, 20 * step),
-                       view_.viewport()->mapToGlobal(from + QPoint(0, 20 * step)), Qt::NoButton,
-                       Qt::LeftButton, {});
-      QApplication::sendEvent(view_.viewport(), &move);
-    }
-    QTest::mouseRelease(view_.viewport(), Qt::LeftButton, {}, from);
-    EXPECT_THAT(drag_.DraggedNodes(), IsEmpty());
-  };
-  dragFrom(12);
-  EXPECT_THAT(dragged, ElementsAre("Ecp:12"));
-  Select({117, 237});
-  dragFrom(237);
-  EXPECT_THAT(dragged, ElementsAre("Cell:117", "Cell:237"));
 }
 
 TEST_F(NetworkTree, AddsToAStudyByKeyAndDoubleClick) {

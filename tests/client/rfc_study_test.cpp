@@ -5,7 +5,6 @@
 #include "client/scenario_strip.h"
 #include "client/study_session.h"
 #include "client/study_store.h"
-#include "core/conversions.h"
 #include "core/study_kinds.h"
 #include "database/schema.h"
 #include "rfc/cdma_3g_tab.h"
@@ -14,6 +13,7 @@
 #include "rfc/rfc_studies.h"
 #include "support/engine.h"
 #include "support/fake_host.h"
+#include "support/rows_text.h"
 #include "support/temp_folder.h"
 
 namespace kiv::client {
@@ -87,19 +87,8 @@ class RfcStudies : public ::testing::TestWithParam<test::Engine> {
     EXPECT_EQ(host_.TakeMessage(), "");
   }
 
-  /// The rows of a query, as "1|Y;2|N;".
   std::string Rows(const std::string& columns, const std::string& table) {
-    const auto rows = connection_->OpenQuery("SELECT " + columns + " FROM " + table, 9);
-    const auto count = std::count(columns.begin(), columns.end(), ',') + 1;
-    std::string text;
-    for (; !rows->EndOfFile(); rows->MoveNext()) {
-      for (int column = 0; column < count; ++column) {
-        const Variant value = rows->FieldAt(column);
-        text += (column > 0 ? "|" : "") + (value.IsNull() ? "NULL" : ToText(value));
-      }
-      text += ";";
-    }
-    return text;
+    return test::RowsText(*connection_, columns, table);
   }
   std::string Study() { return Rows("dBm, MultipleDns, UseEcp, F, R", "KIV_RfcStudy"); }
   std::string Entities() {
