@@ -13,6 +13,7 @@
 #include "host/services.h"
 #include "plain_sqlite.h"
 #include "plain_vcsa.h"
+#include "sample_vcsa.h"
 #include "timing.h"
 #include "vcsa/vcs_data.h"
 
@@ -22,20 +23,6 @@ namespace {
 constexpr int kStudy = 1;
 constexpr int kCells = 1000;
 constexpr int kRounds = 15;
-
-void FillStudy(CKivVcsData& data) {
-  std::array<std::string, CKivVcsData::kTexts> texts;
-  texts.fill("N");
-  data.Initialize(kStudy, texts);
-  for (int i = 1; i <= kCells; ++i) {
-    data.AddCell(i, 1, i / 100, i);
-    CCell& cell = AsCell(data.Cells()->Item("Cell:" + std::to_string(i)));
-    for (int antenna = 1; antenna <= 6; ++antenna) cell.AddAntenna(0, 1, i / 100, i, antenna, antenna == 1);
-    for (const char* carrier : {"384", "425", "466"}) {
-      cell.AddCarrier(0, "1", std::to_string(i / 100), std::to_string(i), carrier, false);
-    }
-  }
-}
 
 void Print(const char* what, const std::vector<double>& plain, const std::vector<double>& ours,
            const char* goal) {
@@ -55,7 +42,8 @@ int Measure() {
       "INSERT INTO kiv_study (id, kind, name, modified_by, modified_at) VALUES (1, 'VCSA Study', 'x', 'x', "
       "'x')");
   CKivVcsData study;
-  FillStudy(study);
+  study.SetID(kStudy);
+  FillVcsaStudy(study, kCells);
   {
     database::Transaction transaction(*connection);
     study.InsertNew();

@@ -10,7 +10,7 @@ namespace {
 /// Larger statements save nothing more, and their failure would come late.
 constexpr std::size_t kMostRowsInStatement = 500;
 constexpr std::size_t kMostStatements = 100;
-constexpr std::size_t kMostBytes = 128 * 1024;
+constexpr std::size_t kMostBytes = 256 * 1024;
 
 bool IsDigit(char character) {
   return character >= '0' && character <= '9';
@@ -123,27 +123,40 @@ std::size_t RowStart(std::string_view sql) {
 
 }  // namespace
 
+/// Tables take turns when a list of entities is written with the lists of each, so that the last group is not
+/// enough to look at; full groups stay behind.
+InsertBatch::Group* InsertBatch::FindGroup(std::string_view head) {
+  const auto found = std::find_if(groups_.rbegin(), groups_.rend(), [head](const Group& group) {
+    return group.rows < kMostRowsInStatement &&
+           head == std::string_view(group.statement).substr(0, group.headLength);
+  });
+  return found == groups_.rend() ? nullptr : &*found;
+}
+
 bool InsertBatch::Take(std::string_view sql) {
   const std::size_t rowStart = RowStart(sql);
   if (rowStart == std::string_view::npos || (!Empty() && bytes_ + sql.size() > kMostBytes)) return false;
-  const bool joins = !Empty() && rows_ < kMostRowsInStatement &&
-                     sql.substr(0, rowStart) == std::string_view(statements_.back()).substr(0, headLength_);
-  if (!joins && statements_.size() == kMostStatements) return false;
-  bytes_ += sql.size();
-  if (joins) {
-    statements_.back().append(", ").append(sql.substr(rowStart));
-    ++rows_;
-    return true;
+  Group* const group = FindGroup(sql.substr(0, rowStart));
+  if (!group && groups_.size() == kMostStatements) return false;
+  if (group) {
+    const std::string_view row = sql.substr(rowStart);
+    group->statement.append(", ").append(row);
+    ++group->rows;
+    bytes_ += row.size();
+  } else {
+    groups_.push_back({std::string(sql), rowStart, 1});
+    bytes_ += sql.size();
   }
-  statements_.emplace_back(sql);
-  headLength_ = rowStart;
-  rows_ = 1;
   return true;
 }
 
 std::vector<std::string> InsertBatch::Release() {
+  std::vector<std::string> statements;
+  statements.reserve(groups_.size());
+  for (Group& group : groups_) statements.push_back(std::move(group.statement));
+  groups_.clear();
   bytes_ = 0;
-  return std::exchange(statements_, {});
+  return statements;
 }
 
 }  // namespace kiv::database

@@ -61,6 +61,8 @@ class PostgresDatabase : public SqlConnection {
     std::size_t statement = 0;
   };
   Answer AskTogether(std::span<const std::string> statements, std::span<const char* const> lastValues);
+  /// For what needs no limit of its own: changing it would cost more than the statement.
+  int TimeoutAsItIs() const { return timeoutSeconds_ < 0 ? kNoTimeout : timeoutSeconds_; }
   /// The statement that sets another time-out than the server has.
   std::string TimeoutSetting(int timeoutSeconds);
 

@@ -9,4 +9,5 @@ export QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES="default.warning=false"
 build/bench/bench/editor_bench
 build/bench/bench/plm_bench
 build/bench/bench/vcsa_bench
+build/bench/bench/storage_bench
 bench/list_bench.sh build/bench

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -90,39 +91,43 @@ TEST(InsertBatch, NothingElseJoins) {
   }
 }
 
-TEST(InsertBatch, OtherTablesAndColumnsComeNext) {
+TEST(InsertBatch, TablesFollowInTheOrderOfTheirFirstRows) {
   InsertBatch batch;
   for (const char* sql :
        {"INSERT INTO T (A) VALUES (1)", "INSERT INTO U (A) VALUES (1)", "INSERT INTO U (A) VALUES (2)",
         "INSERT INTO U (B) VALUES (3)", "INSERT INTO T (A) VALUES (4)", "INSERT INTO TT (A) VALUES (5)",
-        "INSERT INTO TT (A, B) VALUES (6, 7)"}) {
+        "INSERT INTO TT (A, B) VALUES (6, 7)", "INSERT INTO U (A) VALUES (8)"}) {
     EXPECT_TRUE(batch.Take(sql)) << sql;
   }
   EXPECT_THAT(batch.Release(),
-              ElementsAre("INSERT INTO T (A) VALUES (1)", "INSERT INTO U (A) VALUES (1), (2)",
-                          "INSERT INTO U (B) VALUES (3)", "INSERT INTO T (A) VALUES (4)",
-                          "INSERT INTO TT (A) VALUES (5)", "INSERT INTO TT (A, B) VALUES (6, 7)"));
+              ElementsAre("INSERT INTO T (A) VALUES (1), (4)", "INSERT INTO U (A) VALUES (1), (2), (8)",
+                          "INSERT INTO U (B) VALUES (3)", "INSERT INTO TT (A) VALUES (5)",
+                          "INSERT INTO TT (A, B) VALUES (6, 7)"));
 }
 
 TEST(InsertBatch, BatchesHaveAnEnd) {
   InsertBatch batch;
-  const auto taken = [&batch](const std::string& one, const std::string& other) {
-    int rows = 0;
-    while (rows < 100000 && batch.Take(rows % 2 == 0 ? one : other)) ++rows;
-    return rows;
-  };
-  const std::string row = "INSERT INTO T (A) VALUES (1)";
-  const int ofOneTable = taken(row, row);
-  EXPECT_GE(ofOneTable, 100);
-  EXPECT_LT(ofOneTable, 100000);
-  batch.Release();
-  const int ofTwoTables = taken(row, "INSERT INTO U (A) VALUES (1)");
-  EXPECT_GE(ofTwoTables, 50);
-  EXPECT_LT(ofTwoTables, ofOneTable);
+  int rows = 0;
+  while (rows < 100000 && batch.Take("INSERT INTO T (A) VALUES (" + std::to_string(rows) + ")")) ++rows;
+  EXPECT_GE(rows, 1000);
+  EXPECT_LT(rows, 100000);
+  std::string sent;
+  for (const std::string& statement : batch.Release()) {
+    EXPECT_LT(std::ranges::count(statement, ','), 1000) << "a statement has an end as well";
+    sent += (sent.empty() ? "" : ", ") + statement.substr(statement.find("VALUES ") + 7);
+  }
+  std::string expected = "(0)";
+  for (int row = 1; row < rows; ++row) expected += ", (" + std::to_string(row) + ")";
+  EXPECT_EQ(sent, expected);
+
+  int tables = 0;
+  while (tables < 100000 && batch.Take("INSERT INTO T" + std::to_string(tables) + " (A) VALUES (1)"))
+    ++tables;
+  EXPECT_LT(tables, 1000);
   batch.Release();
   const std::string large = "INSERT INTO T (A) VALUES ('" + std::string(1000000, 'x') + "')";
   EXPECT_TRUE(batch.Take(large)) << "a large row may wait, but alone";
-  EXPECT_FALSE(batch.Take(row));
+  EXPECT_FALSE(batch.Take("INSERT INTO T (A) VALUES (1)"));
   EXPECT_THAT(batch.Release(), ElementsAre(large));
 }
 

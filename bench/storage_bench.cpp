@@ -1,0 +1,169 @@
+// Saving and loading VCSA studies through the program's store against the plain C libraries that run the very
+// same statement texts one by one: on SQLite, on a PostgreSQL server on this machine, and on one 1 ms away.
+
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "client/study_store.h"
+#include "core/study_kinds.h"
+#include "database/open.h"
+#include "delay_proxy.h"
+#include "plain_library.h"
+#include "sample_vcsa.h"
+#include "support/postgres_server.h"
+#include "support/temp_folder.h"
+#include "support/test_store.h"
+#include "support/watched_connection.h"
+#include "timing.h"
+#include "vcsa/vcsa_studies.h"
+
+namespace kiv::bench {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+constexpr int kCells = 1000;
+
+/// Remembers the texts of what it passes on.
+class RecordingConnection : public test::WatchedConnection {
+ public:
+  using WatchedConnection::WatchedConnection;
+
+  Texts texts;
+  bool recording = false;
+
+  std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql, int timeoutSeconds) override {
+    if (recording) texts.push_back(sql);
+    return WatchedConnection::OpenQuery(sql, timeoutSeconds);
+  }
+  void ExecuteSql(const std::string& sql) override {
+    if (recording) texts.push_back(sql);
+    WatchedConnection::ExecuteSql(sql);
+  }
+};
+
+/// A stored study, and the texts that saving and loading it takes.
+class Subject {
+ public:
+  Subject(const std::string& database, int cells)
+      : connection_(std::make_shared<RecordingConnection>(
+            database::OpenStudyDatabase(database, database::OpenMode::CreateIfMissing))),
+        store_(connection_),
+        study_(store_->New(std::string(kVcsStudy))) {
+    study_.name = "Downtown";
+    FillVcsaStudy(*study_.record->SubRecordAs<CKivVcsData>(), cells);
+    Save();
+    saving_ = Recorded([this] { Save(); });
+    // The recorded revision is over when the text is run again.
+    std::string& studyRow = saving_.front();
+    const std::size_t condition = studyRow.find(" AND revision = ");
+    studyRow.erase(condition, studyRow.find(" RETURNING") - condition);
+    loading_ = Recorded([this] { Load(); });
+  }
+
+  const Texts& SavingTexts() const { return saving_; }
+  const Texts& LoadingTexts() const { return loading_; }
+
+  void Save() { store_->Save(study_, "bench"); }
+  void Load() { study_ = store_->Load(study_.record->ID()); }
+
+ private:
+  Texts Recorded(const std::function<void()>& work) {
+    connection_->texts.clear();
+    connection_->recording = true;
+    work();
+    connection_->recording = false;
+    return connection_->texts;
+  }
+
+  std::shared_ptr<RecordingConnection> connection_;
+  test::TestStore store_;
+  client::Study study_;
+  Texts saving_;
+  Texts loading_;
+};
+
+void Print(const char* what, const std::vector<double>& plain, const std::vector<double>& ours,
+           const char* goal) {
+  std::printf("  %-8s plain library %9.2f ms   this program %8.2f ms   %5.2f times as fast (%s)\n", what,
+              Median(plain), Median(ours), Median(plain) / Median(ours), goal);
+}
+
+using Connect = std::function<std::unique_ptr<PlainLibrary>()>;
+
+struct Rounds {
+  int connections;  ///< both sides connect anew: where a server's process happens to run decides much
+  int each;
+};
+
+void Compare(const char* title, const std::string& database, const Connect& connect, Rounds rounds,
+             const char* savingGoal) {
+  std::vector<double> plainSaves, ourSaves, plainLoads, ourLoads;
+  for (int connection = 0; connection < rounds.connections; ++connection) {
+    Subject subject(database, kCells);
+    const std::unique_ptr<PlainLibrary> plain = connect();
+    for (int round = 0; round < rounds.each; ++round) {
+      plainSaves.push_back(Milliseconds([&] { plain->RunInTransaction(subject.SavingTexts()); }));
+      subject.Load();  // what the plain library wrote has another revision
+      ourSaves.push_back(Milliseconds([&] { subject.Save(); }));
+      plainLoads.push_back(Milliseconds([&] {
+        for (const std::string& sql : subject.LoadingTexts()) plain->Fetch(sql);
+      }));
+      ourLoads.push_back(Milliseconds([&] { subject.Load(); }));
+    }
+  }
+  std::printf("%s: VCSA study of 1,000 cells, 6,000 antennas, 3,000 carriers (median of %d):\n", title,
+              rounds);
+  Print("saving", plainSaves, ourSaves, savingGoal);
+  Print("loading", plainLoads, ourLoads, "at least 0.77: in at most 1.3 times its time");
+}
+
+void Grow(const char* title, const std::function<std::string()>& newDatabase) {
+  std::printf("%s, time for each row of studies that grow:\n", title);
+  for (const int cells : {100, 1000, 10000}) {
+    Subject subject(newDatabase(), cells);
+    std::vector<double> saves, loads;
+    for (int round = 0; round < 5; ++round) {
+      saves.push_back(Milliseconds([&] { subject.Save(); }));
+      loads.push_back(Milliseconds([&] { subject.Load(); }));
+    }
+    const double rows = 10.0 * cells;
+    std::printf("  %6d cells: saving %6.2f us, loading %6.2f us (not rising)\n", cells,
+                Median(saves) / rows * 1000, Median(loads) / rows * 1000);
+  }
+}
+
+void Measure() {
+  RegisterVcsaStudies();
+  const test::TempFolder folder;
+  int files = 0;
+  const auto newFile = [&] { return folder.File("bench" + std::to_string(++files) + ".db"); };
+  const std::string file = newFile();
+  database::OpenStudyDatabase(file, database::OpenMode::CreateIfMissing);
+  Compare(
+      "SQLite", file, [&] { return PlainSqlite(file); }, {1, 15}, "at least 2");
+  Grow("SQLite", newFile);
+
+  test::PostgresServer server(test::PostgresServer::Use::Measurements);
+  const std::string near = server.NewDatabase();
+  Compare(
+      "PostgreSQL, loopback", near, [&] { return PlainPostgres(near); }, {7, 3}, "at least 5");
+  Grow("PostgreSQL, loopback", [&] { return server.NewDatabase(); });
+
+  const DelayProxy proxy(server.Port(), std::chrono::milliseconds(1));
+  std::string far = server.NewDatabase();
+  const std::string port = ":" + std::to_string(server.Port());
+  far.replace(far.find(port), port.size(), ":" + std::to_string(proxy.Port()));
+  Compare(
+      "PostgreSQL, 1 ms away", far, [&] { return PlainPostgres(far); }, {1, 1}, "at least 10");
+}
+
+}  // namespace
+}  // namespace kiv::bench
+
+int main() {
+  kiv::bench::Measure();
+}
