@@ -116,7 +116,7 @@ void Compare(const char* title, const std::string& database, const Connect& conn
     }
   }
   std::printf("%s: VCSA study of 1,000 cells, 6,000 antennas, 3,000 carriers (median of %d):\n", title,
-              rounds);
+              rounds.connections * rounds.each);
   Print("saving", plainSaves, ourSaves, savingGoal);
   Print("loading", plainLoads, ourLoads, "at least 0.77: in at most 1.3 times its time");
 }
