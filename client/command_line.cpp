@@ -7,6 +7,8 @@
 #include "client/network_import.h"
 #include "client/network_printer.h"
 #include "client/program.h"
+#include "client/study_files.h"
+#include "client/study_import_printer.h"
 #include "client/study_printer.h"
 #include "client/study_session.h"
 #include "client/terminal_text.h"
@@ -34,6 +36,9 @@ class Silence : public host::Beeper {
   void Beep() override {}
 };
 
+/// In place of the name of a file.
+constexpr const char* kStandardOutput = "-";
+
 /// The parsed options of every command.
 struct Options {
   std::string database;
@@ -41,6 +46,10 @@ struct Options {
   bool json = false;
   bool dryRun = false;
   std::int32_t id = 0;
+  std::vector<std::int32_t> ids;
+  std::string idOrFile;
+  std::vector<std::string> files;
+  std::string output = kStandardOutput;
 
   std::string DatabasePath() const { return database.empty() ? Program::DefaultDatabasePath() : database; }
   OutputFormat Format() const { return json ? OutputFormat::Json : OutputFormat::Text; }
@@ -76,9 +85,36 @@ int Show(Program& program, const Options& options, std::ostream& out) {
   return kOk;
 }
 
-int Validate(Program& program, const Options& options, std::ostream& out) {
-  const StudySession session(program.Store(), program.Store().Load(options.id));
+int Report(const StudyImportReport& report, const Options& options, std::ostream& out, std::ostream& err) {
+  PrintStudyImport(report, options.Format(), out, err);
+  return report.problems.empty() ? kOk : kRefused;
+}
+
+/// A number is that of a stored study; anything else is the name of a file.
+int Validate(Program& program, const Options& options, std::ostream& out, std::ostream& err) {
+  std::int32_t id = 0;
+  if (!CLI::detail::lexical_cast(options.idOrFile, id)) {
+    return Report(CheckStudies(program.Store(), {options.idOrFile}), options, out, err);
+  }
+  const StudySession session(program.Store(), program.Store().Load(id));
   return PrintProblems(session, options.Format(), out) == 0 ? kOk : kRefused;
+}
+
+int Export(Program& program, const Options& options, std::ostream& out) {
+  const std::string text = ExportStudies(program.Store(), options.ids);
+  if (options.output == kStandardOutput) {
+    out << text;
+  } else {
+    WriteStudyFile(options.output, text);
+  }
+  return kOk;
+}
+
+int Import(Program& program, const Options& options, std::ostream& out, std::ostream& err) {
+  StudyStore& store = program.Store();
+  return Report(options.dryRun ? CheckStudies(store, options.files)
+                               : ImportStudies(store, options.files, program.UserName()),
+                options, out, err);
 }
 
 int ImportNetworkFolder(Program& program, const Options& options, std::ostream& out, std::ostream& err) {
@@ -144,9 +180,20 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
   CLI::App* show = addCommand("show", "Show everything that is stored of a study");
   addId(show);
   addJson(show);
-  CLI::App* validate = addCommand("validate", "Check a study by the rules of its editor");
-  addId(validate);
+  CLI::App* validate = addCommand("validate", "Check studies by the rules of their editors");
+  validate->add_option("ID|FILE", options.idOrFile, "Number of a stored study, or a file with exported ones")
+      ->required();
   addJson(validate);
+  CLI::App* exportStudies =
+      addCommand("export", "Write studies as JSON, for other databases and for version control");
+  exportStudies->add_option("ID", options.ids, "Numbers of the studies (default: all)");
+  exportStudies->add_option("--output", options.output, "File to write (default: standard output)")
+      ->type_name("FILE");
+  CLI::App* importStudies =
+      addCommand("import", "Store the studies of exported files as new ones, all of them or nothing");
+  importStudies->add_option("FILE", options.files, "Files that export has written")->required();
+  importStudies->add_flag("--dry-run", options.dryRun, "Only check every study");
+  addJson(importStudies);
 
   CLI::App* importNetwork = addCommand(
       "import-network", "Replace the network by the CSV files of a folder, all of them or nothing");
@@ -176,7 +223,9 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
     program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Refuse);
     if (list->parsed()) return List(program, options, out);
     if (show->parsed()) return Show(program, options, out);
-    return Validate(program, options, out);
+    if (exportStudies->parsed()) return Export(program, options, out);
+    if (importStudies->parsed()) return Import(program, options, out, err);
+    return Validate(program, options, out, err);
   } catch (const std::exception& error) {
     return Refuse(error, err);
   }

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <nlohmann/json.hpp>
 #include <ostream>
 
+#include "client/json.h"
+#include "client/study_problems.h"
 #include "client/terminal_text.h"
 #include "core/conversions.h"
 
@@ -12,50 +13,11 @@ namespace kiv::client {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 constexpr std::size_t kColumns = 7;
 using Line = std::array<std::string, kColumns>;
-constexpr const char* kWholeStudy = "Study";  // where a problem is that belongs to no tab
-
-/// Texts of a database may be anything; a bad byte must not keep the rest from being printed.
-std::string Dump(const Json& json, int indent) {
-  return json.dump(indent, ' ', false, Json::error_handler_t::replace);
-}
 
 std::string MinutesText(std::int32_t minutes) {
   return minutes == CKivStudyData::kNotGiven ? std::string() : std::to_string(minutes);
-}
-
-Json NumberOrNull(std::int32_t number) {
-  return number == CKivStudyData::kNotGiven ? Json() : Json(number);
-}
-
-Json JsonValue(const Variant& value) {
-  if (const auto* number = std::get_if<std::int64_t>(&value.Value())) return *number;
-  if (value.IsNull()) return nullptr;
-  return ToText(value);
-}
-
-/// A list whose entries are a number or a text each, such as channels.
-bool IsPlain(const StoredList& list) {
-  return std::all_of(list.entries.begin(), list.entries.end(), [](const StoredEntry& entry) {
-    return entry.fields.size() == 1 && entry.lists.empty();
-  });
-}
-
-Json JsonEntry(const StoredEntry& entry) {
-  Json json = Json::object();
-  for (const NamedValue& field : entry.fields) json[std::string(field.name)] = JsonValue(field.value);
-  for (const StoredList& list : entry.lists) {
-    const bool plain = IsPlain(list);
-    Json entries = Json::array();
-    for (const StoredEntry& inner : list.entries) {
-      entries.push_back(plain ? JsonValue(inner.fields[0].value) : JsonEntry(inner));
-    }
-    json[std::string(list.name)] = std::move(entries);
-  }
-  return json;
 }
 
 std::string PlainText(const Json& value) {
@@ -121,13 +83,6 @@ std::string ScenarioName(const std::vector<host::Document>& scenarios, std::int3
   return found == scenarios.end() ? std::string() : found->name;
 }
 
-/// The messages are written for message boxes; here each is one line.
-std::string OneLine(std::string text) {
-  std::erase(text, '\r');
-  std::replace(text.begin(), text.end(), '\n', ' ');
-  return text;
-}
-
 }  // namespace
 
 void PrintStudies(const std::vector<StudySummary>& studies, OutputFormat format, std::ostream& out) {
@@ -142,7 +97,7 @@ void PrintStudies(const std::vector<StudySummary>& studies, OutputFormat format,
                       {"modifiedBy", study.modifiedBy},
                       {"modifiedAt", study.modifiedAt}});
     }
-    out << Dump(list, 2) << '\n';
+    out << ShownJson(list) << '\n';
     return;
   }
   std::vector<Line> lines = {{"ID", "KIND", "NAME", "SCENARIO", "MINUTES", "CHANGED BY", "CHANGED AT"}};
@@ -157,24 +112,15 @@ void PrintStudies(const std::vector<StudySummary>& studies, OutputFormat format,
 void PrintStudy(const Study& study, const std::vector<host::Document>& scenarios, OutputFormat format,
                 std::ostream& out) {
   const CKivStudyData& record = *study.record;
-  Json json = {{"id", record.ID()},
-               {"kind", record.AppName()},
-               {"name", study.name},
-               {"scenario", ScenarioName(scenarios, record.ScenarioID())},
-               {"durationMinutes", NumberOrNull(record.Duration())},
-               {"pollingIntervalSeconds", NumberOrNull(record.PollingInterval())},
-               {"retrieveDelayMinutes", NumberOrNull(record.RetrieveDelay())},
-               {"revision", study.revision}};
-  const bool complete = study.kindData == KindData::Complete;
+  Json json = {{"id", record.ID()}, {"revision", study.revision}};
+  json.update(ContentOf(study, ScenarioName(scenarios, record.ScenarioID())));
   if (format == OutputFormat::Json) {
-    json["data"] =
-        !complete ? Json()
-                  : JsonEntry({{}, record.SubRecord()->StoredFields(), record.SubRecord()->StoredLists()});
-    out << Dump(json, 2) << '\n';
+    out << ShownJson(json) << '\n';
     return;
   }
+  json.erase(key::kData);
   for (const auto& [name, value] : json.items()) PrintField({}, name, PlainText(value), out);
-  if (!complete) return;
+  if (study.kindData != KindData::Complete) return;
   out << '\n';
   for (const NamedValue& field : record.SubRecord()->StoredFields()) {
     PrintField({}, std::string(field.name), ToText(field.value), out);
@@ -187,30 +133,21 @@ void PrintStudy(const Study& study, const std::vector<host::Document>& scenarios
 }
 
 std::size_t PrintProblems(const StudySession& session, OutputFormat format, std::ostream& out) {
-  Json list = Json::array();
-  const auto add = [&list](const std::string& tab, const std::string& control, const std::string& message,
-                           host::MessageStyle style = host::MessageStyle::Critical) {
-    list.push_back({{"tab", tab},
-                    {"control", control},
-                    {"severity", style == host::MessageStyle::Warning ? "warning" : "error"},
-                    {"message", message}});
-  };
-  if (session.Data() == KindData::Missing) add(kWholeStudy, {}, MissingDataText(session.ID()));
-  if (const auto problem = session.NameProblem()) add(kWholeStudy, "studyName", *problem);
-  for (const Tab* tab : session.HeaderAndTabs()) {
-    for (const Problem& problem : tab->Problems()) {
-      add(tab->Title(), problem.control->Name(), problem.message, problem.style);
-    }
-  }
+  const std::vector<StudyProblem> problems = ProblemsOf(session);
   if (format == OutputFormat::Json) {
-    out << Dump(list, 2) << '\n';
-    return list.size();
+    Json list = Json::array();
+    for (const StudyProblem& problem : problems) {
+      list.push_back({{"tab", problem.tab},
+                      {"control", problem.control},
+                      {"severity", problem.style == host::MessageStyle::Warning ? "warning" : "error"},
+                      {"message", problem.message}});
+    }
+    out << ShownJson(list) << '\n';
+  } else {
+    for (const StudyProblem& problem : problems) out << TerminalText(ProblemText(problem)) << '\n';
+    if (problems.empty()) out << "Study " << session.ID() << " is valid.\n";
   }
-  for (const Json& problem : list) {
-    out << problem["tab"].get<std::string>() << ": " << OneLine(problem["message"]) << '\n';
-  }
-  if (list.empty()) out << "Study " << session.ID() << " is valid.\n";
-  return list.size();
+  return problems.size();
 }
 
 }  // namespace kiv::client

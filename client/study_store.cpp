@@ -29,12 +29,6 @@ std::string UtcNow() {
   return text;
 }
 
-std::string EditorNameOf(const std::string& kind) {
-  const StudyEditor* editor = FindStudyEditor(kind);
-  if (!editor) throw UnknownKind(kind);
-  return std::string(editor->editorName);
-}
-
 /// A scenario that was never chosen has no row to point at.
 Variant ScenarioReference(std::int32_t id) {
   return id == CKivStudyData::kNotGiven ? Variant() : Variant(id);
@@ -111,13 +105,6 @@ class InsertWhenMissing {
 
 }  // namespace
 
-std::string MissingDataText(std::int32_t id) {
-  return "The data of study " + std::to_string(id) +
-         " are missing in the database; only its name, scenario and times are there. Restore them from a "
-         "copy "
-         "of the database, or complete the pages and save the study, which stores them again.";
-}
-
 StudyStore::StudyStore(std::shared_ptr<database::Connection> connection, std::shared_ptr<ErrorLog> errors)
     : connection_(std::move(connection)), errors_(std::move(errors)) {}
 
@@ -140,12 +127,6 @@ std::vector<StudySummary> StudyStore::List() const {
     study.modifiedAt = ToText(next());
   }
   return studies;
-}
-
-Study StudyStore::New(const std::string& kind) const {
-  Study study{std::make_shared<CKivStudyData>(), {}, 0, KindData::Complete};
-  study.record->InitNew(kind, EditorNameOf(kind), study.record->StudyType(), study.record->ScenarioType(), 0);
-  return study;
 }
 
 Study StudyStore::Load(std::int32_t id) const {
@@ -197,15 +178,9 @@ void StudyStore::Save(Study& study, const std::string& user) {
   const std::int32_t idBefore = record.ID();
   try {
     database::Transaction transaction(*connection_);
-    const ErrorLog::Watch watch(*errors_);
-    const WrittenRow row = WriteStudyRow(study, user);
-    {
-      const InsertWhenMissing missing(record, row.hasKindData);
-      record.SaveSubTableData();
-    }
-    watch.RaiseFirst();
+    const std::int32_t revision = Write(study, user);
     transaction.Commit();
-    study.revision = row.revision;
+    study.revision = revision;
     study.kindData = KindData::Complete;
     record.SetIsNew(false);
   } catch (const database::StatementError& error) {
@@ -218,6 +193,31 @@ void StudyStore::Save(Study& study, const std::string& user) {
     record.SetID(idBefore);
     throw;
   }
+}
+
+/// Writes a study within a transaction; returns its revision.
+std::int32_t StudyStore::Write(Study& study, const std::string& user) {
+  const ErrorLog::Watch watch(*errors_);
+  const WrittenRow row = WriteStudyRow(study, user);
+  {
+    const InsertWhenMissing missing(*study.record, row.hasKindData);
+    study.record->SaveSubTableData();
+  }
+  watch.RaiseFirst();
+  return row.revision;
+}
+
+void StudyStore::AddAll(std::vector<NamedStudy>& studies, const std::string& user) {
+  database::Transaction transaction(*connection_);
+  for (NamedStudy& named : studies) {
+    if (!named.scenario.empty()) {
+      const auto present = FindScenario(named.scenario);
+      named.study.record->SetScenarioID(present ? *present : AddScenario(named.scenario));
+    }
+    named.study.revision = Write(named.study, user);
+  }
+  transaction.Commit();
+  for (const NamedStudy& named : studies) named.study.record->SetIsNew(false);
 }
 
 bool StudyStore::ScenarioIsDeleted(const CKivStudyData& record) const {
@@ -297,12 +297,17 @@ std::vector<host::Document> StudyStore::Scenarios() const {
   return scenarios;
 }
 
+std::optional<std::int32_t> StudyStore::FindScenario(const std::string& name) const {
+  const auto rows = MSQL::OpenQuery("SELECT id FROM kiv_scenario WHERE lower(name) = lower(" +
+                                    connection_->FormatValueList({{Variant(name)}}) + ")");
+  if (rows->EndOfFile()) return std::nullopt;
+  return ToInt32(rows->FieldAt(0));
+}
+
 std::string StudyStore::CheckedScenarioName(const std::string& name, std::int32_t ownId) const {
   std::string trimmed(Trimmed(name));
   if (trimmed.empty()) throw StoreError("A scenario needs a name.");
-  const auto same = MSQL::OpenQuery("SELECT id FROM kiv_scenario WHERE lower(name) = lower(" +
-                                    connection_->FormatValueList({{Variant(trimmed)}}) + ")");
-  if (!same->EndOfFile() && ToInt32(same->FieldAt(0)) != ownId) {
+  if (FindScenario(trimmed).value_or(ownId) != ownId) {
     throw StoreError("There is already a scenario named \"" + trimmed + "\". Choose another name.");
   }
   return trimmed;

@@ -2,12 +2,13 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "client/error_log.h"
 #include "client/store_error.h"
-#include "core/study_data.h"
+#include "client/study.h"
 #include "database/connection.h"
 #include "host/documents.h"
 
@@ -24,24 +25,6 @@ struct StudySummary {
   std::string modifiedAt;  ///< UTC, such as 2026-03-09T13:05:00Z
 };
 
-/// Whether the database has what belongs to a study's kind.
-enum class KindData {
-  Complete,
-  Missing,  ///< no row: the record has its first values, and the next save stores it again
-  Unknown   ///< of a kind that this program does not know: there is no sub-record
-};
-
-/// Tells the user what KindData::Missing means and how it is mended.
-std::string MissingDataText(std::int32_t id);
-
-/// A study with what the program stores beside the shared record.
-struct Study {
-  std::shared_ptr<CKivStudyData> record;
-  std::string name;
-  std::int32_t revision = 0;  ///< counts the saves; 0 while the study was never stored
-  KindData kindData = KindData::Complete;
-};
-
 /// Studies and scenarios in the program's database. Database failures are raised as host::DatabaseError.
 class StudyStore {
  public:
@@ -53,7 +36,7 @@ class StudyStore {
   std::vector<StudySummary> List() const;
 
   /// A new study of a kind that is not stored yet.
-  Study New(const std::string& kind) const;
+  Study New(const std::string& kind) const { return NewStudy(kind); }
   /// A study as one save left it. Raises StoreError when there is no such study or when it could not be read
   /// completely. A study whose kind has no data is loaded; look at `kindData`.
   Study Load(std::int32_t id) const;
@@ -62,9 +45,13 @@ class StudyStore {
   void Save(Study& study, const std::string& user);
   /// Stores a copy under a new identifier; on failure the study is as it was before.
   void SaveCopy(Study& study, const std::string& user);
+  /// Stores new studies, all or none. A scenario that one names is made when there is none of that name.
+  void AddAll(std::vector<NamedStudy>& studies, const std::string& user);
   void Remove(std::int32_t id);
 
   std::vector<host::Document> Scenarios() const;
+  /// The scenario of a name, whose letter case does not matter.
+  std::optional<std::int32_t> FindScenario(const std::string& name) const;
   /// Identifier of the new scenario. Raises StoreError for an empty name or one that exists already.
   std::int32_t AddScenario(const std::string& name);
   void RenameScenario(std::int32_t id, const std::string& name);
@@ -78,6 +65,7 @@ class StudyStore {
   };
 
   Study LoadOnce(std::int32_t id) const;
+  std::int32_t Write(Study& study, const std::string& user);
   WrittenRow WriteStudyRow(const Study& study, const std::string& user);
   bool ScenarioIsDeleted(const CKivStudyData& record) const;
   StudyConflict ConflictOver(std::int32_t id) const;

@@ -5,11 +5,13 @@
 #include <initializer_list>
 #include <span>
 #include <string_view>
+#include <utility>
 
 #include "core/conversions.h"
 #include "core/fields.h"
 #include "core/kiv_study_ctls.h"
 #include "core/msql.h"
+#include "core/stored_reader.h"
 #include "host/services.h"
 
 namespace kiv::MSQL {
@@ -30,6 +32,10 @@ constexpr std::string_view kCellId = "CellId";
 constexpr std::string_view kAntennaId = "AntennaId";
 constexpr std::string_view kCarrierId = "CarrierId";
 constexpr std::string_view kSelected = "Selected";
+
+// What a cell has, as listings name it.
+constexpr std::string_view kAntennas = "Antennas";
+constexpr std::string_view kCarriers = "Carriers";
 
 void DeleteList(std::string_view table, std::int32_t listId) {
   Database().ExecuteSql("Delete From " + std::string(table) + " Where KIV_List_ID=" + std::to_string(listId));
@@ -77,6 +83,37 @@ std::string CellListQuery(std::string_view table, std::int32_t listId, const CCe
                           std::string_view orderBy) {
   return "SELECT * FROM " + std::string(table) + " WHERE KIV_List_Id = " + std::to_string(listId) +
          " AND CellId = " + std::to_string(cell.CellID()) + " ORDER BY " + std::string(orderBy);
+}
+
+/// The antennas or carriers of a cell, whose other numbers are the cell's.
+StoredList StoredParts(std::string_view name, const AntennaCollection& parts, std::string_view column,
+                       std::int32_t (CAntenna::*number)() const) {
+  StoredList list{name, {}};
+  list.entries.reserve(static_cast<std::size_t>(parts.Count()));
+  for (const auto& part : parts) {
+    StoredEntry& entry = list.entries.emplace_back();
+    entry.fields = {{kInstanceId, part->Instance_Id()},
+                    {column, (part.get()->*number)()},
+                    {kSelected, MKivStudyCtls::BoolToYN(part->Selected())}};
+  }
+  return list;
+}
+
+void ReadParts(StoredReader& reader, CCell& cell) {
+  reader.List(kAntennas, [&cell](StoredReader& entry) {
+    const std::int32_t instanceId = entry.Number(kInstanceId);
+    const std::int32_t antennaId = entry.Number(kAntennaId);
+    cell.AddAntenna(instanceId, cell.SystemID(), cell.EcpID(), cell.CellID(), antennaId,
+                    entry.YesNo(kSelected));
+    return Required(cell.Antennas()).Count();
+  });
+  reader.List(kCarriers, [&cell](StoredReader& entry) {
+    const std::int32_t instanceId = entry.Number(kInstanceId);
+    const std::int32_t carrierId = entry.Number(kCarrierId);
+    cell.AddCarrier(instanceId, std::to_string(cell.SystemID()), std::to_string(cell.EcpID()),
+                    std::to_string(cell.CellID()), std::to_string(carrierId), entry.YesNo(kSelected));
+    return Required(cell.Carriers()).Count();
+  });
 }
 
 }  // namespace
@@ -215,30 +252,58 @@ void LookupConfigCarriers(CCell& cell) {
       {"carrier_no"}, addCarrier);
 }
 
-StoredEntry StoredCell(const CCell& cell) {
-  const auto entries = [](const AntennaCollection& collection, std::string_view column,
-                          std::int32_t (CAntenna::*number)() const) {
-    std::vector<StoredEntry> stored;
-    for (const auto& entry : collection) {
-      stored.push_back({{},
-                        {{kInstanceId, entry->Instance_Id()},
-                         {column, (entry.get()->*number)()},
-                         {kSelected, MKivStudyCtls::BoolToYN(entry->Selected())}},
-                        {}});
-    }
-    return stored;
-  };
-  return {{},
-          {{kInstanceId, cell.InstanceID()},
-           {kSystemId, cell.SystemID()},
-           {kEcpId, cell.EcpID()},
-           {kCellId, cell.CellID()}},
-          {{"Antennas", entries(Required(cell.Antennas()), kAntennaId, &CAntenna::AntennaID)},
-           {"Carriers", entries(Required(cell.Carriers()), kCarrierId, &CAntenna::CarrierID)}}};
+StoredList StoredCells(std::string_view name, const EntityCollection& cells, CellParts parts) {
+  StoredList list{name, {}};
+  list.entries.reserve(static_cast<std::size_t>(cells.Count()));
+  for (const auto& entity : cells) {
+    const CCell& cell = AsCell(entity);
+    StoredEntry& entry = list.entries.emplace_back();
+    entry.fields = {{kInstanceId, cell.InstanceID()},
+                    {kSystemId, cell.SystemID()},
+                    {kEcpId, cell.EcpID()},
+                    {kCellId, cell.CellID()}};
+    if (parts == CellParts::None) continue;
+    entry.lists.push_back(
+        StoredParts(kAntennas, Required(cell.Antennas()), kAntennaId, &CAntenna::AntennaID));
+    entry.lists.push_back(
+        StoredParts(kCarriers, Required(cell.Carriers()), kCarrierId, &CAntenna::CarrierID));
+  }
+  return list;
 }
 
-StoredEntry StoredEcp(const CEcp& ecp) {
-  return {{}, {{kInstanceId, ecp.InstanceID()}, {kSystemId, ecp.SystemID()}, {kEcpId, ecp.EcpID()}}, {}};
+StoredList StoredEcps(std::string_view name, const EntityCollection& ecps) {
+  StoredList list{name, {}};
+  for (const auto& entity : ecps) {
+    const CEcp& ecp = AsEcp(entity);
+    StoredEntry& entry = list.entries.emplace_back();
+    entry.fields = {{kInstanceId, ecp.InstanceID()}, {kSystemId, ecp.SystemID()}, {kEcpId, ecp.EcpID()}};
+  }
+  return list;
+}
+
+void ReadCells(StoredReader& reader, std::string_view name, std::int32_t studyId, EntityCollection& cells,
+               CellParts parts) {
+  reader.List(name, [&](StoredReader& entry) {
+    const std::int32_t instanceId = entry.Number(kInstanceId);
+    const std::int32_t systemId = entry.Number(kSystemId);
+    const std::int32_t ecpId = entry.Number(kEcpId);
+    auto cell = MakeCell(studyId, instanceId, systemId, ecpId, entry.Number(kCellId));
+    if (parts == CellParts::AntennasAndCarriers) ReadParts(entry, *cell);
+    std::string key = cell->Key();
+    cells.Add(std::move(cell), std::move(key));
+    return cells.Count();
+  });
+}
+
+void ReadEcps(StoredReader& reader, std::string_view name, std::int32_t studyId, EntityCollection& ecps) {
+  reader.List(name, [&](StoredReader& entry) {
+    const std::int32_t instanceId = entry.Number(kInstanceId);
+    const std::int32_t systemId = entry.Number(kSystemId);
+    auto ecp = MakeEcp(studyId, instanceId, systemId, entry.Number(kEcpId));
+    std::string key = ecp->Key();
+    ecps.Add(std::move(ecp), std::move(key));
+    return ecps.Count();
+  });
 }
 
 }  // namespace kiv::MSQL

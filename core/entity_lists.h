@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "core/entities.h"
 #include "core/sub_record.h"
@@ -50,8 +51,15 @@ std::string FindCellTech(std::int32_t instanceId);
 void LookupConfigAntennas(CCell& cell);
 void LookupConfigCarriers(CCell& cell);
 
-/// A cell or an ECP as it is stored: the fields of its row, and a cell's antennas and carriers.
-StoredEntry StoredCell(const CCell& cell);
-StoredEntry StoredEcp(const CEcp& ecp);
+/// Which lists of its own a cell has in a study.
+enum class CellParts { None, AntennasAndCarriers };
+
+/// Cells or ECPs as they are stored: the fields of each row, and what belongs to a cell.
+StoredList StoredCells(std::string_view name, const EntityCollection& cells, CellParts parts);
+StoredList StoredEcps(std::string_view name, const EntityCollection& ecps);
+/// Put such a list back into the collection of a study.
+void ReadCells(StoredReader& reader, std::string_view name, std::int32_t studyId, EntityCollection& cells,
+               CellParts parts);
+void ReadEcps(StoredReader& reader, std::string_view name, std::int32_t studyId, EntityCollection& ecps);
 
 }  // namespace kiv::MSQL

@@ -45,6 +45,10 @@ struct RecordField {
   FieldRole role = FieldRole::Stored;
   std::string_view whenAbsent = {};  ///< text of an optional field that the database lacks
 
+  bool IsText() const { return member.index() == 1 || member.index() == 2; }
+  /// Whether a study can differ in it: neither its number nor the same in all.
+  bool IsContent() const { return role != FieldRole::Key && role != FieldRole::InsertOnly; }
+
   Variant Get(const Record& record) const {
     if (const auto* number = std::get_if<0>(&member)) {
       const bool unset = role == FieldRole::Nullable && record.*(*number) == kUnsetNumber;
@@ -114,8 +118,7 @@ std::vector<host::Assignment> ColumnValues(const Record& record, std::span<const
   values.reserve(fields.size());
   const bool positive = HasPositive(record, fields);
   for (const RecordField<Record>& field : fields) {
-    const bool insertedOnly = field.role == FieldRole::Key || field.role == FieldRole::InsertOnly;
-    if (insertedOnly && key == KeyField::LeaveOut) continue;
+    if (!field.IsContent() && key == KeyField::LeaveOut) continue;
     if (field.role == FieldRole::Optional && optional == OptionalFields::Absent) continue;
     if (field.role == FieldRole::WhenPositive && !positive) continue;
     values.push_back({field.name, field.Get(record)});
@@ -132,7 +135,7 @@ void LoadFields(Record& record, const host::Recordset& row, std::span<const Reco
                 OptionalFields optional) {
   Record loaded = record;
   for (const RecordField<Record>& field : fields) {
-    if (field.role == FieldRole::Key || field.role == FieldRole::InsertOnly) continue;
+    if (!field.IsContent()) continue;
     if (field.role == FieldRole::Optional && optional == OptionalFields::Absent) {
       field.Set(loaded, Variant(field.whenAbsent));
     } else if (field.role == FieldRole::WhenPositive) {
@@ -144,14 +147,13 @@ void LoadFields(Record& record, const host::Recordset& row, std::span<const Reco
   record = std::move(loaded);
 }
 
-/// An entry of a list leaves out the key that it shares with the record which the list belongs to.
+/// The fields that make up the content of a study; StoredReader::Fields takes them back.
 template <class Record>
-std::vector<NamedValue> ListFields(const Record& record, std::span<const RecordField<Record>> fields,
-                                   KeyField key = KeyField::Include) {
+std::vector<NamedValue> ListFields(const Record& record, std::span<const RecordField<Record>> fields) {
   std::vector<NamedValue> values;
   values.reserve(fields.size());
   for (const RecordField<Record>& field : fields) {
-    if (field.role == FieldRole::Key && key == KeyField::LeaveOut) continue;
+    if (!field.IsContent()) continue;
     values.push_back({field.name, field.Get(record)});
   }
   return values;

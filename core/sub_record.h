@@ -30,6 +30,8 @@ struct StoredEntry {
   std::vector<StoredList> lists;
 };
 
+class StoredReader;
+
 /// The part of a study that belongs to its kind: what the study record asks of it.
 class ISubRecord : public Object {
  public:
@@ -49,10 +51,12 @@ class ISubRecord : public Object {
   /// Rewrites the stored record.
   virtual void Update() = 0;
 
-  /// The fields of the record's own row, in the order of storing.
+  /// What studies can differ in of the record's own row, in the order of storing.
   virtual std::vector<NamedValue> StoredFields() const = 0;
   /// The lists that are stored with the record.
   virtual std::vector<StoredList> StoredLists() const { return {}; }
+  /// Takes over what both gave of another record of the kind.
+  virtual void ReadStored(StoredReader& reader) = 0;
 };
 
 }  // namespace kiv

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/conversions.h"
+#include "core/stored_reader.h"
 #include "core/study_data.h"
 #include "core/study_kinds.h"
 #include "core/study_row.h"
@@ -77,6 +78,10 @@ void CKivHomData::Update() {
 }
 std::vector<NamedValue> CKivHomData::StoredFields() const {
   return ListFields(*this, Fields());
+}
+
+void CKivHomData::ReadStored(StoredReader& reader) {
+  reader.Fields(*this, Fields());
 }
 
 std::shared_ptr<CKivHomData> CKivStudyData::HomData() const {

@@ -75,6 +75,7 @@ class CKivHomData : public ISubRecord {
   bool InsertNew() override;
   void Update() override;
   std::vector<NamedValue> StoredFields() const override;
+  void ReadStored(StoredReader& reader) override;
 
   /// The table with a row for each of these studies.
   static constexpr std::string_view kTable = "KIV_HomStudy";

@@ -2,11 +2,19 @@
 
 #include <algorithm>
 
+#include "core/stored_reader.h"
 #include "core/study_data.h"
 #include "core/study_kinds.h"
+#include "plm/mode_names.h"
 #include "plm/plm_msql.h"
 
 namespace kiv {
+
+namespace {
+
+constexpr std::string_view kModes = "Modes";
+
+}  // namespace
 
 std::span<const RecordField<CKivPlmData>> CKivPlmData::Fields() {
   using Data = CKivPlmData;
@@ -76,9 +84,24 @@ std::vector<NamedValue> CKivPlmData::StoredFields() const {
 }
 
 std::vector<StoredList> CKivPlmData::StoredLists() const {
-  StoredList modes{"Modes", {}};
+  StoredList modes{kModes, {}};
   for (const auto& mode : *this) modes.entries.push_back(mode->Stored());
   return {std::move(modes)};
+}
+
+void CKivPlmData::ReadStored(StoredReader& reader) {
+  reader.Fields(*this, Fields());
+  reader.List(kModes, [this](StoredReader& entry) {
+    const auto mode = std::make_shared<CKivPlmMode>();
+    mode->ReadStored(entry);
+    const std::string name = MKivStudyCtls::ModeName(mode->PlmMode());
+    if (name.empty()) {
+      entry.Note("PlmMode", "must be a number from 1 to " + std::to_string(MKivStudyCtls::kModeCount));
+    } else {
+      AddMode(name, mode);
+    }
+    return modes_->Count();
+  });
 }
 
 std::shared_ptr<CKivPlmData> CKivStudyData::PlmData() const {

@@ -66,6 +66,7 @@ class CKivPlmData : public ISubRecord {
   void Update() override;
   std::vector<NamedValue> StoredFields() const override;
   std::vector<StoredList> StoredLists() const override;
+  void ReadStored(StoredReader& reader) override;
 
   /// The table with a row for each of these studies.
   static constexpr std::string_view kTable = "KIV_PlmStudy";

@@ -1,8 +1,15 @@
 #include "plm/plm_mode.h"
 
+#include "core/stored_reader.h"
 #include "plm/plm_msql.h"
 
 namespace kiv {
+
+namespace {
+
+constexpr std::string_view kChannels = "Channels";
+
+}  // namespace
 
 std::string ChannelKey(const std::string& number) {
   return "Channel:" + number;
@@ -85,12 +92,21 @@ bool CKivPlmMode::InsertChannelList() const {
 }
 
 StoredEntry CKivPlmMode::Stored() const {
-  StoredList channels{"Channels", {}};
+  StoredList channels{kChannels, {}};
   channels.entries.reserve(static_cast<std::size_t>(ChannelCount()));
   for (const auto& channel : *channels_) {
     channels.entries.push_back({{}, {{"Channel", Variant(channel->Channel())}}, {}});
   }
-  return {key_, ListFields(*this, Fields(), KeyField::LeaveOut), {std::move(channels)}};
+  return {key_, ListFields(*this, Fields()), {std::move(channels)}};
+}
+
+void CKivPlmMode::ReadStored(StoredReader& reader) {
+  reader.Fields(*this, Fields());
+  reader.Numbers(kChannels, [this](std::int32_t channel) {
+    AddChannel(id_, plmMode_, channel, ChannelKey(std::to_string(channel)));
+    return ChannelCount();
+  });
+  checked_ = true;
 }
 
 }  // namespace kiv

@@ -104,6 +104,8 @@ class CKivPlmMode : public Object {
 
   /// The mode's fields and channels for listing.
   StoredEntry Stored() const;
+  /// Takes such an entry back as a mode that the study runs.
+  void ReadStored(StoredReader& reader);
 
   /// The columns of KIV_PlmMode in the order of the insert.
   static std::span<const RecordField<CKivPlmMode>> Fields();

@@ -1,11 +1,20 @@
 #include "rfc/rfc_data.h"
 
 #include "core/entity_lists.h"
+#include "core/stored_reader.h"
 #include "core/study_data.h"
 #include "core/study_kinds.h"
 #include "rfc/rfc_msql.h"
 
 namespace kiv {
+
+namespace {
+
+constexpr std::string_view kEcps = "Ecps";
+constexpr std::string_view kCells = "Cells";
+constexpr std::string_view kDns = "DNs";
+
+}  // namespace
 
 std::span<const RecordField<CKivRfcData>> CKivRfcData::Fields() {
   using enum FieldRole;
@@ -118,15 +127,26 @@ std::vector<NamedValue> CKivRfcData::StoredFields() const {
 }
 
 std::vector<StoredList> CKivRfcData::StoredLists() const {
-  std::vector<StoredEntry> entities;
-  for (const auto& entity : Required(entities_)) {
-    entities.push_back(UsesEcp() ? MSQL::StoredEcp(AsEcp(entity)) : MSQL::StoredCell(AsCell(entity)));
+  StoredList entities = UsesEcp() ? MSQL::StoredEcps(kEcps, Required(entities_))
+                                  : MSQL::StoredCells(kCells, Required(entities_), MSQL::CellParts::None);
+  StoredList dns{kDns, {}};
+  for (const auto& dn : Required(dns_)) dns.entries.push_back({{}, ListFields(*dn, CDn::Fields()), {}});
+  return {std::move(entities), std::move(dns)};
+}
+
+void CKivRfcData::ReadStored(StoredReader& reader) {
+  reader.Fields(*this, Fields());
+  if (UsesEcp()) {
+    MSQL::ReadEcps(reader, kEcps, id_, Required(entities_));
+  } else {
+    MSQL::ReadCells(reader, kCells, id_, Required(entities_), MSQL::CellParts::None);
   }
-  std::vector<StoredEntry> dns;
-  for (const auto& dn : Required(dns_)) {
-    dns.push_back({{}, ListFields(*dn, CDn::Fields(), KeyField::LeaveOut), {}});
-  }
-  return {{UsesEcp() ? "Ecps" : "Cells", std::move(entities)}, {"DNs", std::move(dns)}};
+  reader.List(kDns, [this](StoredReader& entry) {
+    CDn dn;
+    entry.Fields(dn, CDn::Fields());
+    AddDn(dn.Dn(), dn.DataFile());
+    return dns_->Count();
+  });
 }
 
 std::shared_ptr<CKivRfcData> CKivStudyData::RfcData() const {

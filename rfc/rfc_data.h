@@ -84,6 +84,7 @@ class CKivRfcData : public ISubRecord {
   std::vector<NamedValue> StoredFields() const override;
   /// The entities, and the DNs with their data files.
   std::vector<StoredList> StoredLists() const override;
+  void ReadStored(StoredReader& reader) override;
 
   /// The table with a row for each of these studies.
   static constexpr std::string_view kTable = "KIV_RfcStudy";

@@ -4,11 +4,18 @@
 #include <utility>
 
 #include "core/entity_lists.h"
+#include "core/stored_reader.h"
 #include "core/study_data.h"
 #include "core/study_kinds.h"
 #include "core/study_row.h"
 
 namespace kiv {
+
+namespace {
+
+constexpr std::string_view kCells = "Cells";
+
+}  // namespace
 
 std::span<const RecordField<CKivVcsData>> CKivVcsData::Fields() {
   using Data = CKivVcsData;
@@ -93,13 +100,16 @@ bool CKivVcsData::InsertCells() const {
 }
 
 std::vector<StoredList> CKivVcsData::StoredLists() const {
-  std::vector<StoredEntry> cells;
-  for (const auto& entity : Required(cells_)) cells.push_back(MSQL::StoredCell(AsCell(entity)));
-  return {{"Cells", std::move(cells)}};
+  return {MSQL::StoredCells(kCells, Required(cells_), MSQL::CellParts::AntennasAndCarriers)};
 }
 
 std::vector<NamedValue> CKivVcsData::StoredFields() const {
   return ListFields(*this, Fields());
+}
+
+void CKivVcsData::ReadStored(StoredReader& reader) {
+  reader.Fields(*this, Fields());
+  MSQL::ReadCells(reader, kCells, id_, Required(cells_), MSQL::CellParts::AntennasAndCarriers);
 }
 
 std::shared_ptr<CKivVcsData> CKivStudyData::VcsData() const {

@@ -94,6 +94,7 @@ class CKivVcsData : public ISubRecord {
   std::vector<NamedValue> StoredFields() const override;
   /// The cells, each with its antennas and carriers.
   std::vector<StoredList> StoredLists() const override;
+  void ReadStored(StoredReader& reader) override;
 
   /// The table with a row for each of these studies.
   static constexpr std::string_view kTable = "KIV_VcsStudy";

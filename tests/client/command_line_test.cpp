@@ -97,7 +97,7 @@ TEST_F(CommandLine, TellsTheWindowFromItsCommands) {
     EXPECT_EQ(result.exitCode, kUsage) << wrong[0];
     EXPECT_FALSE(result.err.empty());
   }
-  for (const char* command : {"gui", "init", "list", "show", "validate"}) {
+  for (const char* command : {"gui", "init", "list", "show", "validate", "export", "import"}) {
     const Result help = RunProgram({command, "--help"});
     EXPECT_EQ(help.exitCode, kOk);
     EXPECT_NE(help.out.find("--database"), std::string::npos) << help.out;
@@ -277,6 +277,54 @@ TEST_F(CommandLine, ImportsANetworkOrNamesEveryBadLine) {
   EXPECT_EQ(json["unknownFiles"][0], "notes.csv");
   EXPECT_EQ(RunProgram({"import-network"}).exitCode, kUsage);
   EXPECT_EQ(RunProgram({"import-network", folder_.File("none"), "--dry-run"}).exitCode, kRefused);
+}
+
+TEST_F(CommandLine, TheDocumentedExampleIsImportedAndExported) {
+  std::ifstream document(KIV_SAMPLE_NETWORK "/../../docs/export-format.md");
+  std::string text{std::istreambuf_iterator<char>(document), {}};
+  text = text.substr(text.find("```json\n") + 8);
+  text = text.substr(0, text.find("```"));
+  const std::string file = folder_.File("example.json");
+  std::ofstream(file) << text;
+  EXPECT_EQ(Run({"import", file}).exitCode, kRefused);  // there is no database yet
+  ASSERT_EQ(Run({"init"}).exitCode, kOk);
+  ASSERT_EQ(Run({"import-network", KIV_SAMPLE_NETWORK}).exitCode, kOk);
+
+  const Result tried = Run({"import", file, "--dry-run"});
+  EXPECT_EQ(tried.out,
+            "4 studies are good. Nothing was stored. An import makes the scenario \"Downtown at night\".\n");
+  EXPECT_EQ(Run({"validate", file}).out, tried.out);
+  EXPECT_EQ(Run({"list", "--json"}).out, "[]\n");
+  const Result imported = Run({"import", file});
+  EXPECT_EQ(imported.exitCode, kOk) << imported.err;
+  EXPECT_EQ(Run({"export"}).out, text);
+  const std::string again = folder_.File("again.json");
+  EXPECT_EQ(Run({"export", "4", "3", "2", "1", "4", "--output", again}).out, "");
+  std::ifstream written(again);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(written), {}), text);
+
+  // One bad study keeps every other one out, and every problem is told.
+  const std::string bad = folder_.File("bad.json");
+  std::ofstream(bad) << text.replace(text.find("45"), 2, "5").replace(text.find("\"Y\""), 3, "\"yes\"");
+  const Result refused = Run({"import", again, bad, folder_.File("none"), "--json"});
+  EXPECT_EQ(refused.exitCode, kRefused);
+  const auto problems = nlohmann::json::parse(refused.out)["problems"];
+  ASSERT_EQ(problems.size(), 4U) << refused.out;
+  EXPECT_EQ(problems[0]["file"], bad);
+  EXPECT_EQ(problems[0]["study"], "study 1 \"Handoffs downtown\"");
+  EXPECT_EQ(problems[0]["reason"], "General: Study Duration must be between 10 and 1439 minutes inclusive.");
+  EXPECT_EQ(problems[2]["reason"], "ToAmps must be \"Y\" or \"N\"");
+  EXPECT_EQ(problems[3]["reason"], "cannot be read: No such file or directory");
+  EXPECT_EQ(nlohmann::json::parse(Run({"list", "--json"}).out).size(), 4U);
+
+  EXPECT_EQ(Run({"export", "99"}).exitCode, kRefused);
+  EXPECT_NE(Run({"export", "--output", folder_.File("no/such")}).err.find("was not written"),
+            std::string::npos);
+  EXPECT_NE(Run({"export", "--output", "/dev/null"}).err.find("no plain file"), std::string::npos);
+  Spoil("UPDATE kiv_study SET name = CAST(X'FF' AS TEXT) WHERE id = 2");
+  const Result broken = Run({"export", "--output", again});
+  EXPECT_NE(broken.err.find("no UTF-8 text"), std::string::npos) << broken.err;
+  EXPECT_EQ(std::filesystem::file_size(again), std::filesystem::file_size(file));
 }
 
 }  // namespace

@@ -25,6 +25,7 @@ class NotedRecord : public ISubRecord {
   }
   void Update() override { notes.push_back("update " + std::to_string(id_)); }
   std::vector<NamedValue> StoredFields() const override { return {}; }
+  void ReadStored(StoredReader&) override {}
 
  private:
   std::int32_t id_ = 0;

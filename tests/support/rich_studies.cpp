@@ -10,6 +10,8 @@
 #include "plm/mode_names.h"
 #include "plm/plm_data.h"
 #include "plm/plm_studies.h"
+#include "rfc/rfc_data.h"
+#include "rfc/rfc_studies.h"
 #include "vcsa/vcs_data.h"
 #include "vcsa/vcsa_studies.h"
 
@@ -39,6 +41,18 @@ void FillPlm(CKivStudyData& study, const std::string& text, int variant) {
     data->AddMode(MKivStudyCtls::ModeName(number), mode);
   }
   study.SetPlmData(data);
+}
+
+void FillRfc(CKivStudyData& study, const std::string& text, int variant) {
+  constexpr int kRows = 50;
+  const auto data = std::make_shared<CKivRfcData>();
+  const auto rate = static_cast<std::int16_t>(variant + 1);  // without one an update leaves the stored ones
+  data->Initialize(study.ID(), text, text, text, "N", text, rate, rate);
+  for (int number = 1; number <= kRows + variant; ++number) {
+    data->AddCell(1000 + number, 1, 2, number);
+    data->AddDn(std::to_string(5550000 + number), text);
+  }
+  study.SetRfcData(data);
 }
 
 void FillVcs(CKivStudyData& study, const std::string& text, int variant) {
@@ -77,8 +91,9 @@ void Append(std::string& text, const std::vector<NamedValue>& fields, const std:
 std::vector<std::string> RegisterRichStudies() {
   RegisterHomStudies();
   RegisterPlmStudies();
+  RegisterRfcStudies();
   RegisterVcsaStudies();
-  return {std::string(kHomStudy), std::string(kPlmStudy), std::string(kVcsStudy)};
+  return {std::string(kHomStudy), std::string(kPlmStudy), std::string(kRfcStudy), std::string(kVcsStudy)};
 }
 
 void Fill(client::Study& study, int variant) {
@@ -90,6 +105,7 @@ void Fill(client::Study& study, int variant) {
   record.SetRetrieveDelay(variant);
   if (record.AppName() == kHomStudy) return FillHom(record, text, variant);
   if (record.AppName() == kPlmStudy) return FillPlm(record, text, variant);
+  if (record.AppName() == kRfcStudy) return FillRfc(record, text, variant);
   if (record.AppName() == kVcsStudy) return FillVcs(record, text, variant);
   throw std::invalid_argument(record.AppName());
 }
