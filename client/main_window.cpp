@@ -80,7 +80,7 @@ MainWindow::MainWindow(Program& program)
   connect(tabs_, &QTabWidget::currentChanged, this, [this] { ShowState(); });
   program_.Settings().appGeneralState_StateChange.Connect([this] { ShowState(); });
 
-  resize(fontMetrics().averageCharWidth() * 195, fontMetrics().height() * 40);
+  resize(fontMetrics().averageCharWidth() * 210, fontMetrics().height() * 48);
   restoreGeometry(program_.Settings().File().value(QLatin1String(kGeometryKey)).toByteArray());
   restoreState(program_.Settings().File().value(QLatin1String(kStateKey)).toByteArray());
   list_->RestoreColumns(program_.Settings().File());
@@ -147,7 +147,7 @@ void MainWindow::AddNetwork() {
   networkDock_->setObjectName(QStringLiteral("networkDock"));
   networkDock_->setWidget(network_);
   addDockWidget(Qt::LeftDockWidgetArea, networkDock_);
-  resizeDocks({networkDock_}, {fontMetrics().averageCharWidth() * 60}, Qt::Horizontal);
+  resizeDocks({networkDock_}, {fontMetrics().averageCharWidth() * 46}, Qt::Horizontal);
   network_->ImportWanted.Connect([this] { Guarded([this] { ImportNetwork(); }); });
 }
 
@@ -265,7 +265,10 @@ void MainWindow::ShowEmptyPage() {
           "A KIV study tells the switch what to record, for how long, and into which data file.\n\n"
           "Start with a new study: choose its scenario (make one right there), the folder of its data "
           "file and what it records. Then save it; it is listed here from then on.\n\n"
-          "The studies are kept in %1. Nothing else needs to be set up.")
+          "Studies on ECPs or cells, that is RF call trace and VCSA, also need a network: import it once on "
+          "the "
+          "left, then drag its elements into the study.\n\n"
+          "The studies are kept in %1.")
           .arg(databaseLabel_->text());
   std::vector<StartPage::Choice> choices;
   for (const StudyEditor& editor : StudyEditors()) {
