@@ -24,6 +24,8 @@
 #include "client/network_dialog.h"
 #include "client/question.h"
 #include "client/start_page.h"
+#include "client/study_files.h"
+#include "client/study_import_dialog.h"
 #include "client/study_list.h"
 #include "client/study_session.h"
 #include "core/study_kinds.h"
@@ -39,6 +41,7 @@ constexpr const char* kStateKey = "Window/State";
 constexpr const char* kFileFilter = "Study databases (*.db);;All files (*)";
 
 constexpr const char* kReadOnlyHint = "The study database is read-only.";
+constexpr const char* kExportFilter = "Exported studies (*.json);;All files (*)";
 constexpr int kTabCharacters = 32;  // longer names are cut on the tab of their editor
 
 /// Each kind has its initial as the mnemonic.
@@ -74,6 +77,7 @@ MainWindow::MainWindow(Program& program)
   AddNetwork();
   AddMenus();
 
+  list_->View().setSelectionMode(QAbstractItemView::ExtendedSelection);
   list_->StudyActivated.Connect([this](std::int32_t id) { OpenStudy(id); });
   list_->SelectionChanged.Connect([this] { ShowState(); });
   connect(tabs_, &QTabWidget::tabCloseRequested, this, [this](int index) { CloseEditor(index); });
@@ -117,6 +121,7 @@ void MainWindow::AddMenus() {
     writingActions_.push_back(action);
   }
   AddEditorActions(study);
+  AddFileActions(study);
   AddToolsMenu();
 }
 
@@ -191,6 +196,36 @@ void MainWindow::AddEditorActions(QMenu& study) {
                 [this] { CloseEditor(tabs_->currentIndex()); }),
   };
   writingActions_.insert(writingActions_.end(), editorActions_.begin(), editorActions_.begin() + 2);
+}
+
+void MainWindow::AddFileActions(QMenu& study) {
+  study.addSeparator();
+  databaseActions_.push_back(AddAction(study, QStringLiteral("E&xport..."), {}, [this] {
+    const QString file = QFileDialog::getSaveFileName(
+        this, QStringLiteral("Export Studies"), QStringLiteral("studies.json"), QLatin1String(kExportFilter));
+    if (!file.isEmpty()) ExportStudies(file);
+  }));
+  databaseActions_.push_back(AddAction(study, QStringLiteral("&Import..."), {}, [this] {
+    ImportStudies(QFileDialog::getOpenFileNames(this, QStringLiteral("Import Studies"), {},
+                                                QLatin1String(kExportFilter)));
+  }));
+  writingActions_.push_back(databaseActions_.back());
+}
+
+std::vector<std::int32_t> MainWindow::SelectedStudies() const {
+  std::vector<std::int32_t> ids;
+  for (const QModelIndex& row : list_->View().selectionModel()->selectedRows(StudyTable::kId)) {
+    ids.push_back(row.data().toInt());
+  }
+  return ids;
+}
+
+void MainWindow::ExportStudies(const QString& file) {
+  WriteStudyFile(file.toStdString(), client::ExportStudies(program_.Store(), SelectedStudies()));
+}
+
+void MainWindow::ImportStudies(const QStringList& files) {
+  if (!files.isEmpty() && ImportStudiesByDialog(program_, files, this)) RefreshStudies();
 }
 
 /// What a command raises is told to the user in one message.
@@ -399,7 +434,7 @@ void MainWindow::ShowState() {
   };
   enable(databaseActions_, hasDatabase);
   enable(editorActions_, CurrentEditor() != nullptr);
-  enable(listActions_, hasDatabase && tabs_->currentIndex() == 0 && list_->SelectedStudy().has_value());
+  enable(listActions_, hasDatabase && tabs_->currentIndex() == 0 && SelectedStudies().size() == 1);
   EditorView* editor = CurrentEditor();
   if (editor && editor->TakesEntities()) {
     network_->SetAddToStudy(

@@ -39,6 +39,10 @@ class MainWindow : public QMainWindow {
   EntityTree& Network() { return *network_; }
   /// Lets the user import a network, and shows it.
   void ImportNetwork();
+  /// Writes the selected studies to a file, all when none is selected.
+  void ExportStudies(const QString& file);
+  /// Checks the studies of files and lets the user import them.
+  void ImportStudies(const QStringList& files);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -47,6 +51,7 @@ class MainWindow : public QMainWindow {
   void AddMenus();
   void AddToolsMenu();
   void AddNetwork();
+  void AddFileActions(class QMenu& studyMenu);
   void AddEditorActions(class QMenu& studyMenu);
   QAction* AddAction(class QMenu& menu, const QString& text, const QKeySequence& keys,
                      std::function<void()> run);
@@ -60,6 +65,7 @@ class MainWindow : public QMainWindow {
   void DropEditor(EditorView& editor);
   bool CloseAllEditors();
   void DeleteSelectedStudy();
+  std::vector<std::int32_t> SelectedStudies() const;
   void RefreshStudies();
   void RefreshNetwork();
   void ShowEmptyPage();

@@ -1,27 +1,18 @@
 #include "client/network_dialog.h"
 
-#include <QAbstractTableModel>
-#include <QAction>
-#include <QApplication>
 #include <QCheckBox>
-#include <QClipboard>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressDialog>
 #include <QPushButton>
-#include <QTableView>
 #include <QVBoxLayout>
-#include <algorithm>
-#include <array>
 #include <exception>
-#include <functional>
 #include <utility>
 
+#include "client/fault_list.h"
 #include "client/messages.h"
 #include "client/network_import.h"
 #include "client/network_printer.h"
@@ -38,64 +29,15 @@ QString ToQt(const std::string& text) {
   return QString::fromStdString(text);
 }
 
-/// Every bad line as a row.
-class BadLineTable : public QAbstractTableModel {
- public:
-  enum Column { kFile, kLine, kReason, kColumnCount };
-
-  using QAbstractTableModel::QAbstractTableModel;
-
-  void SetBadLines(std::vector<BadLine> badLines) {
-    beginResetModel();
-    badLines_ = std::move(badLines);
-    endResetModel();
+std::vector<FaultList::Fault> FaultsOf(const std::vector<BadLine>& badLines) {
+  std::vector<FaultList::Fault> faults;
+  faults.reserve(badLines.size());
+  for (const BadLine& bad : badLines) {
+    faults.push_back({ToQt(bad.file), bad.line == 0 ? QString() : QString::number(bad.line), ToQt(bad.reason),
+                      ToQt(BadLineText(bad))});
   }
-  const BadLine& At(int row) const { return badLines_[static_cast<std::size_t>(row)]; }
-
-  int rowCount(const QModelIndex& parent = {}) const override {
-    return parent.isValid() ? 0 : static_cast<int>(badLines_.size());
-  }
-  int columnCount(const QModelIndex& parent = {}) const override {
-    return parent.isValid() ? 0 : kColumnCount;
-  }
-  QVariant data(const QModelIndex& index, int role) const override {
-    if (role == Qt::TextAlignmentRole && index.column() == kLine) {
-      return QVariant::fromValue(Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));
-    }
-    if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
-    const BadLine& bad = At(index.row());
-    switch (index.column()) {
-      case kFile: return ToQt(bad.file);
-      case kLine: return bad.line == 0 ? QString() : QString::number(bad.line);
-      default: return ToQt(bad.reason);
-    }
-  }
-  QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
-    static const std::array<QString, kColumnCount> captions = {QStringLiteral("File"), QStringLiteral("Line"),
-                                                               QStringLiteral("What is wrong")};
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-    return captions[static_cast<std::size_t>(section)];
-  }
-
- private:
-  std::vector<BadLine> badLines_;
-};
-
-/// Shows the bad lines. It answers the keys for copying itself: the view's own way copies a single cell.
-class BadLineList : public QTableView {
- public:
-  BadLineList(std::function<void()> copy, QWidget* parent) : QTableView(parent), copy_(std::move(copy)) {}
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override {
-    if (!event->matches(QKeySequence::Copy)) return QTableView::keyPressEvent(event);
-    copy_();
-    event->accept();
-  }
-
- private:
-  std::function<void()> copy_;
-};
+  return faults;
+}
 
 class NetworkDialog : public QDialog {
  public:
@@ -106,7 +48,8 @@ class NetworkDialog : public QDialog {
         folder_(new QLineEdit(this)),
         tryFirst_(new QCheckBox(QStringLiteral("&Try first: check every line, write nothing"), this)),
         result_(new QLabel(this)),
-        list_(new BadLineList([this] { CopySelected(); }, this)),
+        list_(new FaultList(QStringLiteral("Line"), Qt::AlignRight,
+                            QStringLiteral("luc_cfg_cdma_car_chans.csv"), QStringLiteral("1000000"), this)),
         copy_(new QPushButton(QStringLiteral("&Copy All"), this)),
         run_(nullptr) {
     setWindowTitle(QStringLiteral("Import Network"));
@@ -153,31 +96,12 @@ class NetworkDialog : public QDialog {
     result_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     list_->setObjectName(QStringLiteral("networkBadLines"));
     list_->setAccessibleName(QStringLiteral("Bad lines"));
-    list_->setModel(&badLines_);
-    list_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    list_->setTabKeyNavigation(false);
-    list_->setShowGrid(false);
-    list_->setAlternatingRowColors(true);
-    list_->setContextMenuPolicy(Qt::ActionsContextMenu);
-    list_->verticalHeader()->hide();
-    list_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
-    list_->horizontalHeader()->setHighlightSections(false);
-    list_->horizontalHeader()->setStretchLastSection(true);
-    list_->setColumnWidth(BadLineTable::kFile,
-                          fontMetrics().horizontalAdvance("luc_cfg_cdma_car_chans.csv") + 24);
-    list_->setColumnWidth(BadLineTable::kLine, fontMetrics().horizontalAdvance("1000000") + 24);
-    list_->setMinimumHeight(fontMetrics().height() * 14);
-    auto* copyRows = new QAction(QStringLiteral("Copy"), list_);
-    copyRows->setShortcut(QKeySequence::Copy);
-    copyRows->setShortcutContext(Qt::WidgetShortcut);
-    list_->addAction(copyRows);
     copy_->setObjectName(QStringLiteral("networkCopy"));
     copy_->setAutoDefault(false);
     all_->addWidget(result_);
     all_->addWidget(list_, kListStretch);
     all_->addStretch(1);
-    connect(copyRows, &QAction::triggered, this, [this] { CopySelected(); });
-    connect(copy_, &QPushButton::clicked, this, [this] { CopyAll(); });
+    connect(copy_, &QPushButton::clicked, list_, &FaultList::CopyAll);
     result_->hide();
     ShowBadLines({});
   }
@@ -258,28 +182,11 @@ class NetworkDialog : public QDialog {
     if (report.outcome == NetworkReport::Outcome::Good) tryFirst_->setChecked(false);
   }
 
-  void ShowBadLines(std::vector<BadLine> badLines) {
+  void ShowBadLines(const std::vector<BadLine>& badLines) {
     list_->setVisible(!badLines.empty());
     copy_->setVisible(!badLines.empty());
-    badLines_.SetBadLines(std::move(badLines));
+    list_->SetFaults(FaultsOf(badLines));
     if (list_->isVisibleTo(this)) resize(size().expandedTo(sizeHint()));
-  }
-
-  void CopySelected() {
-    QModelIndexList rows = list_->selectionModel()->selectedRows();
-    std::ranges::sort(rows, {}, [](const QModelIndex& row) { return row.row(); });
-    QString text;
-    for (const QModelIndex& row : rows)
-      text += ToQt(BadLineText(badLines_.At(row.row()))) + QLatin1Char('\n');
-    QApplication::clipboard()->setText(text);
-  }
-
-  void CopyAll() {
-    QString text;
-    for (int row = 0; row < badLines_.rowCount(); ++row) {
-      text += ToQt(BadLineText(badLines_.At(row))) + QLatin1Char('\n');
-    }
-    QApplication::clipboard()->setText(text);
   }
 
   static constexpr int kListStretch = 1000;  // the list takes all room there is, when it is there
@@ -289,10 +196,9 @@ class NetworkDialog : public QDialog {
   QLineEdit* folder_;
   QCheckBox* tryFirst_;
   QLabel* result_;
-  BadLineList* list_;
+  FaultList* list_;
   QPushButton* copy_;
   QPushButton* run_;
-  BadLineTable badLines_;
   bool imported_ = false;
 };
 
