@@ -192,7 +192,7 @@ bool XKivPlmCdma::MayCheckMore() {
   return false;
 }
 
-std::string XKivPlmCdma::RecordProblem(const CKivPlmMode& mode) const {
+std::string XKivPlmCdma::RecordProblem(const CKivPlmMode& mode, Records) const {
   const std::int32_t carrier = mode.Carrier();
   if (carrier != kUnsetNumber && (carrier < kMinCarrier || carrier > kMaxCarrier)) {
     return mode.Key() + " carrier must be between " + std::to_string(kMinCarrier) + " and " +

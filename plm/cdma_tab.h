@@ -34,7 +34,7 @@ class XKivPlmCdma : public ModeTab {
   void StoreDetails(CKivPlmMode& mode) const override;
   bool MayCheckMore() override;
   const CheckList& RulesBeforeChecking() const override { return storable_; }
-  std::string RecordProblem(const CKivPlmMode& mode) const override;
+  std::string RecordProblem(const CKivPlmMode& mode, Records records) const override;
   std::string Summary(const CKivPlmMode& mode, std::size_t index) const override;
 
   const Mode& CurrentKind() const;

@@ -258,9 +258,9 @@ ui::LayoutItem DistributionPanel::Layout() {
   return Column(
       {MethodLayout(),
        Row({Group(fraAutomatic,
-                  {Form({Field("&AMPS channels:", {Single(txtAmps), Text("0 to 10")}),
-                         Field("T&DMA channels:", {Single(txtTdma), Text("0 to 10")}),
-                         Field("Total to se&lect:", {Single(txtTotal), Text("0 to 10")}),
+                  {Form({Field("&AMPS Channels:", {Single(txtAmps), Text("0 to 10")}),
+                         Field("T&DMA Channels:", {Single(txtTdma), Text("0 to 10")}),
+                         Field("Total to Se&lect:", {Single(txtTotal), Text("0 to 10")}),
                          Field("", {Single(optAuto[kExpandOption]), Single(optAuto[kRestrictOption])}),
                          Field("Sort &by:", {Single(cboSort1), Stretch()}),
                          Field("Sel&ect:", {Single(cboSort2), Stretch()}),

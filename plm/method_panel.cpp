@@ -72,8 +72,9 @@ void MethodPanel::CtlsToData(CKivPlmMode& mode) const {
   } else if (!whenNone_.empty()) {
     mode.SetSelectionMethod(whenNone_);
   }
-  // The channels of a stored method that the list does not know stay, too.
-  if (method.empty() || method == selection::kManual.word) XChannelList1.CtlsToData(mode);
+  // The channels of a stored method that the list does not know stay with its word.
+  const bool keepsUnknown = method.empty() && whenNone_.empty();
+  if (keepsUnknown || method == selection::kManual.word) XChannelList1.CtlsToData(mode);
 }
 
 void MethodPanel::HandleMethodChange() {

@@ -15,6 +15,7 @@ class ChannelPanel : public ModePanel {
  public:
   ChannelPanel(Container* parent, std::int32_t number);
 
+  void InitControls() override { XChannelList1.DataToCtls({}); }
   void DataToCtls(const CKivPlmMode& mode) override;
   void CtlsToData(CKivPlmMode& mode) const override;
   std::string Summary(const CKivPlmMode& mode) const override;

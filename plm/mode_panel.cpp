@@ -6,16 +6,13 @@ ModePanel::ModePanel(Container* parent, std::int32_t number)
     : Container(parent, "XMode" + std::to_string(number)), number_(number) {}
 
 bool ModePanel::ValidMode(const CKivPlmMode& mode) {
-  const auto problem = ModeProblem(mode);
+  const auto problem = Visible() ? StoredProblem(mode) : std::nullopt;
   if (problem) Tell(*problem);
   return !problem;
 }
 
-std::optional<Problem> ModePanel::ModeProblem(const CKivPlmMode& mode) {
-  return Visible() ? StoredProblem(mode) : std::nullopt;
-}
-
 void ModePanel::Reveal() {
+  if (Visible()) return;
   SetVisible(true);
   if (ui::Control* first = FirstControl()) first->SetFocus();
 }

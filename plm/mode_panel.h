@@ -28,11 +28,11 @@ class ModePanel : public ui::Container {
   bool ValidateControls() const { return checks_.Enforce(); }
   /// Checks a stored mode by the same rules and tells the first problem. True while the panel is hidden.
   bool ValidMode(const CKivPlmMode& mode);
-  /// The same without telling.
-  std::optional<Problem> ModeProblem(const CKivPlmMode& mode);
+  /// The first problem of a stored mode, whether the panel is visible or not.
+  virtual std::optional<Problem> StoredProblem(const CKivPlmMode&) { return std::nullopt; }
   const CheckList& Checks() const { return checks_; }
 
-  /// Makes the panel visible and moves the focus to its first control.
+  /// Makes the panel visible; the focus moves to its first control when it was hidden.
   void Reveal();
   void Hide() { SetVisible(false); }
 
@@ -49,7 +49,6 @@ class ModePanel : public ui::Container {
 
   /// The control that the user starts with; null when there is none.
   virtual ui::Control* FirstControl() { return nullptr; }
-  virtual std::optional<Problem> StoredProblem(const CKivPlmMode&) { return std::nullopt; }
 
   CheckList checks_;
 

@@ -54,6 +54,7 @@ void ModeTab::ShowStoredStudy() {
 }
 
 void ModeTab::ShowModes() {
+  ForgetShown();
   {
     const FlagGuard busy(busy_);
     for (std::size_t i = 0; i < modes_.boxes.size(); ++i) {
@@ -70,6 +71,8 @@ void ModeTab::MakeCurrent(std::size_t index) {
   edited_ = false;
   modes_.selector->SetIndex(static_cast<int>(index));
   ShowDetails(SubRecord()->ReturnMode(CurrentMode()));
+  shownUnedited_ = CKivPlmMode();
+  StoreDetails(shownUnedited_);
   ShowState(index);
 }
 
@@ -155,15 +158,27 @@ void ModeTab::CheckMode(std::size_t index) {
   CKivPlmData& data = *SubRecord();
   const std::string name = NameOf(index);
   const std::size_t before = current_;
-  if (index != current_ || edited_) StoreCurrent();
+  const bool first = !data.Modes()->Contains(name);
+  if (index != current_ || (edited_ && !first)) StoreCurrent();
   const auto mode = data.ReturnMode(name);
-  if (!data.Modes()->Contains(name)) StartMode(*mode, index);
+  if (first) FillFirst(*mode, index);
   mode->SetChecked(true);
   mode->SetPlmMode(NumberOf(index));
   data.AddMode(name, mode);
   MakeCurrent(index);
   ShowState(before);
   ReportChange();
+}
+
+/// A new mode takes its defaults, but for what the user chose for it before checking it.
+void ModeTab::FillFirst(CKivPlmMode& mode, std::size_t index) const {
+  StartMode(mode, index);
+  if (index != current_ || !edited_) return;
+  const CKivPlmMode defaults = mode;
+  StoreDetails(mode);
+  for (const RecordField<CKivPlmMode>& field : CKivPlmMode::Fields()) {
+    if (field.Get(mode) == field.Get(shownUnedited_)) field.Set(mode, field.Get(defaults));
+  }
 }
 
 void ModeTab::UncheckMode(std::size_t index) {
@@ -180,14 +195,14 @@ void ModeTab::UncheckMode(std::size_t index) {
 bool ModeTab::IsTabValid(const std::string&) {
   if (!Meets(checks_)) return false;
   StoreCurrent();
-  const std::vector<Problem> problems = RecordProblems();
+  const std::vector<Problem> problems = RecordProblems(Records::Visible);
   if (!problems.empty()) Refuse(problems.front());
   return problems.empty();
 }
 
 std::vector<Problem> ModeTab::Problems() const {
   std::vector<Problem> problems = checks_.Problems();
-  for (Problem& problem : RecordProblems()) {
+  for (Problem& problem : RecordProblems(Records::All)) {
     // The shown details are newer than the record.
     if (problem.control != &modes_.selector->Options()[current_]) problems.push_back(std::move(problem));
   }
@@ -195,12 +210,12 @@ std::vector<Problem> ModeTab::Problems() const {
 }
 
 /// What is wrong with the records of the checked modes, in the order of the study's collection.
-std::vector<Problem> ModeTab::RecordProblems() const {
+std::vector<Problem> ModeTab::RecordProblems(Records records) const {
   std::vector<Problem> problems;
   if (!SubRecord()) return problems;
   for (const auto& mode : *SubRecord()) {
     if (!mode->Checked() || !Owns(*mode)) continue;
-    std::string message = RecordProblem(*mode);
+    std::string message = RecordProblem(*mode, records);
     const auto index = static_cast<std::size_t>(mode->PlmMode() - modes_.firstNumber);
     if (!message.empty()) problems.push_back({&modes_.selector->Options()[index], std::move(message)});
   }

@@ -49,6 +49,8 @@ class ModeTab : public TabOf<CKivPlmData> {
   bool CurrentIsChecked() const { return modes_.boxes[current_].Checked(); }
   std::ptrdiff_t CheckedCount() const;
 
+  /// The records are others now than those shown before.
+  virtual void ForgetShown() {}
   virtual void ShowDetails(const std::shared_ptr<CKivPlmMode>& mode) = 0;
   virtual void StoreDetails(CKivPlmMode& mode) const = 0;
   /// The settings of a mode that is checked for the first time.
@@ -57,14 +59,18 @@ class ModeTab : public TabOf<CKivPlmData> {
   virtual bool MayCheckMore() { return true; }
   /// The rules that the shown details must meet before another mode is checked.
   virtual const CheckList& RulesBeforeChecking() const { return checks_; }
+  /// Whose records are looked at: a page that is left is held up by the visible ones only.
+  enum class Records { Visible, All };
   /// What is wrong with the record of a mode.
-  virtual std::string RecordProblem(const CKivPlmMode& mode) const = 0;
+  virtual std::string RecordProblem(const CKivPlmMode& mode, Records records) const = 0;
   virtual std::string Summary(const CKivPlmMode& mode, std::size_t index) const = 0;
 
   /// The user changed the shown details.
   void TakeEdit();
 
   ui::LayoutItem ListLayout();
+
+  bool busy_ = false;  ///< set while the tab changes controls itself
 
  private:
   void ShowNewStudy() override { ShowModes(); }
@@ -77,15 +83,16 @@ class ModeTab : public TabOf<CKivPlmData> {
   void UncheckMode(std::size_t index);
   bool Meets(const CheckList& rules);
   void MakeCurrent(std::size_t index);
+  void FillFirst(CKivPlmMode& mode, std::size_t index) const;
   void StoreCurrent();
   void ShowState(std::size_t index);
   bool Owns(const CKivPlmMode& mode) const;
-  std::vector<Problem> RecordProblems() const;
+  std::vector<Problem> RecordProblems(Records records) const;
 
   ModeList modes_;
   std::size_t current_ = 0;
-  bool edited_ = false;  // the shown details differ from the record
-  bool busy_ = false;    // set while the tab changes controls itself
+  bool edited_ = false;        // the shown details differ from the record
+  CKivPlmMode shownUnedited_;  // what they stored when they were shown
 };
 
 }  // namespace kiv

@@ -48,8 +48,9 @@ XKivPlmTdma::XKivPlmTdma()
 }
 
 void XKivPlmTdma::LoadState() {
+  const FlagGuard busy(busy_);
   for (ModePanel* panel : panels_) panel->InitControls();
-  shown_ = {};
+  ForgetShown();
 }
 
 /// A panel serves one mode only, so what it holds of that mode is left alone: it may be more than the record
@@ -73,8 +74,10 @@ void XKivPlmTdma::StartMode(CKivPlmMode& mode, std::size_t index) const {
   panels_[index]->DefaultsToData(mode);
 }
 
-std::string XKivPlmTdma::RecordProblem(const CKivPlmMode& mode) const {
-  const auto problem = panels_[static_cast<std::size_t>(mode.PlmMode() - kFirstMode)]->ModeProblem(mode);
+std::string XKivPlmTdma::RecordProblem(const CKivPlmMode& mode, Records records) const {
+  ModePanel& panel = *panels_[static_cast<std::size_t>(mode.PlmMode() - kFirstMode)];
+  if (records == Records::Visible && !panel.Visible()) return {};
+  const auto problem = panel.StoredProblem(mode);
   return problem ? problem->message : std::string();
 }
 

@@ -33,10 +33,11 @@ class XKivPlmTdma : public ModeTab {
   MethodPanel XMode6;
 
  private:
+  void ForgetShown() override { shown_ = {}; }
   void ShowDetails(const std::shared_ptr<CKivPlmMode>& mode) override;
   void StoreDetails(CKivPlmMode& mode) const override;
   void StartMode(CKivPlmMode& mode, std::size_t index) const override;
-  std::string RecordProblem(const CKivPlmMode& mode) const override;
+  std::string RecordProblem(const CKivPlmMode& mode, Records records) const override;
   std::string Summary(const CKivPlmMode& mode, std::size_t index) const override;
 
   std::array<ModePanel*, kModes> panels_;

@@ -39,11 +39,14 @@ class PlmRecord : public ::testing::Test {
 };
 
 TEST_F(PlmRecord, ModeNamesAreExact) {
-  for (std::int32_t number = 1; number <= kModeCount; ++number) {
+  std::string names;
+  for (std::int32_t number = 1; number <= 15; ++number) {
+    names += ModeName(number) + "|";
     EXPECT_EQ(ModeNumber(ModeName(number)), number);
   }
-  EXPECT_EQ(ModeNumber("Mode   7 FER1"), 7);
-  EXPECT_EQ(ModeNumber("Mode 15 CPLM7"), 15);
+  EXPECT_EQ(names,
+            "Mode 1|Mode 2|Mode 3|Mode 4|Mode 5|Mode 6|Mode   7 FER1|Mode   8 FER2|Mode   9 CPLM1|"
+            "Mode 10 CPLM2|Mode 11 CPLM3|Mode 12 CPLM4|Mode 13 CPLM5|Mode 14 CPLM6|Mode 15 CPLM7|");
   for (const char* wrong : {"Mode 7 FER1", "mode 1", "Mode 1 ", ""}) EXPECT_EQ(ModeNumber(wrong), 0) << wrong;
   EXPECT_EQ(ModeName(0) + ModeName(16) + ModeName(-1), "");
 }

@@ -74,27 +74,33 @@ struct DistributionCase {
   const char* from;
   const char* to;
   const char* message;  // behind the mode's name; empty when all is well
+  const char* box = "";
 };
 
 const DistributionCase kDistributions[] = {
     {"10", "0", "10", "1999", "1999", ""},
-    {"11", "x", "11", "", "", "  'AMPS Channels' must be between 0 and 10 inclusive."},
-    {"-1", "5", "10", "1", "2", "  'AMPS Channels' must be between 0 and 10 inclusive."},
+    {"11", "x", "11", "", "", "  'AMPS Channels' must be between 0 and 10 inclusive.", "txtAmps"},
+    {"-1", "5", "10", "1", "2", "  'AMPS Channels' must be between 0 and 10 inclusive.", "txtAmps"},
     {"10.4", "0", "10", "1", "2", ""},
-    {"99999999999999999999", "", "", "", "", "  'AMPS Channels' must be between 0 and 10 inclusive."},
-    {"", "11", "11", "", "", "  'TDMA Channels' must be between 0 and 10 inclusive."},
-    {"", "", "11", "", "", "  'Total to Select' must be between 0 and 10 inclusive."},
-    {"", "x", "", "", "", "  'AMPS Channels' must be numeric."},
-    {"5", " ", "", "", "", "  'TDAMA Channels' must be numeric."},
-    {"5", "5", "ten", "", "", "  'Total to Select' must be numeric."},
-    {"5", "5", "10", "", "x", "  'From' channels must be numeric."},
-    {"5", "5", "10", "1", "1 9", "  'To' channels must be numeric."},
-    {"5", "5", "10", "2000", "1", "  'From' channels cannot be less than 1 or greater than 1999 inclusive."},
-    {"5", "5", "10", "0", "1999", "  'From' channels cannot be less than 1 or greater than 1999 inclusive."},
-    {"5", "5", "10", "10", "5", "  'From' channels cannot be greater than 'To' channels."},
-    {"9", "5", "10", "1", "2000", "  'To' channels cannot be less than 1 or greater than 1999 inclusive."},
-    {"6", "5", "10", "1", "1999", "  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'."},
-    {"0", "0", "0", "1", "1999", "  'AMPS and TDMA Channels' cannot both be zero."},
+    {"99999999999999999999", "", "", "", "", "  'AMPS Channels' must be between 0 and 10 inclusive.",
+     "txtAmps"},
+    {"", "11", "11", "", "", "  'TDMA Channels' must be between 0 and 10 inclusive.", "txtTdma"},
+    {"", "", "11", "", "", "  'Total to Select' must be between 0 and 10 inclusive.", "txtTotal"},
+    {"", "x", "", "", "", "  'AMPS Channels' must be numeric.", "txtAmps"},
+    {"5", " ", "", "", "", "  'TDAMA Channels' must be numeric.", "txtTdma"},
+    {"5", "5", "ten", "", "", "  'Total to Select' must be numeric.", "txtTotal"},
+    {"5", "5", "10", "", "x", "  'From' channels must be numeric.", "txtFrom"},
+    {"5", "5", "10", "1", "1 9", "  'To' channels must be numeric.", "txtTo"},
+    {"5", "5", "10", "2000", "1", "  'From' channels cannot be less than 1 or greater than 1999 inclusive.",
+     "txtFrom"},
+    {"5", "5", "10", "0", "1999", "  'From' channels cannot be less than 1 or greater than 1999 inclusive.",
+     "txtFrom"},
+    {"5", "5", "10", "10", "5", "  'From' channels cannot be greater than 'To' channels.", "txtFrom"},
+    {"9", "5", "10", "1", "2000", "  'To' channels cannot be less than 1 or greater than 1999 inclusive.",
+     "txtTo"},
+    {"6", "5", "10", "1", "1999", "  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'.",
+     "txtAmps"},
+    {"0", "0", "0", "1", "1999", "  'AMPS and TDMA Channels' cannot both be zero.", "txtAmps"},
 };
 
 TEST_F(PlmTdma, TheAutomaticRulesRunInOrderOnControlsAndRecords) {
@@ -110,6 +116,9 @@ TEST_F(PlmTdma, TheAutomaticRulesRunInOrderOnControlsAndRecords) {
       panel->txtTo.SetText(c.to);
       const std::string expected = *c.message ? name + c.message : "";
       EXPECT_EQ(Refusal(), expected);
+      if (*c.box) {
+        EXPECT_TRUE(panel->FindControl(c.box)->HasFocus()) << expected;
+      }
       EXPECT_EQ(tab_.Problems().empty(), expected.empty());
     }
     for (ui::TextBox* box : {&panel->txtAmps, &panel->txtTdma, &panel->txtTotal}) box->SetText("5");
@@ -131,6 +140,34 @@ TEST_F(PlmTdma, TheAutomaticRulesRunInOrderOnControlsAndRecords) {
   stored.SetKey("Mode 5");
   EXPECT_FALSE(tab_.XMode5.ValidMode(stored));
   EXPECT_EQ(host_.TakeMessage(), "Mode 5: You must enter at least one channel.");
+}
+
+TEST_F(PlmTdma, WhatWasChosenBeforeCheckingStaysAmongTheDefaults) {
+  LoadNew();
+  Choose(5);
+  tab_.XMode5.cboMethod.Select(0);
+  tab_.XMode5.txtTotal.Type("8");
+  Check(5);
+  EXPECT_EQ(Refusal(), "Mode 5  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'.");
+  EXPECT_EQ(Stored(Mode(5)), "5|Auto|5|5|8|Expand|Member|Begin|1|1999|N|");
+  EXPECT_EQ(tab_.XMode5.txtAmps.Text(), "5");
+}
+
+TEST_F(PlmTdma, TheListsReadAsTheyShould) {
+  tab_.LoadState();
+  const auto texts = [](const ui::ComboBox& list) {
+    std::string all;
+    for (const auto& item : list.Items()) all += item.text + "|";
+    return all;
+  };
+  EXPECT_EQ(texts(tab_.XMode2.cboMethod), "Automatic Method|Manual Method|");
+  EXPECT_EQ(texts(tab_.XMode5.cboMethod),
+            "Automatic Method|Manual Method|Study All Channels (not CDMA/AMPS)|");
+  EXPECT_EQ(texts(tab_.XMode6.cboMethod), "Study All Channels|Manual Method|");
+  for (const DistributionPanel* panel : {&tab_.XMode2, &tab_.XMode5}) {
+    EXPECT_EQ(texts(panel->cboSort1), "Member Number|Channel Number|Radio Number|");
+    EXPECT_EQ(texts(panel->cboSort2), "From the Beginning|From the End|");
+  }
 }
 
 TEST_F(PlmTdma, TheMethodDecidesWhatIsUsedAndStored) {
@@ -174,7 +211,7 @@ TEST_F(PlmTdma, TheMethodDecidesWhatIsUsedAndStored) {
   EXPECT_EQ(Stored(Mode(6)), "6|Manual|-1|-1|-1||||-1|-1||1999");
   tab_.XMode6.cboMethod.SetListIndex(ui::kNoSelection);
   tab_.SaveData();
-  EXPECT_EQ(Mode(6).SelectionMethod(), "No Selection Method");
+  EXPECT_EQ(Stored(Mode(6)), "6|No Selection Method|-1|-1|-1||||-1|-1||");
 }
 
 TEST_F(PlmTdma, AStoredModeComesBackAsItWas) {
@@ -185,7 +222,15 @@ TEST_F(PlmTdma, AStoredModeComesBackAsItWas) {
   const auto strange = std::make_shared<CKivPlmMode>();
   strange->Initialize(5, 5, -1, -1, -1, "Lottery", 1, 1, 2, "Expand", "Weight", "Middle", 1, 2, "?", false);
   Data().AddMode("Mode 5", strange);
+  const auto hidden = std::make_shared<CKivPlmMode>();
+  hidden->Initialize(5, 6, -1, -1, -1, "Manual", -1, -1, -1, "", "", "", -1, -1, "", false);
+  hidden->SetKey("Mode 6");
+  Data().AddMode("Mode 6", hidden);
   LoadStored();
+  EXPECT_EQ(Refusal(), "") << "a mode that is not shown holds nobody up";
+  ASSERT_EQ(tab_.Problems().size(), 1U);
+  EXPECT_EQ(tab_.Problems().front().message, "Mode 6: You must enter at least one channel.");
+  Data().RemoveMode("Mode 6");
   EXPECT_TRUE(tab_.chkMode[1].Checked() && tab_.chkMode[4].Checked());
   EXPECT_EQ(tab_.CurrentMode(), "Mode 1");
   EXPECT_EQ(Panels(), "1");
