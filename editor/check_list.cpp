@@ -52,7 +52,7 @@ bool CheckList::Enforce() const {
 void Tell(const Problem& problem) {
   host::MessageBox& messages = host::TheMessageBox();
   messages.Show(problem.message, problem.style, messages.ApplicationTitle());
-  problem.control->SetFocus();
+  if (problem.control) problem.control->SetFocus();
 }
 
 }  // namespace kiv

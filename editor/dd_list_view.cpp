@@ -188,6 +188,7 @@ void XDDListView::DropNodes(const std::vector<host::DraggedNode>& nodes) {
     } catch (...) {
       if (collection.Contains(entity->Key())) collection.Remove(entity->Key());  // half an entity is none
       Display();
+      if (changed) CollectionChanged.Raise();
       throw;
     }
     changed = changed || collection.Contains(entity->Key());

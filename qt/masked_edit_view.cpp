@@ -46,7 +46,7 @@ class MaskedEditView final : public QLineEdit, public ControlView {
       Do([this] { edit_.Paste(FromQt(QGuiApplication::clipboard()->text().trimmed())); });
     } else if (event.matches(QKeySequence::Cut)) {
       copy();
-      Do([this] { edit_.Delete(); });
+      if (hasSelectedText()) Do([this] { edit_.Delete(); });
     } else if (event.key() == Qt::Key_Backspace) {
       Do([this] { edit_.Backspace(); });
     } else if (event.key() == Qt::Key_Delete) {

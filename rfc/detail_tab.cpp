@@ -56,6 +56,7 @@ XKivRfcDetail::XKivRfcDetail()
       fraDns(this, "fraDns"),
       txtDirectoryNumber(&fraDns, "txtDirectoryNumber"),
       txtFilename(&fraDns, "txtFilename"),
+      lblUnused(&fraDns, "lblUnused"),
       txtPollingInterval(this, "txtPollingInterval"),
       lblInterval(this, "lblInterval") {
   fraDestination.SetCaption("Data File Destination");
@@ -193,6 +194,17 @@ void XKivRfcDetail::FollowEcp() {
     ShowRow(from, {}, {});
   }
   ShowLeastInterval();
+  ShowUnused();
+}
+
+/// Entries that find no room stay in sight, but a save leaves them out.
+void XKivRfcDetail::ShowUnused() {
+  std::size_t unused = 0;
+  for (std::size_t row = 0; row < kRows; ++row) unused += IsFilled(row) && !IsTraced(row) ? 1 : 0;
+  lblUnused.SetCaption(unused == 0 ? std::string()
+                                   : std::to_string(unused) + (unused == 1 ? " DN is" : " DNs are") +
+                                         " not stored: this ECP traces " +
+                                         (HasMultipleDns() ? "DN 1 to 10." : "a single DN."));
 }
 
 std::size_t XKivRfcDetail::TracedDns() const {
@@ -245,6 +257,7 @@ ui::LayoutItem XKivRfcDetail::Layout() {
       {Group(fraDestination, {Form({Field("F&older:", {Single(txtPath), Single(cmdBrowse)})})}),
        Group(fraDns, {Row({fields({}, 0, 5),
                            fields({Text("DN 1 to 10: for an ECP that traces several DNs")}, 6, 10)})}),
+       Single(lblUnused),
        Form(
            {Field("Pollin&g interval:", {Single(txtPollingInterval), Text("seconds"), Single(lblInterval)})}),
        Stretch()});

@@ -33,6 +33,7 @@ class XKivRfcDetail : public TabOf<CKivRfcData> {
   ui::Frame fraDns;
   ui::ControlArray<XDnBox, kRows> txtDirectoryNumber;
   ui::ControlArray<ui::TextBox, kRows> txtFilename;
+  ui::Label lblUnused;             ///< says how many DNs find no room
   ui::TextBox txtPollingInterval;  ///< seconds
   ui::Label lblInterval;           ///< the least interval for the DNs as they are now
 
@@ -53,6 +54,7 @@ class XKivRfcDetail : public TabOf<CKivRfcData> {
   std::size_t TracedDns() const;
   std::int32_t LeastInterval() const;
   void ShowLeastInterval();
+  void ShowUnused();
 };
 
 }  // namespace kiv

@@ -96,7 +96,7 @@ XKivRfcGen::XKivRfcGen()
   ShowEntities(kWholeEcp, std::make_shared<EntityCollection>());
   optEntityType.Changed.Connect([this] { ChooseEntityType(); });
   dlvwEntity.EntityAdded.Connect([this](const std::shared_ptr<CEntity>& entity) {
-    entity->SetID(Study()->ID());
+    entity->SetID(Required(Study()).ID());
     added_.push_back(entity);
   });
   dlvwEntity.CollectionChanged.Connect([this] { FollowEntities(); });
@@ -149,8 +149,8 @@ void XKivRfcGen::ChooseEntityType() {
   if (filling_) return;
   SetUpList();
   if (!SubRecord()) return;
-  CheckFeature();
   ReportChange();
+  CheckFeature();
 }
 
 /// Checks the ECP when a drop or a removal changed it. What a drop added does not stay when the check fails.
@@ -192,15 +192,17 @@ std::shared_ptr<CEcp> XKivRfcGen::ChosenEcp() const {
 }
 
 /// Whether RF call trace is active on the chosen ECP; tells the user when it is not. True when none is
-/// chosen.
+/// chosen. After a failed look-up no ECP counts as checked.
 bool XKivRfcGen::CheckFeature() {
   CKivRfcData& data = *SubRecord();
   data.InitFaF();
-  ecp_ = ChosenEcp();
-  if (!ecp_) return true;
-  const bool found = data.LookupFAF(ecp_->InstanceID());
+  ecp_.reset();
+  const auto ecp = ChosenEcp();
+  if (!ecp) return true;
+  const bool found = data.LookupFAF(ecp->InstanceID());
+  ecp_ = ecp;
   if (found && data.Faf().F161) return true;
-  Tell({&dlvwEntity, found ? NotActive(*ecp_) : NotOnRecord(*ecp_)});
+  Tell({nullptr, found ? NotActive(*ecp) : NotOnRecord(*ecp)});
   return false;
 }
 

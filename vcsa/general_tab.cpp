@@ -33,22 +33,32 @@ bool HoldsOnlyOwn(const CCell& cell, const AntennaCollection& entries) {
                      [&cell](const auto& entry) { return entry->SharesEcpWith(cell); });
 }
 
+std::shared_ptr<CCell> WithoutLists(const CCell& cell) {
+  auto copy = MakeCell(cell.ID(), cell.InstanceID(), cell.SystemID(), cell.EcpID(), cell.CellID());
+  copy->SetTechType(cell.TechType());
+  return copy;
+}
+
+/// Adds the carriers of a cell's own that it does not have yet.
+void AddOwnCarriers(CCell& cell, const AntennaCollection& carriers) {
+  for (const auto& carrier : carriers) {
+    if (!carrier->SharesEcpWith(cell)) continue;
+    cell.AddCarrier(carrier->Instance_Id(), std::to_string(carrier->SystemID()),
+                    std::to_string(carrier->EcpID()), std::to_string(carrier->CellID()),
+                    std::to_string(carrier->CarrierID()), carrier->Selected());
+  }
+}
+
 /// The stored lists are read by cell number alone, so a cell may have got those of its namesake on another
 /// ECP as well.
 std::shared_ptr<CCell> WithOwnOnly(const CCell& cell) {
-  auto own = MakeCell(cell.ID(), cell.InstanceID(), cell.SystemID(), cell.EcpID(), cell.CellID());
-  own->SetTechType(cell.TechType());
+  auto own = WithoutLists(cell);
   for (const auto& antenna : Required(cell.Antennas())) {
     if (!antenna->SharesEcpWith(cell)) continue;
     own->AddAntenna(antenna->Instance_Id(), antenna->SystemID(), antenna->EcpID(), antenna->CellID(),
                     antenna->AntennaID(), antenna->Selected());
   }
-  for (const auto& carrier : Required(cell.Carriers())) {
-    if (!carrier->SharesEcpWith(cell)) continue;
-    own->AddCarrier(carrier->Instance_Id(), std::to_string(carrier->SystemID()),
-                    std::to_string(carrier->EcpID()), std::to_string(carrier->CellID()),
-                    std::to_string(carrier->CarrierID()), carrier->Selected());
-  }
+  AddOwnCarriers(*own, Required(cell.Carriers()));
   return own;
 }
 
@@ -73,7 +83,7 @@ XKivVcsGen::XKivVcsGen()
                           return Variant(dynamic_cast<const CCell&>(cell).TechType());
                         }}});
   dlvwCell.EntityAdded.Connect([this](const std::shared_ptr<CEntity>& cell) {
-    cell->SetID(Study()->ID());
+    cell->SetID(Required(Study()).ID());
     CompleteCell(AsCell(cell));
   });
   txtDuration.SetKeyFilter(MKivStudyCtls::NumericKeyFilter);
@@ -143,7 +153,11 @@ void XKivVcsGen::ShowStoredStudy() {
 void XKivVcsGen::CompleteCell(CCell& cell) const {
   cell.SetTechType(MSQL::FindCellTech(cell.InstanceID()));
   SubRecord()->LookupAntenna(cell);
-  if (IsCdma(cell)) SubRecord()->LookupCarrier(cell);
+  if (!IsCdma(cell)) return;
+  // A cell that has carriers already would not be given those of its CGSA.
+  const auto configured = WithoutLists(cell);
+  SubRecord()->LookupCarrier(*configured);
+  AddOwnCarriers(cell, Required(configured->Carriers()));
 }
 
 void XKivVcsGen::CompleteStoredCells() {

@@ -131,10 +131,16 @@ TEST_F(DropList, SortsNumbersByValueAndRemovesWhatIsSelected) {
 
 TEST_F(DropList, AnEntityThatCannotBeCompletedIsNotAdded) {
   Accepts(EntityType::VcsCell, 0);
-  list_.EntityAdded.Connect(
-      [](const auto&) { throw Error(ErrorNumber::DatabaseFailure, "no configuration"); });
-  EXPECT_THROW(Drop({Cell(1, 2, 3)}), Error);
-  EXPECT_EQ(list_.TheCollection()->Count(), 0);
+  int changes = 0;
+  list_.CollectionChanged.Connect([&changes] { ++changes; });
+  list_.EntityAdded.Connect([](const auto& cell) {
+    if (AsCell(cell).CellID() == 4) throw Error(ErrorNumber::DatabaseFailure, "no configuration");
+  });
+  EXPECT_THROW(Drop({Cell(1, 2, 4)}), Error);
+  EXPECT_EQ(list_.TheCollection()->Count() + changes, 0);
+  EXPECT_THROW(Drop({Cell(1, 2, 3), Cell(2, 2, 4), Cell(3, 2, 5)}), Error);
+  EXPECT_EQ(list_.TheCollection()->Count(), 1);
+  EXPECT_EQ(changes, 1) << "the cell before the failing one is there, which the host has to know";
 }
 
 TEST_F(DropList, ACellHasOneChosenAntenna) {

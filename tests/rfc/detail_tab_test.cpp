@@ -153,8 +153,10 @@ TEST_F(RfcDetail, RowsFollowTheEcp) {
   tab_.SaveData();
   EXPECT_EQ(SavedDns(), "N 5551/a.rft ");
   EXPECT_EQ(Rows(), "0:5551/a 3:5553/c ");
+  EXPECT_EQ(tab_.lblUnused.Caption(), "1 DN is not stored: this ECP traces a single DN.");
   Choose(Ecp::WithMultipleDns);
   EXPECT_EQ(Rows(), "1:5551/a 3:5553/c ");
+  EXPECT_EQ(tab_.lblUnused.Caption(), "");
 }
 
 TEST_F(RfcDetail, AStoredStudyFillsTheRowsOfItsEcp) {

@@ -166,6 +166,15 @@ TEST_F(RfcGeneral, TheFeatureIsCheckedWhenTheEcpChanges) {
   EXPECT_EQ(host_.database->queries.size(), 2U);
   tab_.dlvwEntity.DropNodes({Cell(2, 38)});
   EXPECT_EQ(Data().Faf().InstanceId, 102);
+
+  tab_.optEntityType[0].Click();
+  host_.editor->changes.clear();
+  host_.database->failure = "gone";
+  EXPECT_THROW(tab_.optEntityType[1].Click(), host::DatabaseError);
+  EXPECT_EQ(host_.editor->changes.size(), 1U);
+  host_.database->failure.clear();
+  tab_.dlvwEntity.DropNodes({Cell(2, 37)});
+  EXPECT_EQ(Data().Faf().InstanceId, 102) << "an ECP whose check failed is not taken for checked";
 }
 
 TEST_F(RfcGeneral, AStoredStudyIsShownWhateverItsFeatures) {

@@ -174,7 +174,19 @@ TEST_F(VcsaTabs, StoredCellsKeepTheirOwnChoicesAndGetWhatIsNew) {
     cell.AddAntenna(0, 1, 3, 37, 1, true);
     cell.AddCarrier(0, "1", "2", "37", "425", true);
   }
+  // Its carriers come from its CGSA, which has got one more.
+  host_.database->functions["lucent_generic.find_cell_tech"]["14"] = "CDMA";
+  host_.database->answers
+      ["SELECT a.carrier_no FROM luc_cfg_cgsa_cdma_cars a, luc_cfg_cgsa_cell_list b WHERE a.system_id = "
+       "b.system_id AND a.ecp=b.ecp AND a.cgsano=b.cgsano AND b.cell=5 AND b.system_id=1 AND b.ecp=3"] = {
+      {"carrier_no"}, {{384}, {425}}};
+  Data().AddCell(14, 1, 3, 5);
+  AsCell(Data().Cells()->Item("Cell:14")).AddCarrier(0, "1", "3", "5", "384", true);
   Load();
+  const CCell& ofCgsa = AsCell(Data().Cells()->Item("Cell:14"));
+  EXPECT_EQ(ofCgsa.Carriers()->Count(), 2);
+  EXPECT_TRUE(ofCgsa.Carriers()->Item("Carrier:1-3-5-384")->Selected());
+  EXPECT_FALSE(ofCgsa.Carriers()->Item("Carrier:1-3-5-425")->Selected());
   const CCell& first = AsCell(Data().Cells()->Item("Cell:11"));
   const CCell& second = AsCell(Data().Cells()->Item("Cell:13"));
   EXPECT_EQ(first.Antennas()->Count(), 3);  // 1 and 9 stored, 2 new
