@@ -77,7 +77,7 @@ TEST_F(StudyFilesWindow, SelectedStudiesAreExportedCorrectedAndImported) {
   const QString good = Text(file);
   EXPECT_TRUE(good.contains("\"name\": \"Second\""));
 
-  Write(file, QString(good).replace("30", "5").replace("Downtown", "Harbour"));
+  Write(file, QString(good).replace("Minutes\": 30", "Minutes\": 5").replace("Downtown", "Harbour"));
   user_.During([&] { window_->ImportStudies({file}); },
                [&](QWidget&) {
                  EXPECT_TRUE(Result().startsWith("1 problem found.")) << Result().toStdString();
