@@ -10,39 +10,23 @@
 #include "client/study_session.h"
 #include "client/window_program.h"
 #include "hom/hom_data.h"
+#include "paint.h"
 #include "plain_form.h"
 #include "plm/plm_data.h"
-#include "timing.h"
 
 namespace kiv::bench {
 namespace {
 
 using client::Study;
 
-/// Sees a widget being painted.
-class PaintWatch : public QObject {
- public:
-  explicit PaintWatch(QWidget& widget) { widget.installEventFilter(this); }
-  bool Painted() const { return painted_; }
-  bool eventFilter(QObject*, QEvent* event) override {
-    painted_ = painted_ || event->type() == QEvent::Paint;
-    return false;
-  }
-
- private:
-  bool painted_ = false;
-};
-
 /// Milliseconds from making a window's contents to the end of its first paint.
 double TimeToFirstPaint(const std::function<QWidget*()>& make) {
   std::unique_ptr<QWidget> window;
-  return Milliseconds([&] {
-    window.reset(make());
-    const PaintWatch watch(*window);
-    window->resize(900, 600);
-    window->show();
-    while (!watch.Painted()) QApplication::processEvents();
-  });
+  const double making = Milliseconds([&] { window.reset(make()); });
+  return making + MillisecondsUntilPainted(*window, [&] {
+           window->resize(900, 600);
+           window->show();
+         });
 }
 
 Study StoreStudy(client::StudyStore& store, const std::string& kind, const std::string& folder,

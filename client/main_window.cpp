@@ -56,7 +56,7 @@ MainWindow::MainWindow(Program& program)
       tabs_(new QTabWidget(this)),
       home_(new QStackedWidget(tabs_)),
       startPage_(new StartPage(home_)),
-      list_(new StudyListPage(home_)),
+      list_(new StudyListPage(program, home_)),
       networkDock_(new QDockWidget(QStringLiteral("Network"), this)),
       network_(new EntityTree(program.Drag(), networkDock_)),
       databaseLabel_(new QLabel(this)),
@@ -80,6 +80,7 @@ MainWindow::MainWindow(Program& program)
   list_->View().setSelectionMode(QAbstractItemView::ExtendedSelection);
   list_->StudyActivated.Connect([this](std::int32_t id) { OpenStudy(id); });
   list_->SelectionChanged.Connect([this] { ShowState(); });
+  list_->Reader().Failed.Connect(TellFailure);
   connect(tabs_, &QTabWidget::tabCloseRequested, this, [this](int index) { CloseEditor(index); });
   connect(tabs_, &QTabWidget::currentChanged, this, [this] { ShowState(); });
   program_.Settings().appGeneralState_StateChange.Connect([this] { ShowState(); });
@@ -252,6 +253,8 @@ void MainWindow::OpenDatabase(const std::string& path, Program::WhenMissing when
   }
   if (!CloseAllEditors()) return;
   program_.Use(std::move(connection));
+  list_->ForgetStudies();
+  home_->setCurrentWidget(list_);
   Guarded([this] {
     RefreshStudies();
     RefreshNetwork();
@@ -314,7 +317,16 @@ void MainWindow::ShowEmptyPage() {
 }
 
 void MainWindow::RefreshStudies() {
-  list_->SetStudies(program_.Store().List());
+  list_->Reader().Start();
+  ShowStudies();
+}
+
+void MainWindow::RefreshStudy(std::int32_t id) {
+  list_->Update(id, program_.Store().Summary(id));
+  ShowStudies();
+}
+
+void MainWindow::ShowStudies() {
   ShowState();
   if (list_->StudyCount() == 0) {
     ShowEmptyPage();
@@ -355,7 +367,7 @@ EditorView* MainWindow::AddEditor(std::unique_ptr<StudySession> session) {
   auto* editor = new EditorView(program_, std::move(session), tabs_);
   editor->TitleChanged.Connect([this, editor] { ShowTitle(*editor); });
   editor->Stored.Connect([this, editor] {
-    RefreshStudies();
+    RefreshStudy(editor->Session().ID());
     list_->SelectStudy(editor->Session().ID());
   });
   const int index = tabs_->addTab(editor, icon, {});
@@ -417,7 +429,7 @@ void MainWindow::DeleteSelectedStudy() {
   if (question.clickedButton() != reinterpret_cast<const QAbstractButton*>(remove)) return;
   program_.Store().Remove(*id);
   if (editor) DropEditor(*editor);
-  RefreshStudies();
+  RefreshStudy(*id);
 }
 
 void MainWindow::ShowState() {

@@ -67,6 +67,9 @@ class MainWindow : public QMainWindow {
   void DeleteSelectedStudy();
   std::vector<std::int32_t> SelectedStudies() const;
   void RefreshStudies();
+  /// The same for one study that was stored or deleted.
+  void RefreshStudy(std::int32_t id);
+  void ShowStudies();
   void RefreshNetwork();
   void ShowEmptyPage();
   void ShowNoDatabase(const std::string& path, const std::string& problem, bool canCreate);

@@ -1,11 +1,11 @@
 #include "client/network_entities.h"
 
-#include <QString>
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <limits>
 
+#include "client/lower_case.h"
 #include "client/network_tables.h"
 #include "core/conversions.h"
 
@@ -15,16 +15,6 @@ namespace {
 
 constexpr int kTimeoutSeconds = 60;
 constexpr std::size_t kMostWords = 64;
-
-std::string LowerCase(std::string_view text) {
-  const bool ascii = std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-  if (!ascii) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toLower().toStdString();
-  }
-  std::string lowered(text);
-  for (char& c : lowered) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  return lowered;
-}
 
 /// The numbers of `37`, `1-2` or `1-2-37`, while it is typed also of `1-2-`; none of anything else.
 std::vector<std::int32_t> NumbersOf(std::string_view word) {

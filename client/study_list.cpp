@@ -4,15 +4,15 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
 #include <QSettings>
 #include <QTableView>
 #include <algorithm>
 #include <array>
-#include <utility>
+#include <vector>
 
 #include "client/cut_text_tips.h"
-#include "client/kind_icon.h"
-#include "client/local_time.h"
 
 namespace kiv::client {
 
@@ -20,99 +20,20 @@ namespace {
 
 constexpr const char* kColumnsKey = "StudyList/Columns";
 
-QString CellText(const StudySummary& study, int column) {
-  switch (column) {
-    case StudyTable::kId: return QString::number(study.id);
-    case StudyTable::kKind: return QString::fromStdString(study.kind);
-    case StudyTable::kName: return QString::fromStdString(study.name);
-    case StudyTable::kScenario: return QString::fromStdString(study.scenario);
-    case StudyTable::kMinutes:
-      return study.duration == CKivStudyData::kNotGiven ? QString() : QString::number(study.duration);
-    case StudyTable::kChangedBy: return QString::fromStdString(study.modifiedBy);
-    default: return QString::fromStdString(LocalTimeText(study.modifiedAt));
-  }
-}
-
-bool IsNumber(int column) {
-  return column == StudyTable::kId || column == StudyTable::kMinutes;
-}
+constexpr std::int64_t kUntilShown = 300;  // milliseconds; what takes less needs no progress bar
 
 }  // namespace
 
-void StudyTable::SetStudies(std::vector<StudySummary> studies) {
-  beginResetModel();
-  studies_ = std::move(studies);
-  searchTexts_.clear();
-  searchTexts_.reserve(studies_.size());
-  for (const StudySummary& study : studies_) {
-    searchTexts_.push_back(QString::fromStdString(std::to_string(study.id) + "\n" + study.kind + "\n" +
-                                                  study.name + "\n" + study.scenario + "\n" +
-                                                  study.modifiedBy)
-                               .toLower());
-  }
-  endResetModel();
-}
-
-int StudyTable::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(studies_.size());
-}
-
-int StudyTable::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : kColumnCount;
-}
-
-QVariant StudyTable::data(const QModelIndex& index, int role) const {
-  const StudySummary& study = studies_[static_cast<std::size_t>(index.row())];
-  if (role == Qt::DisplayRole) return CellText(study, index.column());
-  if (role == Qt::DecorationRole && index.column() == kKind) return KindIcon(study.kind);
-  if (role == Qt::TextAlignmentRole && IsNumber(index.column())) {
-    return QVariant::fromValue(Qt::Alignment(Qt::AlignRight | Qt::AlignVCenter));
-  }
-  return {};
-}
-
-QVariant StudyTable::headerData(int section, Qt::Orientation orientation, int role) const {
-  static const std::array<QString, kColumnCount> captions = {
-      QStringLiteral("ID"),        QStringLiteral("Kind"),    QStringLiteral("Name"),
-      QStringLiteral("Scenario"),  QStringLiteral("Minutes"), QStringLiteral("Changed by"),
-      QStringLiteral("Changed at")};
-  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-  return captions[static_cast<std::size_t>(section)];
-}
-
-StudyFilter::StudyFilter(StudyTable& table) : table_(table) {
-  setSourceModel(&table);
-}
-
-void StudyFilter::SetWords(const QString& text) {
-  words_ = text.toLower().split(QLatin1Char(' '), Qt::SkipEmptyParts);
-  invalidateFilter();
-}
-
-bool StudyFilter::filterAcceptsRow(int row, const QModelIndex&) const {
-  const QString& text = table_.SearchText(row);
-  return std::all_of(words_.begin(), words_.end(),
-                     [&text](const QString& word) { return text.contains(word); });
-}
-
-bool StudyFilter::lessThan(const QModelIndex& left, const QModelIndex& right) const {
-  const StudySummary& first = table_.Studies()[static_cast<std::size_t>(left.row())];
-  const StudySummary& second = table_.Studies()[static_cast<std::size_t>(right.row())];
-  switch (left.column()) {
-    case StudyTable::kId: return first.id < second.id;
-    case StudyTable::kMinutes: return first.duration < second.duration;
-    case StudyTable::kChangedAt: return first.modifiedAt < second.modifiedAt;
-    default:
-      return CellText(first, left.column()).compare(CellText(second, left.column()), Qt::CaseInsensitive) < 0;
-  }
-}
-
-StudyListPage::StudyListPage(QWidget* parent)
+StudyListPage::StudyListPage(Program& program, QWidget* parent)
     : QWidget(parent),
-      filter_(table_),
+      reader_(program, table_),
       filterBox_(new QLineEdit(this)),
       view_(new QTableView(this)),
-      count_(new QLabel(this)) {
+      count_(new QLabel(this)),
+      reading_(new QWidget(this)),
+      readSoFar_(new QLabel(reading_)),
+      progress_(new QProgressBar(reading_)),
+      stop_(new QPushButton(reading_)) {
   auto* label = new QLabel(QStringLiteral("Fi&nd:"), this);
   label->setBuddy(filterBox_);
   filterBox_->setPlaceholderText(QStringLiteral("words of the name, kind, scenario or user"));
@@ -121,7 +42,7 @@ StudyListPage::StudyListPage(QWidget* parent)
 
   view_->setObjectName(QStringLiteral("studies"));
   view_->setAccessibleName(QStringLiteral("Studies"));
-  view_->setModel(&filter_);
+  view_->setModel(&table_);
   view_->setSelectionBehavior(QAbstractItemView::SelectRows);
   view_->setSelectionMode(QAbstractItemView::SingleSelection);
   view_->setTabKeyNavigation(false);
@@ -161,17 +82,58 @@ StudyListPage::StudyListPage(QWidget* parent)
   auto* all = new QVBoxLayout(this);
   all->addLayout(top);
   all->addWidget(view_);
+  AddReading(*all);
 
-  connect(filterBox_, &QLineEdit::textChanged, this, [this](const QString& text) {
-    filter_.SetWords(text);
-    ShowCount();
-  });
+  connect(filterBox_, &QLineEdit::textChanged, this, [this](const QString& text) { table_.SetWords(text); });
   connect(filterBox_, &QLineEdit::returnPressed, this, [this] { view_->setFocus(); });
   connect(view_, &QTableView::activated, this, [this] {
     if (const auto id = SelectedStudy()) StudyActivated.Raise(*id);
   });
   connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this] { SelectionChanged.Raise(); });
+  connect(&table_, &QAbstractItemModel::modelAboutToBeReset, this, [this] { SavePlace(); });
+  connect(&table_, &QAbstractItemModel::modelReset, this, [this] { RestorePlace(); });
+  connect(&table_, &QAbstractItemModel::rowsInserted, this, [this] { ShowCount(); });
+}
+
+/// Below the list, so that no row moves when it comes or goes.
+void StudyListPage::AddReading(QVBoxLayout& page) {
+  readSoFar_->setObjectName(QStringLiteral("studiesRead"));
+  progress_->setTextVisible(false);
+  progress_->setAccessibleName(QStringLiteral("Studies read"));
+  stop_->setObjectName(QStringLiteral("studiesStop"));
+  auto* row = new QHBoxLayout(reading_);
+  row->setContentsMargins({});
+  row->addWidget(readSoFar_);
+  row->addWidget(progress_, 1);
+  row->addStretch();
+  row->addWidget(stop_);
+  page.addWidget(reading_);
+  reading_->hide();
+  connect(stop_, &QPushButton::clicked, this, [this] {
+    reader_.CurrentState() == StudyReader::State::Reading ? reader_.Stop() : reader_.Start();
+  });
+  reader_.Progressed.Connect([this] { ShowReading(); });
+}
+
+void StudyListPage::ShowReading() {
+  const StudyReader::State state = reader_.CurrentState();
+  const bool reads = state == StudyReader::State::Reading;
+  if (state == StudyReader::State::Complete && stop_->hasFocus()) view_->setFocus();
+  reading_->setVisible(state == StudyReader::State::Stopped || (reads && reader_.Elapsed() > kUntilShown));
+  progress_->setVisible(reads);
+  progress_->setMaximum(static_cast<int>(reader_.TotalCount()));
+  progress_->setValue(static_cast<int>(reader_.ReadCount()));
+  stop_->setText(reads ? QStringLiteral("St&op") : QStringLiteral("&Refresh"));
+  const QString place =
+      QStringLiteral("%L1 of %L2 studies").arg(reader_.ReadCount()).arg(reader_.TotalCount());
+  if (reads) {
+    readSoFar_->setText(QStringLiteral("Reading: ") + place);
+  } else if (reader_.TotalCount() == 0) {
+    readSoFar_->setText(QStringLiteral("The studies were not read; Refresh tries again."));
+  } else {
+    readSoFar_->setText(QStringLiteral("Stopped at %1; Refresh reads all.").arg(place));
+  }
 }
 
 void StudyListPage::RestoreColumns(const QSettings& settings) {
@@ -189,32 +151,61 @@ void StudyListPage::resizeEvent(QResizeEvent* event) {
   view_->setColumnWidth(StudyTable::kName, std::max(leastNameWidth_, view_->viewport()->width() - others));
 }
 
-void StudyListPage::SetStudies(std::vector<StudySummary> studies) {
-  const auto selected = SelectedStudy();
-  table_.SetStudies(std::move(studies));
-  if (selected) SelectStudy(*selected);
-  ShowCount();
-  SelectionChanged.Raise();
+void StudyListPage::ForgetStudies() {
+  reader_.Stop();
+  reading_->hide();
+  table_.Clear();
+}
+
+void StudyListPage::Update(std::int32_t id, const std::optional<StudySummary>& study) {
+  table_.Replace(id, id, study ? std::vector{*study} : std::vector<StudySummary>());
+}
+
+QModelIndex StudyListPage::SelectedRow() const {
+  const QItemSelectionModel& selection = *view_->selectionModel();
+  const QModelIndex current = selection.currentIndex();
+  if (selection.isSelected(current)) return current;
+  const QModelIndexList rows = selection.selectedRows();
+  return rows.isEmpty() ? QModelIndex() : rows.front();
 }
 
 std::optional<std::int32_t> StudyListPage::SelectedStudy() const {
-  const QModelIndexList rows = view_->selectionModel()->selectedRows();
-  if (rows.isEmpty()) return std::nullopt;
-  return table_.Studies()[static_cast<std::size_t>(filter_.mapToSource(rows.front()).row())].id;
+  const QModelIndex row = SelectedRow();
+  return row.isValid() ? std::optional(table_.At(row.row()).id) : std::nullopt;
 }
 
 QString StudyListPage::SelectedName() const {
-  const QModelIndexList rows = view_->selectionModel()->selectedRows(StudyTable::kName);
-  return rows.isEmpty() ? QString() : rows.front().data().toString();
+  const QModelIndex row = SelectedRow();
+  return row.isValid() ? QString::fromStdString(table_.At(row.row()).name) : QString();
 }
 
 void StudyListPage::SelectStudy(std::int32_t id) {
-  const auto& studies = table_.Studies();
-  const auto found = std::find_if(studies.begin(), studies.end(),
-                                  [id](const StudySummary& study) { return study.id == id; });
-  if (found == studies.end()) return;
-  const QModelIndex index = filter_.mapFromSource(table_.index(static_cast<int>(found - studies.begin()), 0));
-  if (index.isValid()) view_->setCurrentIndex(index);
+  const auto row = table_.RowOf(id);
+  if (!row) return;
+  // Whatever keys are held down, such as those of a shortcut that saves.
+  view_->selectionModel()->setCurrentIndex(table_.index(*row, 0),
+                                           QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void StudyListPage::SavePlace() {
+  selectedBefore_.clear();
+  for (const QModelIndex& row : view_->selectionModel()->selectedRows()) {
+    selectedBefore_.insert(table_.At(row.row()).id);
+  }
+  currentBefore_ = SelectedStudy();
+  const int top = view_->rowAt(0);
+  // Who looks at the beginning goes on looking at the beginning.
+  topBefore_ = top > 0 ? std::optional(table_.At(top).id) : std::nullopt;
+}
+
+void StudyListPage::RestorePlace() {
+  if (currentBefore_) SelectStudy(*currentBefore_);
+  if (selectedBefore_.size() > 1) view_->selectionModel()->select(RowsBefore(), QItemSelectionModel::Select);
+  if (const auto top = topBefore_ ? table_.RowOf(*topBefore_) : std::nullopt) {
+    view_->scrollTo(table_.index(*top, 0), QAbstractItemView::PositionAtTop);
+  }
+  ShowCount();
+  SelectionChanged.Raise();
 }
 
 void StudyListPage::FocusFilter() {
@@ -222,9 +213,23 @@ void StudyListPage::FocusFilter() {
   filterBox_->selectAll();
 }
 
+/// Where the studies are that were selected before. Neighbours make one range: a selection of thousands of
+/// ranges would be slow.
+QItemSelection StudyListPage::RowsBefore() const {
+  QItemSelection rows;
+  const auto selected = [this](int row) { return selectedBefore_.contains(table_.At(row).id); };
+  for (int row = 0; row < table_.rowCount(); ++row) {
+    if (!selected(row)) continue;
+    const int from = row;
+    while (row + 1 < table_.rowCount() && selected(row + 1)) ++row;
+    rows.select(table_.index(from, 0), table_.index(row, StudyTable::kColumnCount - 1));
+  }
+  return rows;
+}
+
 void StudyListPage::ShowCount() {
-  const int all = table_.rowCount();
-  const int shown = filter_.rowCount();
+  const int shown = table_.rowCount();
+  const auto all = static_cast<int>(table_.Count());
   const QString studies = all == 1 ? QStringLiteral("study") : QStringLiteral("studies");
   count_->setText(shown == all ? QStringLiteral("%L1 %2").arg(all).arg(studies)
                                : QStringLiteral("%L1 of %L2 %3").arg(shown).arg(all).arg(studies));

@@ -1,67 +1,37 @@
 #pragma once
 
-#include <QAbstractTableModel>
-#include <QSortFilterProxyModel>
+#include <QItemSelection>
 #include <QWidget>
-#include <functional>
 #include <optional>
-#include <vector>
+#include <unordered_set>
 
 #include "base/signal.h"
-#include "client/study_store.h"
+#include "client/study_reader.h"
+#include "client/study_table.h"
 
 class QLabel;
 class QLineEdit;
+class QProgressBar;
+class QPushButton;
 class QSettings;
 class QTableView;
+class QVBoxLayout;
 
 namespace kiv::client {
-
-/// The list of studies as a table.
-class StudyTable : public QAbstractTableModel {
- public:
-  enum Column { kId, kKind, kName, kScenario, kMinutes, kChangedBy, kChangedAt, kColumnCount };
-
-  using QAbstractTableModel::QAbstractTableModel;
-
-  void SetStudies(std::vector<StudySummary> studies);
-  const std::vector<StudySummary>& Studies() const { return studies_; }
-  /// The texts of a study in lower case, for searching.
-  const QString& SearchText(int row) const { return searchTexts_[static_cast<std::size_t>(row)]; }
-
-  int rowCount(const QModelIndex& parent = {}) const override;
-  int columnCount(const QModelIndex& parent = {}) const override;
-  QVariant data(const QModelIndex& index, int role) const override;
-  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-
- private:
-  std::vector<StudySummary> studies_;
-  std::vector<QString> searchTexts_;
-};
-
-/// Sorts numbers by value and keeps the studies that hold every word of the filter.
-class StudyFilter : public QSortFilterProxyModel {
- public:
-  explicit StudyFilter(StudyTable& table);
-  void SetWords(const QString& text);
-
- protected:
-  bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
-  bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
-
- private:
-  StudyTable& table_;
-  QStringList words_;
-};
 
 /// The list of studies with its filter box.
 class StudyListPage : public QWidget {
  public:
-  explicit StudyListPage(QWidget* parent = nullptr);
+  explicit StudyListPage(Program& program, QWidget* parent = nullptr);
 
-  void SetStudies(std::vector<StudySummary> studies);
-  int StudyCount() const { return table_.rowCount(); }
-  /// The study that the cursor is on.
+  /// Reads the studies of the open database; see there how.
+  StudyReader& Reader() { return reader_; }
+  /// Another database is open.
+  void ForgetStudies();
+  /// Shows a study as it is stored now, or no more.
+  void Update(std::int32_t id, const std::optional<StudySummary>& study);
+  std::size_t StudyCount() const { return table_.Count(); }
+  /// The study that the cursor is on, or the first of the selected ones.
   std::optional<std::int32_t> SelectedStudy() const;
   QString SelectedName() const;
   void SelectStudy(std::int32_t id);
@@ -80,14 +50,27 @@ class StudyListPage : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void AddReading(QVBoxLayout& page);
+  void ShowReading();
   void ShowCount();
+  QModelIndex SelectedRow() const;
+  void SavePlace();
+  void RestorePlace();
+  QItemSelection RowsBefore() const;
 
   StudyTable table_;
-  StudyFilter filter_;
+  StudyReader reader_;
   QLineEdit* filterBox_;
   QTableView* view_;
   QLabel* count_;
+  QWidget* reading_;  ///< what tells how far the reading is
+  QLabel* readSoFar_;
+  QProgressBar* progress_;
+  QPushButton* stop_;
   int leastNameWidth_ = 0;
+  std::unordered_set<std::int32_t> selectedBefore_;
+  std::optional<std::int32_t> currentBefore_;
+  std::optional<std::int32_t> topBefore_;  ///< the uppermost study, unless that is the first
 };
 
 }  // namespace kiv::client

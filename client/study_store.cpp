@@ -47,6 +47,29 @@ std::int32_t ReadableNumber(const Variant& field) {
   }
 }
 
+/// The lines of the list that a condition and an order leave.
+std::vector<StudySummary> Summaries(const std::string& which) {
+  const auto rows = MSQL::OpenQuery(
+      "SELECT s.id, s.kind, s.name, c.name AS scenario, s.duration, s.modified_by, s.modified_at "
+      "FROM kiv_study s LEFT JOIN kiv_scenario c ON c.id = s.scenario_id " +
+      which);
+  std::vector<StudySummary> studies;
+  studies.reserve(static_cast<std::size_t>(rows->RecordCount()));
+  for (; !rows->EndOfFile(); rows->MoveNext()) {
+    int column = 0;
+    const auto next = [&] { return rows->FieldAt(column++); };
+    StudySummary& study = studies.emplace_back();
+    study.id = ToInt32(next());
+    study.kind = ToText(next());
+    study.name = ToText(next());
+    study.scenario = ToText(next());
+    study.duration = ReadableNumber(next());
+    study.modifiedBy = ToText(next());
+    study.modifiedAt = ToText(next());
+  }
+  return studies;
+}
+
 std::string NotOpened(std::int32_t id, const std::string& name) {
   return "Study " + std::to_string(id) + " \"" + name + "\" was not opened: ";
 }
@@ -109,24 +132,20 @@ StudyStore::StudyStore(std::shared_ptr<database::Connection> connection, std::sh
     : connection_(std::move(connection)), errors_(std::move(errors)) {}
 
 std::vector<StudySummary> StudyStore::List() const {
-  const auto rows = MSQL::OpenQuery(
-      "SELECT s.id, s.kind, s.name, c.name AS scenario, s.duration, s.modified_by, s.modified_at "
-      "FROM kiv_study s LEFT JOIN kiv_scenario c ON c.id = s.scenario_id ORDER BY s.id");
-  std::vector<StudySummary> studies;
-  studies.reserve(static_cast<std::size_t>(rows->RecordCount()));
-  for (; !rows->EndOfFile(); rows->MoveNext()) {
-    int column = 0;
-    const auto next = [&] { return rows->FieldAt(column++); };
-    StudySummary& study = studies.emplace_back();
-    study.id = ToInt32(next());
-    study.kind = ToText(next());
-    study.name = ToText(next());
-    study.scenario = ToText(next());
-    study.duration = ReadableNumber(next());
-    study.modifiedBy = ToText(next());
-    study.modifiedAt = ToText(next());
-  }
-  return studies;
+  return Summaries("ORDER BY s.id");
+}
+
+std::vector<StudySummary> StudyStore::ListFrom(std::int32_t id, std::size_t most) const {
+  return Summaries("WHERE s.id >= " + std::to_string(id) + " ORDER BY s.id LIMIT " + std::to_string(most));
+}
+
+std::optional<StudySummary> StudyStore::Summary(std::int32_t id) const {
+  std::vector<StudySummary> found = Summaries("WHERE s.id = " + std::to_string(id));
+  return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
+}
+
+std::size_t StudyStore::Count() const {
+  return static_cast<std::size_t>(ToInt32(MSQL::OpenQuery("SELECT count(*) FROM kiv_study")->FieldAt(0)));
 }
 
 Study StudyStore::Load(std::int32_t id) const {

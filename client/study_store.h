@@ -23,6 +23,8 @@ struct StudySummary {
   std::int32_t duration = CKivStudyData::kNotGiven;  ///< also when the stored one is no number
   std::string modifiedBy;
   std::string modifiedAt;  ///< UTC, such as 2026-03-09T13:05:00Z
+
+  friend bool operator==(const StudySummary&, const StudySummary&) = default;
 };
 
 /// Studies and scenarios in the program's database. Database failures are raised as host::DatabaseError.
@@ -34,6 +36,11 @@ class StudyStore {
 
   /// Every study by ascending identifier.
   std::vector<StudySummary> List() const;
+  /// The same from an identifier on, at most so many.
+  std::vector<StudySummary> ListFrom(std::int32_t id, std::size_t most) const;
+  /// One line of the list; nothing when there is no such study.
+  std::optional<StudySummary> Summary(std::int32_t id) const;
+  std::size_t Count() const;
 
   /// A new study of a kind that is not stored yet.
   Study New(const std::string& kind) const { return NewStudy(kind); }

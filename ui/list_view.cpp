@@ -8,29 +8,6 @@
 
 namespace kiv::ui {
 
-namespace {
-
-/// Row numbers by ascending key; rows with the same key keep their order.
-template <class Key, class KeyOf>
-std::vector<std::uint32_t> RowsByKey(std::size_t count, SortDirection direction, const KeyOf& keyOf) {
-  std::vector<std::pair<Key, std::uint32_t>> keys;
-  keys.reserve(count);
-  for (std::size_t row = 0; row < count; ++row)
-    keys.emplace_back(keyOf(row), static_cast<std::uint32_t>(row));
-  if (direction == SortDirection::Ascending) {
-    std::sort(keys.begin(), keys.end());
-  } else {
-    std::sort(keys.begin(), keys.end(), [](const auto& left, const auto& right) {
-      return left.first != right.first ? left.first > right.first : left.second < right.second;
-    });
-  }
-  std::vector<std::uint32_t> rows(count);
-  std::transform(keys.begin(), keys.end(), rows.begin(), [](const auto& key) { return key.second; });
-  return rows;
-}
-
-}  // namespace
-
 void ListView::SetColumns(std::vector<ListColumn> columns) {
   columns_ = std::move(columns);
   if (sortColumn_ >= static_cast<int>(columns_.size())) sortColumn_ = kUnsorted;
@@ -65,12 +42,12 @@ void ListView::Sort() {
   order_.clear();
   if (sortColumn_ == kUnsorted || !rows_) return;
   const auto column = static_cast<std::size_t>(sortColumn_);
+  order_.resize(rows_->Count());
+  std::iota(order_.begin(), order_.end(), 0U);
   if (columns_[column].content == ListColumn::Content::Number) {
-    order_ = RowsByKey<std::int64_t>(rows_->Count(), direction_,
-                                     [&](std::size_t row) { return rows_->Number(row, column); });
+    SortRows(order_, direction_, [&](std::size_t row) { return rows_->Number(row, column); });
   } else {
-    order_ = RowsByKey<std::string>(rows_->Count(), direction_,
-                                    [&](std::size_t row) { return rows_->Text(row, column); });
+    SortRows(order_, direction_, [&](std::size_t row) { return rows_->Text(row, column); });
   }
 }
 

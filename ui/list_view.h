@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "ui/control.h"
+#include "ui/row_order.h"
 
 namespace kiv::ui {
 
 enum class Alignment { Left, Right };
-enum class SortDirection { Ascending, Descending };
 
 struct ListColumn {
   std::string caption;
