@@ -10,5 +10,6 @@ build/bench/bench/editor_bench
 build/bench/bench/plm_bench
 build/bench/bench/vcsa_bench
 build/bench/bench/storage_bench
+build/bench/bench/network_lists_bench
 build/bench/bench/study_list_bench
 bench/list_bench.sh build/bench
