@@ -141,7 +141,9 @@ void XKivHomDetail::ShowStoredStudy() {
   const FlagGuard busy(busy_);
   cboModeSelection.SetListIndex(
       MKivStudyCtls::FindItemDataIndex(cboModeSelection.Items(), SubRecord()->HomMode()));
-  cboModeSelection.SetHint("stored mode " + std::to_string(SubRecord()->HomMode()) + " is unknown");
+  const bool known = cboModeSelection.ListIndex() != ui::kNoSelection;
+  cboModeSelection.SetHint(known ? std::string()
+                                 : "stored mode " + std::to_string(SubRecord()->HomMode()) + " is unknown");
   for (const BoxField& field : BoxField::All()) {
     Box(field).SetChecked(MKivStudyCtls::YNToCheckValue(((*SubRecord()).*field.get)()) != 0);
   }

@@ -1,5 +1,6 @@
 #include <QComboBox>
 #include <QWheelEvent>
+#include <algorithm>
 
 #include "qt/control_views.h"
 #include "qt/text.h"
@@ -18,10 +19,13 @@ class ComboBoxView final : public QComboBox, public ControlView {
         ControlView(list, *this),
         list_(list),
         changed_(ShowValueOn(list.Changed)),
-        itemsChanged_(list.ItemsChanged.Connect([this] { ShowItems(); })) {
+        itemsChanged_(list.ItemsChanged.Connect([this] {
+          // From now on the width follows the items; for those of the start the usual policy is enough, and
+          // it does not make the pop-up list before somebody opens it.
+          setSizeAdjustPolicy(AdjustToContents);
+          ShowItems();
+        })) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    setSizeAdjustPolicy(AdjustToContents);
-    setMinimumContentsLength(kLeastCharacters);
     ShowAppearance();
     ShowItems();
     connect(this, &QComboBox::activated, this,
@@ -30,7 +34,9 @@ class ComboBoxView final : public QComboBox, public ControlView {
 
   void ShowAppearance() override {
     ControlView::ShowAppearance();
-    setPlaceholderText(ToQt(list_.Hint()));
+    const QString hint = ToQt(list_.Hint());
+    setPlaceholderText(hint);
+    setMinimumContentsLength(std::max(kLeastCharacters, static_cast<int>(hint.size())));
   }
   bool HoldsValue() const override { return true; }
 
