@@ -80,9 +80,9 @@ EditorView::EditorView(Program& program, std::unique_ptr<StudySession> session, 
   auto* all = new QVBoxLayout(this);
   all->addLayout(top);
   if (Tab* header = session_->Header()) {
-    header_ = new qt::PageView(*header, header->Layout(), this);
+    header_ = new qt::PageView(*header, header->Layout(), this, qt::PageView::Shape::Strip);
     header_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    all->addWidget(header_);
+    top->addWidget(header_, 1);
   }
   all->addWidget(tabs_, 1);
   all->addLayout(bottom);
@@ -174,12 +174,17 @@ void EditorView::StartMarking() {
 
 void EditorView::ShowMarks() {
   if (!marking_) return;
-  if (header_) header_->ShowMarks(MarksOf(*session_->Header()));
+  std::vector<qt::Mark> headerMarks;
+  if (header_) {
+    headerMarks = MarksOf(*session_->Header());
+    header_->ShowMarks(headerMarks);
+  }
   for (std::size_t i = 0; i < pages_.size(); ++i) {
-    const std::vector<qt::Mark> marks = MarksOf(*session_->Tabs()[i]);
-    pages_[i]->ShowMarks(marks);
+    std::vector<qt::Mark> marks = MarksOf(*session_->Tabs()[i]);
     tabs_->setTabIcon(static_cast<int>(i),
                       marks.empty() ? QIcon() : style()->standardIcon(QStyle::SP_MessageBoxWarning));
+    marks.insert(marks.begin(), headerMarks.begin(), headerMarks.end());
+    pages_[i]->ShowMarks(marks);
   }
 }
 

@@ -178,6 +178,7 @@ class NetworkDialog : public QDialog {
     result_->setText(text);
     result_->show();
     ShowBadLines(report.badLines);
+    resize(width(), std::max(height(), all_->totalHeightForWidth(width())));  // every line of the text
     // After a good try the next thing to do is the import itself.
     if (report.outcome == NetworkReport::Outcome::Good) tryFirst_->setChecked(false);
   }

@@ -264,9 +264,8 @@ ui::LayoutItem DistributionPanel::Layout() {
                          Field("", {Single(optAuto[kExpandOption]), Single(optAuto[kRestrictOption])}),
                          Field("Sort &by:", {Single(cboSort1), Stretch()}),
                          Field("Sel&ect:", {Single(cboSort2), Stretch()}),
-                         Field("Cha&nnels from:", {Single(txtFrom), Text("to"), Single(txtTo)}),
-                         Field("", {Single(chkAce), Single(cmdDefaults)})}),
-                   Stretch()}),
+                         Field("Cha&nnels from:", {Single(txtFrom), Text("to"), Single(txtTo)})}),
+                   Row({Single(chkAce), Stretch(), Single(cmdDefaults)}), Stretch()}),
             XChannelList1.Layout()})});
 }
 

@@ -17,6 +17,7 @@ namespace kiv::qt {
 namespace {
 
 constexpr int kLeastLines = 4;
+constexpr int kUsualLines = 6;
 
 /// The rows of a list as Qt asks for them; it holds none of its own.
 class RowModel final : public QAbstractTableModel {
@@ -115,7 +116,7 @@ class ListViewView final : public QTreeView, public ControlView {
   bool HoldsValue() const override { return true; }
 
   QSize sizeHint() const override {
-    return {QTreeView::sizeHint().width(), header()->sizeHint().height() + LineHeight() * kLeastLines * 2};
+    return {QTreeView::sizeHint().width(), header()->sizeHint().height() + LineHeight() * kUsualLines};
   }
   QSize minimumSizeHint() const override {
     return {QTreeView::minimumSizeHint().width(), header()->sizeHint().height() + LineHeight() * kLeastLines};

@@ -41,7 +41,7 @@ QString SummaryOf(const std::vector<Mark>& marks) {
 
 }  // namespace
 
-PageView::PageView(ui::Container& page, const ui::LayoutItem& layout, QWidget* parent)
+PageView::PageView(ui::Container& page, const ui::LayoutItem& layout, QWidget* parent, Shape shape)
     : QWidget(parent),
       outermost_(&OutermostOf(page)),
       scroll_(new QScrollArea(this)),
@@ -50,6 +50,10 @@ PageView::PageView(ui::Container& page, const ui::LayoutItem& layout, QWidget* p
   PageBuilder builder;
   builder.Build(layout, content);
   formLabels_ = builder.FormLabels();
+  if (shape == Shape::Strip) {
+    content->layout()->setContentsMargins({});
+    summary_->hide();
+  }
   AlignLabels();
 
   for (ControlView* view : builder.Views()) {
@@ -111,6 +115,7 @@ void PageView::ShowMarks(const std::vector<Mark>& marks) {
 QSize PageView::sizeHint() const {
   // A scroll area by itself would be content with less than its whole content.
   const QSize content = scroll_->widget()->sizeHint();
+  if (summary_->isHidden()) return content;
   const QSize summary = summary_->sizeHint().expandedTo(summary_->minimumSize());
   return {content.width(), content.height() + summary.height()};
 }

@@ -25,13 +25,20 @@ struct Mark {
 /// A page of controls as Qt widgets. The page and its view may go away in either order.
 class PageView : public QWidget {
  public:
+  enum class Shape {
+    Page,
+    Strip  ///< stands among other widgets: without margins and without a line for the first message
+  };
+
   /// `layout` arranges controls of `page`, also those of containers inside it.
-  PageView(ui::Container& page, const ui::LayoutItem& layout, QWidget* parent = nullptr);
+  PageView(ui::Container& page, const ui::LayoutItem& layout, QWidget* parent = nullptr,
+           Shape shape = Shape::Page);
 
   /// The widget that shows a control; null when the layout does not hold it.
   QWidget* WidgetOf(const ui::Control& control) const;
 
-  /// Marks these controls and no others, and tells the first message below the page.
+  /// Marks these controls and no others, and tells the first message below the page, also when its control is
+  /// on another page.
   void ShowMarks(const std::vector<Mark>& marks);
 
   QSize sizeHint() const override;

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Sets up, builds and starts the program. Without a display the same program is taken through one whole study
-# offscreen instead: screenshots go to out/, the stored row is printed.
+# Sets up, builds and starts the program. Without a display the same program is taken through one whole study of
+# each kind offscreen instead: screenshots go to out/, what was stored is printed.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

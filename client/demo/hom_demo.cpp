@@ -48,12 +48,7 @@ void CompleteStudy(const UserHand& user) {
 }
 
 void ReopenAndChange(const UserHand& user, MainWindow& window) {
-  Expect(!window.CurrentEditor()->Session().Modified(), "The study is saved.");
-  user.Press(Qt::Key_W, Qt::ControlModifier);
-  user.Wait(kUntilMarked);
-  user.TakePicture("6-list-of-studies");
-  user.Find("studies")->setFocus();
-  user.Press(Qt::Key_Return);
+  ReopenSaved(window, user, "6-list-of-studies");
   Expect(TextOf(user, "txtDuration") == QLatin1String("45"), "Reopened, it shows the saved duration.");
   user.Fill("txtDuration", "90");
   user.ClickTab("tabs", 1);

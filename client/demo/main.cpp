@@ -10,6 +10,7 @@
 #include <stdexcept>
 
 #include "client/demo/demo.h"
+#include "client/editor_view.h"
 #include "client/window_program.h"
 
 namespace kiv::client {
@@ -26,6 +27,14 @@ QString TextOf(const UserHand& user, const QString& box) {
 std::shared_ptr<host::Recordset> Rows(const Program& program, const std::string& query) {
   constexpr int kTimeoutSeconds = 10;
   return program.Store().Database().OpenQuery(query, kTimeoutSeconds);
+}
+
+void ReopenSaved(const MainWindow& window, const UserHand& user, const QString& pictureOfList) {
+  Expect(!window.CurrentEditor()->Session().Modified(), "The study is saved.");
+  user.Press(Qt::Key_W, Qt::ControlModifier);
+  if (!pictureOfList.isEmpty()) user.TakePicture(pictureOfList);
+  user.Find("studies")->setFocus();
+  user.Press(Qt::Key_Return);
 }
 
 namespace {
@@ -52,6 +61,12 @@ int Run(int argc, char** argv) {
   ShowHomStudy(program, window, user, folder);
   std::cout << "A PLM study:\n";
   ShowPlmStudy(program, window, user, folder);
+  std::cout << "A network:\n";
+  ShowNetworkImport(window, user);
+  std::cout << "An RF call trace study:\n";
+  ShowRfcStudy(program, window, user, folder);
+  std::cout << "A VCSA study:\n";
+  ShowVcsaStudy(program, window, user, folder);
   std::cout << "Screenshots are in " << QDir::current().relativeFilePath(folder).toStdString() << "/.\n";
   return 0;
 }

@@ -71,10 +71,7 @@ void ChooseTdmaModes(const UserHand& user) {
 }
 
 void ReopenAndChange(MainWindow& window, const UserHand& user) {
-  Expect(!window.CurrentEditor()->Session().Modified(), "The study is saved.");
-  user.Press(Qt::Key_W, Qt::ControlModifier);
-  user.Find("studies")->setFocus();
-  user.Press(Qt::Key_Return);
+  ReopenSaved(window, user);
   Expect(TextOf(user, "txtRetrieveDelay") == QLatin1String("5"), "Reopened, it shows the saved delay.");
   user.ClickTab("tabs", kTdmaPage);
   user.Click("obModeSelector(4)");

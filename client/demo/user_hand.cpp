@@ -110,6 +110,7 @@ void UserHand::During(const std::function<void()>& action, const std::vector<InD
     QWidget* dialog = QApplication::activeModalWidget();
     if (!dialog || dialog == last || seen == inDialogs.size()) return;
     last = dialog;
+    QApplication::setActiveWindow(dialog);  // a key that comes sooner would still go to what is behind it
     try {
       inDialogs[seen++](*dialog);
     } catch (...) {
