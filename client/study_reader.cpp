@@ -15,10 +15,10 @@ namespace {
 using Id = std::numeric_limits<std::int32_t>;
 
 constexpr std::size_t kLeastPage = 200;
-constexpr std::size_t kMostPage = 20'000;
-// Milliseconds of a page. What takes longer than a tenth of a second is felt.
-constexpr std::int64_t kShortPage = 20;
-constexpr std::int64_t kLongPage = 50;
+constexpr std::size_t kMostPage = 8'000;
+// Milliseconds of a page. What takes longer than a tenth of a second is felt, also on a busy machine.
+constexpr std::int64_t kShortPage = 10;
+constexpr std::int64_t kLongPage = 30;
 constexpr int kDialogPause = 50;
 
 }  // namespace

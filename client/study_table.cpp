@@ -107,7 +107,7 @@ void StudyTable::sort(int column, Qt::SortOrder order) {
   beginResetModel();
   sortColumn_ = column;
   sortOrder_ = order;
-  Sort();
+  ShowAgain();
   endResetModel();
 }
 
@@ -127,7 +127,7 @@ std::vector<StudyTable::Place> StudyTable::PlacesWithAllWords(std::size_t from) 
 }
 
 void StudyTable::ShowAgain() {
-  shown_ = PlacesWithAllWords(0);
+  shown_ = PlacesWithAllWords(0);  // in the order of the memory, which makes sorting faster
   Sort();
 }
 

@@ -1,9 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <numeric>
+
 #include "base/error.h"
 #include "base/utf16.h"
 #include "ui/control_array.h"
 #include "ui/control_visitor.h"
+#include "ui/row_order.h"
 
 namespace kiv::ui {
 namespace {
@@ -130,6 +134,24 @@ TEST(Controls, AnAreaMayChangeWhatIsPasted) {
   area.SetPasteFilter([](std::string_view text) { return "<" + std::string(text) + ">"; });
   area.Paste("x");
   EXPECT_EQ(area.Text(), "a\n1,x<x>");
+}
+
+TEST(RowOrder, IsThatOfWholeTextsHoweverLongTheyAreAlike) {
+  std::vector<std::string> texts;
+  for (const std::size_t alike : {0U, 7U, 8U, 9U, 63U, 64U, 65U, 200U}) {
+    for (const char* end : {"b", "", "caf\xC3\xA9", "b", "a", "A"})
+      texts.push_back(std::string(alike, 'x') + end);
+  }
+  for (const SortDirection direction : {SortDirection::Ascending, SortDirection::Descending}) {
+    std::vector<std::uint32_t> expected(texts.size());
+    std::iota(expected.begin(), expected.end(), 0U);
+    std::vector<std::uint32_t> rows(expected.rbegin(), expected.rend());
+    std::ranges::stable_sort(expected, [&](std::uint32_t left, std::uint32_t right) {
+      return direction == SortDirection::Ascending ? texts[left] < texts[right] : texts[left] > texts[right];
+    });
+    SortRows(rows, direction, [&](std::uint32_t row) { return texts[row]; });
+    EXPECT_EQ(rows, expected);
+  }
 }
 
 TEST(Utf16, RoundTripsAndRepairs) {
