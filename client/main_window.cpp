@@ -85,7 +85,7 @@ MainWindow::MainWindow(Program& program)
   connect(tabs_, &QTabWidget::currentChanged, this, [this] { ShowState(); });
   program_.Settings().appGeneralState_StateChange.Connect([this] { ShowState(); });
 
-  resize(fontMetrics().averageCharWidth() * 210, fontMetrics().height() * 48);
+  resize(fontMetrics().averageCharWidth() * 226, fontMetrics().height() * 48);
   restoreGeometry(program_.Settings().File().value(QLatin1String(kGeometryKey)).toByteArray());
   restoreState(program_.Settings().File().value(QLatin1String(kStateKey)).toByteArray());
   list_->RestoreColumns(program_.Settings().File());
@@ -153,7 +153,7 @@ void MainWindow::AddNetwork() {
   networkDock_->setObjectName(QStringLiteral("networkDock"));
   networkDock_->setWidget(network_);
   addDockWidget(Qt::LeftDockWidgetArea, networkDock_);
-  resizeDocks({networkDock_}, {fontMetrics().averageCharWidth() * 46}, Qt::Horizontal);
+  resizeDocks({networkDock_}, {fontMetrics().averageCharWidth() * 56}, Qt::Horizontal);
   network_->ImportWanted.Connect([this] { Guarded([this] { ImportNetwork(); }); });
 }
 

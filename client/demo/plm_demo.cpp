@@ -92,11 +92,12 @@ void PrintStoredRows(const Program& program, std::int32_t id) {
   std::string numbers;
   for (; !modes->EndOfFile(); modes->MoveNext()) {
     numbers += ToText(modes->Field("PlmMode")) + " ";
-    std::cout << "  mode " << ToText(modes->Field("PlmMode")) << ": carrier "
-              << ToText(modes->Field("Carrier")) << ", service option "
-              << ToText(modes->Field("ServiceOption")) << ", generation type "
-              << ToText(modes->Field("GenerationType")) << ", method "
-              << ToText(modes->Field("SelectionMethod")) << '\n';
+    std::cout << "  mode " << ToText(modes->Field("PlmMode"));
+    for (const char* column : {"Carrier", "ServiceOption", "GenerationType", "SelectionMethod"}) {
+      const std::string value = ToText(modes->Field(column));
+      if (!value.empty()) std::cout << ", " << column << ' ' << value;
+    }
+    std::cout << '\n';
   }
   Expect(numbers == "5 7 11 ", "The mode that was taken out is gone, the others are stored.");
   const auto channels = Rows(program, "SELECT * FROM KIV_PlmChannelList" + where + " ORDER BY Channel");
