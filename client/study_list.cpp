@@ -10,6 +10,7 @@
 #include <QTableView>
 #include <algorithm>
 #include <array>
+#include <exception>
 #include <vector>
 
 #include "client/cut_text_tips.h"
@@ -111,7 +112,12 @@ void StudyListPage::AddReading(QVBoxLayout& page) {
   page.addWidget(reading_);
   reading_->hide();
   connect(stop_, &QPushButton::clicked, this, [this] {
-    reader_.CurrentState() == StudyReader::State::Reading ? reader_.Stop() : reader_.Start();
+    if (reader_.CurrentState() == StudyReader::State::Reading) return reader_.Stop();
+    try {
+      reader_.Start();
+    } catch (const std::exception& error) {
+      reader_.Failed.Raise(error);  // not through the toolkit, which would lose track of the click
+    }
   });
   reader_.Progressed.Connect([this] { ShowReading(); });
 }
