@@ -1,6 +1,7 @@
 // Saving and loading VCSA studies through the program's store against the plain C libraries that run the very
 // same statement texts one by one: on SQLite, on a PostgreSQL server on this machine, and on one 1 ms away.
 
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <memory>
@@ -58,7 +59,8 @@ class Subject {
     Save();
     saving_ = Recorded([this] { Save(); });
     // The recorded revision is over when the text is run again.
-    std::string& studyRow = saving_.front();
+    std::string& studyRow = *std::ranges::find_if(
+        saving_, [](const std::string& text) { return text.starts_with("UPDATE kiv_study "); });
     const std::size_t condition = studyRow.find(" AND revision = ");
     studyRow.erase(condition, studyRow.find(" RETURNING") - condition);
     loading_ = Recorded([this] { Load(); });
@@ -76,6 +78,10 @@ class Subject {
     connection_->recording = true;
     work();
     connection_->recording = false;
+    // Only this program keeps a history; an entry of it cannot be written twice.
+    std::erase_if(connection_->texts, [](const std::string& text) {
+      return text.find("kiv_study_history") != std::string::npos;
+    });
     return connection_->texts;
   }
 

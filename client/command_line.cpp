@@ -1,9 +1,11 @@
 #include "client/command_line.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <exception>
 #include <ostream>
 
+#include "client/history_printer.h"
 #include "client/network_import.h"
 #include "client/network_printer.h"
 #include "client/program.h"
@@ -45,7 +47,9 @@ struct Options {
   std::string folder;
   bool json = false;
   bool dryRun = false;
+  bool deleted = false;
   std::int32_t id = 0;
+  std::int32_t revision = 0;
   std::vector<std::int32_t> ids;
   std::string idOrFile;
   std::vector<std::string> files;
@@ -68,6 +72,10 @@ int Init(Program& program, const Options& options, std::ostream& out) {
 }
 
 int List(Program& program, const Options& options, std::ostream& out) {
+  if (options.deleted) {
+    PrintDeletedStudies(program.Store().History().DeletedStudies(), options.Format(), out);
+    return kOk;
+  }
   PrintStudies(program.Store().List(), options.Format(), out);
   return kOk;
 }
@@ -98,6 +106,26 @@ int Validate(Program& program, const Options& options, std::ostream& out, std::o
   }
   const StudySession session(program.Store(), program.Store().Load(id));
   return PrintProblems(session, options.Format(), out) == 0 ? kOk : kRefused;
+}
+
+int History(Program& program, const Options& options, std::ostream& out) {
+  const std::vector<HistoryStep> steps = StepsOf(program.Store().History(), options.id);
+  if (options.revision == 0) {
+    PrintHistory(steps, options.Format(), out);
+    return kOk;
+  }
+  const auto step =
+      std::ranges::find(steps, options.revision, [](const HistoryStep& each) { return each.entry.revision; });
+  if (step == steps.end()) (void)program.Store().History().Content(options.id, options.revision);  // says so
+  PrintDifferences(step->differences, options.Format(), out);
+  return kOk;
+}
+
+int Restore(Program& program, const Options& options, std::ostream& out) {
+  const std::int32_t revision = program.Store().Restore(options.id, options.revision, program.UserName());
+  out << "Study " << options.id << " is as it was at revision " << options.revision
+      << "; this is its revision " << revision << ".\n";
+  return kOk;
 }
 
 int Export(Program& program, const Options& options, std::ostream& out) {
@@ -176,6 +204,7 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
   CLI::App* gui = addCommand("gui", "Open the window (the default)");
   CLI::App* init = addCommand("init", "Create a study database, or bring an older one up to date");
   CLI::App* list = addCommand("list", "List the studies");
+  list->add_flag("--deleted", options.deleted, "List the studies that were deleted instead");
   addJson(list);
   CLI::App* show = addCommand("show", "Show everything that is stored of a study");
   addId(show);
@@ -194,6 +223,14 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
   importStudies->add_option("FILE", options.files, "Files that export has written")->required();
   importStudies->add_flag("--dry-run", options.dryRun, "Only check every study");
   addJson(importStudies);
+  CLI::App* history = addCommand("history", "Show who changed a study, when and what");
+  addId(history);
+  history->add_option("REVISION", options.revision, "Show everything that this revision changed")
+      ->check(CLI::PositiveNumber);
+  addJson(history);
+  CLI::App* restore = addCommand("restore", "Bring a state of a study back, also of a deleted one");
+  addId(restore);
+  restore->add_option("REVISION", options.revision, "Revision, as history shows it")->required();
 
   CLI::App* importNetwork = addCommand(
       "import-network", "Replace the network by the CSV files of a folder, all of them or nothing");
@@ -225,6 +262,8 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
     if (show->parsed()) return Show(program, options, out);
     if (exportStudies->parsed()) return Export(program, options, out);
     if (importStudies->parsed()) return Import(program, options, out, err);
+    if (history->parsed()) return History(program, options, out);
+    if (restore->parsed()) return Restore(program, options, out);
     return Validate(program, options, out, err);
   } catch (const std::exception& error) {
     return Refuse(error, err);

@@ -1,6 +1,8 @@
 #include "client/json.h"
 
 #include <algorithm>
+#include <charconv>
+#include <iterator>
 #include <utility>
 
 #include "core/conversions.h"
@@ -26,6 +28,66 @@ Json JsonOf(const StoredEntry& entry) {
     }
     json[std::string(list.name)] = std::move(entries);
   }
+  return json;
+}
+
+/// Whether a text stands in JSON as it is.
+bool IsPlainText(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return c >= ' ' && c < 0x7F && c != '"' && c != '\\'; });
+}
+
+std::string CompactJson(const Json& json) {
+  return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+void Append(const Variant& value, std::string& text) {
+  const auto* string = std::get_if<std::string>(&value.Value());
+  if (string && !IsPlainText(*string)) {
+    text += CompactJson(*string);
+  } else if (string) {
+    text.append("\"").append(*string).append("\"");
+  } else if (const auto* number = std::get_if<std::int64_t>(&value.Value())) {
+    char digits[24];
+    text.append(digits, std::to_chars(std::begin(digits), std::end(digits), *number).ptr);
+  } else {
+    text += CompactJson(JsonOf(value));
+  }
+}
+
+void Append(const std::vector<NamedValue>& fields, const std::vector<StoredList>& lists, std::string& text) {
+  char separator = '{';
+  const auto name = [&](std::string_view key) {
+    text += std::exchange(separator, ',');
+    text.append("\"").append(key).append("\":");
+  };
+  for (const NamedValue& field : fields) {
+    name(field.name);
+    Append(field.value, text);
+  }
+  for (const StoredList& list : lists) {
+    name(list.name);
+    text += '[';
+    const bool plain = IsPlain(list);
+    for (const StoredEntry& entry : list.entries) {
+      if (&entry != list.entries.data()) text += ',';
+      if (plain) {
+        Append(entry.fields[0].value, text);
+      } else {
+        Append(entry.fields, entry.lists, text);
+      }
+    }
+    text += ']';
+  }
+  text += separator == '{' ? "{}" : "}";
+}
+
+/// All but what belongs to the kind.
+Json SharedContentOf(const Study& study, const std::string& scenario) {
+  const CKivStudyData& record = *study.record;
+  Json json = {{key::kKind, record.AppName()},
+               {key::kName, study.name},
+               {key::kScenario, scenario.empty() ? Json() : Json(scenario)}};
+  for (const SharedNumber& number : kSharedNumbers) json[number.name] = NumberOrNull((record.*number.get)());
   return json;
 }
 
@@ -55,17 +117,27 @@ bool IsPlain(const StoredList& list) {
 }
 
 Json ContentOf(const Study& study, const std::string& scenario) {
-  const CKivStudyData& record = *study.record;
-  Json json = {{key::kKind, record.AppName()},
-               {key::kName, study.name},
-               {key::kScenario, scenario.empty() ? Json() : Json(scenario)}};
-  for (const SharedNumber& number : kSharedNumbers) json[number.name] = NumberOrNull((record.*number.get)());
-  const bool complete = study.kindData == KindData::Complete;
-  json[key::kData] =
-      complete
-          ? JsonOf(StoredEntry{{}, record.SubRecord()->StoredFields(), record.SubRecord()->StoredLists()})
-          : Json();
+  Json json = SharedContentOf(study, scenario);
+  if (study.kindData != KindData::Complete) {
+    json[key::kData] = nullptr;
+  } else {
+    const ISubRecord& record = *study.record->SubRecord();
+    json[key::kData] = JsonOf(StoredEntry{{}, record.StoredFields(), record.StoredLists()});
+  }
   return json;
+}
+
+std::string ContentText(const Study& study, const std::string& scenario,
+                        const std::vector<StoredList>& lists) {
+  std::string text = CompactJson(SharedContentOf(study, scenario));
+  text.back() = ',';
+  text.append("\"").append(key::kData).append("\":");
+  if (study.kindData == KindData::Complete) {
+    Append(study.record->SubRecord()->StoredFields(), lists, text);
+  } else {
+    text += "null";
+  }
+  return text + "}";
 }
 
 StoredEntry EntryOf(const Json& object) {

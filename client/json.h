@@ -33,6 +33,10 @@ bool IsPlain(const StoredList& list);
 /// complete.
 Json ContentOf(const Study& study, const std::string& scenario);
 
+/// The same as a short text; made without the values in between, because a study may have ten thousand lists.
+std::string ContentText(const Study& study, const std::string& scenario,
+                        const std::vector<StoredList>& lists);
+
 /// Fields and lists of an object; what stands in it beside them is true or a fraction, which no record has.
 StoredEntry EntryOf(const Json& object);
 

@@ -415,8 +415,9 @@ void MainWindow::DeleteSelectedStudy() {
   const auto id = list_->SelectedStudy();
   if (!id) return;
   EditorView* editor = FindEditor(*id);
-  QString text =
-      QStringLiteral("Delete study %1 \"%2\"? This cannot be undone.").arg(*id).arg(list_->SelectedName());
+  QString text = QStringLiteral("Delete study %1 \"%2\"? Study > Deleted Studies... can bring it back.")
+                     .arg(*id)
+                     .arg(list_->SelectedName());
   if (editor) {
     text += editor->Session().Modified()
                 ? QStringLiteral("\n\nIt is open in an editor, whose unsaved changes are lost too.")
@@ -427,7 +428,7 @@ void MainWindow::DeleteSelectedStudy() {
   question.setDefaultButton(QMessageBox::Cancel);
   question.exec();
   if (question.clickedButton() != reinterpret_cast<const QAbstractButton*>(remove)) return;
-  program_.Store().Remove(*id);
+  program_.Store().Remove(*id, program_.UserName());
   if (editor) DropEditor(*editor);
   RefreshStudy(*id);
 }

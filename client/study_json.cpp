@@ -161,6 +161,17 @@ std::string ExportText(const std::vector<NamedStudy>& studies) {
   return file.dump(2) + '\n';
 }
 
+NamedStudy ReadKept(const std::string& content) {
+  std::vector<TextProblem> problems;
+  const Json json = Json::parse(content, nullptr, false);
+  auto named = StudyReading(json, {}, problems).Read();
+  if (!named) {
+    throw StoreError("This state of the study cannot be restored by this version of the program: " +
+                     problems.front().reason + ". Choose another revision.");
+  }
+  return std::move(*named);
+}
+
 ExportContent ReadExport(std::string_view text) {
   ExportContent content;
   try {

@@ -28,4 +28,8 @@ struct ExportContent {
 
 ExportContent ReadExport(std::string_view text);
 
+/// One study that the history keeps, as ContentText wrote it. Raises StoreError when this version cannot read
+/// it.
+NamedStudy ReadKept(const std::string& content);
+
 }  // namespace kiv::client

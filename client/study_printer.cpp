@@ -1,20 +1,17 @@
 #include "client/study_printer.h"
 
 #include <algorithm>
-#include <array>
 #include <ostream>
 
 #include "client/json.h"
 #include "client/study_problems.h"
 #include "client/terminal_text.h"
+#include "client/text_table.h"
 #include "core/conversions.h"
 
 namespace kiv::client {
 
 namespace {
-
-constexpr std::size_t kColumns = 7;
-using Line = std::array<std::string, kColumns>;
 
 std::string MinutesText(std::int32_t minutes) {
   return minutes == CKivStudyData::kNotGiven ? std::string() : std::to_string(minutes);
@@ -57,26 +54,6 @@ void PrintList(const StoredList& list, const std::string& indent, std::ostream& 
   }
 }
 
-void PrintTable(std::vector<Line> lines, std::ostream& out) {
-  std::array<std::size_t, kColumns> widths{};
-  for (Line& line : lines) {
-    for (std::size_t i = 0; i < kColumns; ++i) {
-      line[i] = TerminalText(line[i]);
-      widths[i] = std::max(widths[i], TerminalWidth(line[i]));
-    }
-  }
-  std::string text;
-  for (const Line& line : lines) {
-    for (std::size_t i = 0; i < kColumns; ++i) {
-      text += line[i];
-      const bool last = i + 1 == kColumns;
-      if (!last) text.append(widths[i] - TerminalWidth(line[i]) + 2, ' ');
-    }
-    text += '\n';
-  }
-  out << text;
-}
-
 std::string ScenarioName(const std::vector<host::Document>& scenarios, std::int32_t id) {
   const auto found = std::find_if(scenarios.begin(), scenarios.end(),
                                   [id](const host::Document& scenario) { return scenario.id == id; });
@@ -100,7 +77,8 @@ void PrintStudies(const std::vector<StudySummary>& studies, OutputFormat format,
     out << ShownJson(list) << '\n';
     return;
   }
-  std::vector<Line> lines = {{"ID", "KIND", "NAME", "SCENARIO", "MINUTES", "CHANGED BY", "CHANGED AT"}};
+  std::vector<std::vector<std::string>> lines = {
+      {"ID", "KIND", "NAME", "SCENARIO", "MINUTES", "CHANGED BY", "CHANGED AT"}};
   lines.reserve(studies.size() + 1);
   for (const StudySummary& study : studies) {
     lines.push_back({std::to_string(study.id), study.kind, study.name, study.scenario,

@@ -1,10 +1,10 @@
 #include "client/study_store.h"
 
 #include <algorithm>
-#include <ctime>
 #include <utility>
 
 #include "client/local_time.h"
+#include "client/utc_time.h"
 #include "core/conversions.h"
 #include "core/fields.h"
 #include "core/msql.h"
@@ -19,15 +19,6 @@ namespace kiv::client {
 namespace {
 
 constexpr std::string_view kStudyTable = "kiv_study";
-
-std::string UtcNow() {
-  const std::time_t now = std::time(nullptr);
-  std::tm utc{};
-  gmtime_r(&now, &utc);
-  char text[32];
-  std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &utc);
-  return text;
-}
 
 /// A scenario that was never chosen has no row to point at.
 Variant ScenarioReference(std::int32_t id) {
@@ -129,7 +120,7 @@ class InsertWhenMissing {
 }  // namespace
 
 StudyStore::StudyStore(std::shared_ptr<database::Connection> connection, std::shared_ptr<ErrorLog> errors)
-    : connection_(std::move(connection)), errors_(std::move(errors)) {}
+    : connection_(std::move(connection)), history_(*connection_), errors_(std::move(errors)) {}
 
 std::vector<StudySummary> StudyStore::List() const {
   return Summaries("ORDER BY s.id");
@@ -197,7 +188,8 @@ void StudyStore::Save(Study& study, const std::string& user) {
   const std::int32_t idBefore = record.ID();
   try {
     database::Transaction transaction(*connection_);
-    const std::int32_t revision = Write(study, user);
+    const StudyEvent event = record.IsNew() ? StudyEvent::Created : StudyEvent::Changed;
+    const std::int32_t revision = Write(study, {event, user, UtcNow()});
     transaction.Commit();
     study.revision = revision;
     study.kindData = KindData::Complete;
@@ -214,29 +206,34 @@ void StudyStore::Save(Study& study, const std::string& user) {
   }
 }
 
-/// Writes a study within a transaction; returns its revision.
-std::int32_t StudyStore::Write(Study& study, const std::string& user) {
+/// Writes a study within a transaction, and what happened into its history; returns its revision.
+std::int32_t StudyStore::Write(Study& study, const SaveNote& note, Identifier identifier) {
   const ErrorLog::Watch watch(*errors_);
-  const WrittenRow row = WriteStudyRow(study, user);
+  CKivStudyData& record = *study.record;
+  if (!record.IsNew()) KeepKnownState(record.ID(), study.revision);
+  const WrittenRow row = WriteStudyRow(study, note, identifier);
   {
-    const InsertWhenMissing missing(*study.record, row.hasKindData);
-    study.record->SaveSubTableData();
+    const InsertWhenMissing missing(record, row.hasKindData);
+    record.SaveSubTableData();
   }
   watch.RaiseFirst();
+  AddToHistory(study, row.revision, note);
   return row.revision;
 }
 
 void StudyStore::AddAll(std::vector<NamedStudy>& studies, const std::string& user) {
   database::Transaction transaction(*connection_);
   for (NamedStudy& named : studies) {
-    if (!named.scenario.empty()) {
-      const auto present = FindScenario(named.scenario);
-      named.study.record->SetScenarioID(present ? *present : AddScenario(named.scenario));
-    }
-    named.study.revision = Write(named.study, user);
+    if (!named.scenario.empty()) named.study.record->SetScenarioID(FindOrAddScenario(named.scenario));
+    named.study.revision = Write(named.study, {StudyEvent::Created, user, UtcNow()});
   }
   transaction.Commit();
   for (const NamedStudy& named : studies) named.study.record->SetIsNew(false);
+}
+
+std::int32_t StudyStore::FindOrAddScenario(const std::string& name) {
+  const auto present = FindScenario(name);
+  return present ? *present : AddScenario(name);
 }
 
 bool StudyStore::ScenarioIsDeleted(const CKivStudyData& record) const {
@@ -246,9 +243,10 @@ bool StudyStore::ScenarioIsDeleted(const CKivStudyData& record) const {
 }
 
 /// Sets the identifier of a new study.
-StudyStore::WrittenRow StudyStore::WriteStudyRow(const Study& study, const std::string& user) {
+StudyStore::WrittenRow StudyStore::WriteStudyRow(const Study& study, const SaveNote& note,
+                                                 Identifier identifier) {
   CKivStudyData& record = *study.record;
-  const std::vector<host::Assignment> values = {
+  std::vector<host::Assignment> values = {
       {"kind", record.AppName()},
       {"name", study.name},
       {"scenario_id", ScenarioReference(record.ScenarioID())},
@@ -256,10 +254,11 @@ StudyStore::WrittenRow StudyStore::WriteStudyRow(const Study& study, const std::
       {"polling_interval", record.PollingInterval()},
       {"retrieve_delay", record.RetrieveDelay()},
       {"revision", study.revision + 1},
-      {"modified_by", user},
-      {"modified_at", UtcNow()},
+      {"modified_by", note.user},
+      {"modified_at", note.time},
   };
   if (record.IsNew()) {
+    if (identifier == Identifier::OfRecord) values.push_back({"id", record.ID()});
     const auto row =
         MSQL::OpenQuery(sql::InsertStatement(*connection_, kStudyTable, values) + " RETURNING id, revision");
     record.SetID(ToInt32(row->Field("id")));
@@ -299,10 +298,6 @@ void StudyStore::SaveCopy(Study& study, const std::string& user) {
     study = before;
     throw;
   }
-}
-
-void StudyStore::Remove(std::int32_t id) {
-  connection_->ExecuteSql("DELETE FROM kiv_study WHERE id = " + std::to_string(id));
 }
 
 std::vector<host::Document> StudyStore::Scenarios() const {

@@ -9,6 +9,7 @@
 #include "client/error_log.h"
 #include "client/store_error.h"
 #include "client/study.h"
+#include "client/study_history.h"
 #include "database/connection.h"
 #include "host/documents.h"
 
@@ -54,7 +55,12 @@ class StudyStore {
   void SaveCopy(Study& study, const std::string& user);
   /// Stores new studies, all or none. A scenario that one names is made when there is none of that name.
   void AddAll(std::vector<NamedStudy>& studies, const std::string& user);
-  void Remove(std::int32_t id);
+  /// A study that is not there any more is no error.
+  void Remove(std::int32_t id, const std::string& user);
+  /// Brings a state of the history back as the newest revision, whose number is returned; a deleted study
+  /// under its old number. Raises StoreError when there is no such state, or the study has it now.
+  std::int32_t Restore(std::int32_t id, std::int32_t revision, const std::string& user);
+  const StudyHistory& History() const { return history_; }
 
   std::vector<host::Document> Scenarios() const;
   /// The scenario of a name, whose letter case does not matter.
@@ -72,13 +78,28 @@ class StudyStore {
   };
 
   Study LoadOnce(std::int32_t id) const;
-  std::int32_t Write(Study& study, const std::string& user);
-  WrittenRow WriteStudyRow(const Study& study, const std::string& user);
+  /// Where the identifier of an inserted study comes from.
+  enum class Identifier { OfDatabase, OfRecord };
+
+  struct SaveNote {
+    StudyEvent event;
+    std::string user;
+    std::string time;
+  };
+
+  std::int32_t Write(Study& study, const SaveNote& note, Identifier identifier = Identifier::OfDatabase);
+  WrittenRow WriteStudyRow(const Study& study, const SaveNote& note, Identifier identifier);
+  std::optional<std::int32_t> LockStudy(std::int32_t id);
+  void KeepKnownState(std::int32_t id, std::int32_t revision);
+  void AddToHistory(const Study& study, std::int32_t revision, const SaveNote& note);
+  std::string ScenarioName(std::int32_t id) const;
+  std::int32_t FindOrAddScenario(const std::string& name);
   bool ScenarioIsDeleted(const CKivStudyData& record) const;
   StudyConflict ConflictOver(std::int32_t id) const;
   std::string CheckedScenarioName(const std::string& name, std::int32_t ownId) const;
 
   std::shared_ptr<database::Connection> connection_;
+  StudyHistory history_;
   std::shared_ptr<ErrorLog> errors_;
 };
 

@@ -55,6 +55,8 @@ class ISubRecord : public Object {
   virtual std::vector<NamedValue> StoredFields() const = 0;
   /// The lists that are stored with the record.
   virtual std::vector<StoredList> StoredLists() const { return {}; }
+  /// Those of them that InsertNew and Update write: a record under work may hold more.
+  virtual std::vector<StoredList> WrittenLists() const { return StoredLists(); }
   /// Takes over what both gave of another record of the kind.
   virtual void ReadStored(StoredReader& reader) = 0;
 };

@@ -89,6 +89,14 @@ std::vector<StoredList> CKivPlmData::StoredLists() const {
   return {std::move(modes)};
 }
 
+std::vector<StoredList> CKivPlmData::WrittenLists() const {
+  StoredList modes{kModes, {}};
+  for (const auto& mode : *this) {
+    if (mode->Checked()) modes.entries.push_back(mode->Stored());
+  }
+  return {std::move(modes)};
+}
+
 void CKivPlmData::ReadStored(StoredReader& reader) {
   reader.Fields(*this, Fields());
   reader.List(kModes, [this](StoredReader& entry) {

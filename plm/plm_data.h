@@ -66,6 +66,8 @@ class CKivPlmData : public ISubRecord {
   void Update() override;
   std::vector<NamedValue> StoredFields() const override;
   std::vector<StoredList> StoredLists() const override;
+  /// Only the checked modes.
+  std::vector<StoredList> WrittenLists() const override;
   void ReadStored(StoredReader& reader) override;
 
   /// The table with a row for each of these studies.

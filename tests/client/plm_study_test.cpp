@@ -255,7 +255,7 @@ TEST_P(PlmStudies, AStudyKeepsAllItsModesOverTwoUpdates) {
   EXPECT_EQ(Count("KIV_PlmMode"), "7");
   EXPECT_EQ(Count("KIV_PlmStudy"), "1");
 
-  store_.Remove(session->ID());
+  store_.Remove(session->ID(), "ann");
   EXPECT_EQ(Count("KIV_PlmMode") + Count("KIV_PlmChannelList") + Count("KIV_PlmStudy"), "000");
 }
 

@@ -134,7 +134,7 @@ TEST_P(RfcStudies, AStudyGoesFromAnEcpToCellsAndBack) {
   Save(*third);
   EXPECT_EQ(Entities(), "2|102;/");
 
-  store_.Remove(first->ID());
+  store_.Remove(first->ID(), "ann");
   EXPECT_EQ(Study() + Entities() + Dns(), "/");
 }
 

@@ -166,7 +166,7 @@ TEST_P(Store, TheLaterOfTwoSavesIsTold) {
   EXPECT_EQ(General(*first).txtDuration.Text(), "60");
   EXPECT_TRUE(first->Save("ann"));
 
-  store_->Remove(first->ID());
+  store_->Remove(first->ID(), "ann");
   EXPECT_THROW(second->Save("bob"), StudyConflict);
   EXPECT_EQ(Text("SELECT count(*) FROM KIV_HomStudy"), "0");
   EXPECT_TRUE(second->SaveCopy("Saved after all", "bob"));
