@@ -1,5 +1,6 @@
 #include "client/study_history.h"
 
+#include <QByteArray>
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -23,6 +24,23 @@ StudyEvent EventOf(const std::string& name) {
   const auto found = std::ranges::find(kEventNames, name);
   return found == kEventNames.end() ? StudyEvent::Changed
                                     : static_cast<StudyEvent>(found - kEventNames.begin());
+}
+
+/// Long contents are compressed: those of a large study repeat themselves a lot, and saving it stays fast.
+constexpr std::size_t kLongestPlain = 8000;
+
+std::string Packed(const std::string& content) {
+  constexpr int kFast = 1;
+  if (content.size() <= kLongestPlain) return content;
+  return qCompress(QByteArray::fromRawData(content.data(), static_cast<qsizetype>(content.size())), kFast)
+      .toBase64()
+      .toStdString();
+}
+
+/// JSON begins with a brace, which base64 does not have.
+std::string Unpacked(const std::string& stored) {
+  if (stored.empty() || stored.starts_with('{')) return stored;
+  return qUncompress(QByteArray::fromBase64(QByteArray::fromStdString(stored))).toStdString();
 }
 
 std::string Where(std::int32_t study, std::int32_t revision) {
@@ -97,7 +115,7 @@ std::string StudyHistory::Content(std::int32_t study, std::int32_t revision) con
     throw StoreError("The history of study " + std::to_string(study) + " has no revision " +
                      std::to_string(revision) + ". Choose one that it lists.");
   }
-  return ToText(row->FieldAt(0));
+  return Unpacked(ToText(row->FieldAt(0)));
 }
 
 void StudyHistory::Add(const HistoryEntry& entry, const std::string& content) {
@@ -109,7 +127,7 @@ void StudyHistory::Add(const HistoryEntry& entry, const std::string& content) {
       {"changed_at", entry.changedAt},
       {"kind", entry.kind},
       {"name", entry.name},
-      {"content", content.empty() ? Variant() : Variant(content)},
+      {"content", content.empty() ? Variant() : Variant(Packed(content))},
   };
   connection_.ExecuteSql(sql::InsertStatement(connection_, kTable, values));
 }

@@ -211,13 +211,15 @@ std::int32_t StudyStore::Write(Study& study, const SaveNote& note, Identifier id
   const ErrorLog::Watch watch(*errors_);
   CKivStudyData& record = *study.record;
   if (!record.IsNew()) KeepKnownState(record.ID(), study.revision);
+  // Asked before anything is written, because the rows of the study wait to be sent together.
+  const std::string scenario = history_.IsKept() ? ScenarioName(record.ScenarioID()) : std::string();
   const WrittenRow row = WriteStudyRow(study, note, identifier);
   {
     const InsertWhenMissing missing(record, row.hasKindData);
     record.SaveSubTableData();
   }
   watch.RaiseFirst();
-  AddToHistory(study, row.revision, note);
+  AddToHistory(study, scenario, row.revision, note);
   return row.revision;
 }
 

@@ -91,7 +91,8 @@ class StudyStore {
   WrittenRow WriteStudyRow(const Study& study, const SaveNote& note, Identifier identifier);
   std::optional<std::int32_t> LockStudy(std::int32_t id);
   void KeepKnownState(std::int32_t id, std::int32_t revision);
-  void AddToHistory(const Study& study, std::int32_t revision, const SaveNote& note);
+  void AddToHistory(const Study& study, const std::string& scenario, std::int32_t revision,
+                    const SaveNote& note);
   std::string ScenarioName(std::int32_t id) const;
   std::int32_t FindOrAddScenario(const std::string& name);
   bool ScenarioIsDeleted(const CKivStudyData& record) const;

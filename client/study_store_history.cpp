@@ -46,13 +46,14 @@ void StudyStore::KeepKnownState(std::int32_t id, std::int32_t revision) {
                content);
 }
 
-void StudyStore::AddToHistory(const Study& study, std::int32_t revision, const SaveNote& note) {
+void StudyStore::AddToHistory(const Study& study, const std::string& scenario, std::int32_t revision,
+                              const SaveNote& note) {
   if (!history_.IsKept()) return;
   const CKivStudyData& record = *study.record;
   Study written = study;
   written.kindData = KindData::Complete;
   history_.Add({record.ID(), revision, note.event, note.user, note.time, record.AppName(), study.name},
-               ContentText(written, ScenarioName(record.ScenarioID()), record.SubRecord()->WrittenLists()));
+               ContentText(written, scenario, record.SubRecord()->WrittenLists()));
 }
 
 void StudyStore::Remove(std::int32_t id, const std::string& user) {

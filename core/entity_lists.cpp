@@ -91,10 +91,11 @@ StoredList StoredParts(std::string_view name, const AntennaCollection& parts, st
   StoredList list{name, {}};
   list.entries.reserve(static_cast<std::size_t>(parts.Count()));
   for (const auto& part : parts) {
-    StoredEntry& entry = list.entries.emplace_back();
-    entry.fields = {{kInstanceId, part->Instance_Id()},
-                    {column, (part.get()->*number)()},
-                    {kSelected, MKivStudyCtls::BoolToYN(part->Selected())}};
+    std::vector<NamedValue>& fields = list.entries.emplace_back().fields;
+    fields.reserve(3);  // a study may have ten thousand of them
+    fields.push_back({kInstanceId, part->Instance_Id()});
+    fields.push_back({column, (part.get()->*number)()});
+    fields.push_back({kSelected, MKivStudyCtls::BoolToYN(part->Selected())});
   }
   return list;
 }

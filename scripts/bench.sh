@@ -12,4 +12,5 @@ build/bench/bench/vcsa_bench
 build/bench/bench/storage_bench
 build/bench/bench/network_lists_bench
 build/bench/bench/study_list_bench
+build/bench/bench/history_bench
 bench/list_bench.sh build/bench
