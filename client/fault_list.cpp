@@ -11,6 +11,8 @@
 #include <array>
 #include <utility>
 
+#include "client/plain_table.h"
+
 namespace kiv::client {
 
 /// Every fault as a row.
@@ -61,14 +63,8 @@ FaultList::FaultList(const QString& placeCaption, Qt::Alignment placeAlignment, 
                      const QString& widestPlace, QWidget* parent)
     : QTableView(parent), table_(new Table(placeCaption, placeAlignment, this)) {
   setModel(table_);
-  setSelectionBehavior(QAbstractItemView::SelectRows);
-  setTabKeyNavigation(false);
-  setShowGrid(false);
-  setAlternatingRowColors(true);
+  MakePlain(*this);
   setContextMenuPolicy(Qt::ActionsContextMenu);
-  verticalHeader()->hide();
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
-  horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setStretchLastSection(true);
   constexpr int kMargins = 24;
   setColumnWidth(Table::kFile, fontMetrics().horizontalAdvance(widestFile) + kMargins);

@@ -13,20 +13,11 @@ namespace {
 
 using Kind = StudyDifference::Kind;
 
-const char* KindWord(Kind kind) {
-  switch (kind) {
-    case Kind::Changed: return "changed";
-    case Kind::Added: return "added";
-    case Kind::Removed: return "removed";
-  }
-  return "";
-}
-
 Json JsonOf(const std::vector<StudyDifference>& differences) {
   Json list = Json::array();
   for (const StudyDifference& difference : differences) {
     list.push_back({{"place", difference.place},
-                    {"change", KindWord(difference.kind)},
+                    {"change", ChangeWord(difference.kind)},
                     {"before", difference.kind == Kind::Added ? Json() : Json(difference.before)},
                     {"after", difference.kind == Kind::Removed ? Json() : Json(difference.after)}});
   }
@@ -49,6 +40,15 @@ std::string ValueText(const std::string& value) {
 }
 
 }  // namespace
+
+std::string ChangeWord(Kind kind) {
+  switch (kind) {
+    case Kind::Changed: return "changed";
+    case Kind::Added: return "added";
+    case Kind::Removed: return "removed";
+  }
+  return {};
+}
 
 std::vector<HistoryStep> StepsOf(const StudyHistory& history, std::int32_t study) {
   std::vector<HistoryStep> steps;

@@ -21,6 +21,9 @@ struct HistoryStep {
 /// nothing that is known.
 std::vector<HistoryStep> StepsOf(const StudyHistory& history, std::int32_t study);
 
+/// `changed`, `added` or `removed`
+std::string ChangeWord(StudyDifference::Kind kind);
+
 /// What a difference says: `45 -> 60`, `added: ...`, `removed: ...`
 std::string DifferenceText(const StudyDifference& difference);
 

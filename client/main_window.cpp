@@ -24,8 +24,6 @@
 #include "client/network_dialog.h"
 #include "client/question.h"
 #include "client/start_page.h"
-#include "client/study_files.h"
-#include "client/study_import_dialog.h"
 #include "client/study_list.h"
 #include "client/study_session.h"
 #include "core/study_kinds.h"
@@ -41,7 +39,6 @@ constexpr const char* kStateKey = "Window/State";
 constexpr const char* kFileFilter = "Study databases (*.db);;All files (*)";
 
 constexpr const char* kReadOnlyHint = "The study database is read-only.";
-constexpr const char* kExportFilter = "Exported studies (*.json);;All files (*)";
 constexpr int kTabCharacters = 32;  // longer names are cut on the tab of their editor
 
 /// Each kind has its initial as the mnemonic.
@@ -197,36 +194,6 @@ void MainWindow::AddEditorActions(QMenu& study) {
                 [this] { CloseEditor(tabs_->currentIndex()); }),
   };
   writingActions_.insert(writingActions_.end(), editorActions_.begin(), editorActions_.begin() + 2);
-}
-
-void MainWindow::AddFileActions(QMenu& study) {
-  study.addSeparator();
-  databaseActions_.push_back(AddAction(study, QStringLiteral("E&xport..."), {}, [this] {
-    const QString file = QFileDialog::getSaveFileName(
-        this, QStringLiteral("Export Studies"), QStringLiteral("studies.json"), QLatin1String(kExportFilter));
-    if (!file.isEmpty()) ExportStudies(file);
-  }));
-  databaseActions_.push_back(AddAction(study, QStringLiteral("&Import..."), {}, [this] {
-    ImportStudies(QFileDialog::getOpenFileNames(this, QStringLiteral("Import Studies"), {},
-                                                QLatin1String(kExportFilter)));
-  }));
-  writingActions_.push_back(databaseActions_.back());
-}
-
-std::vector<std::int32_t> MainWindow::SelectedStudies() const {
-  std::vector<std::int32_t> ids;
-  for (const QModelIndex& row : list_->View().selectionModel()->selectedRows(StudyTable::kId)) {
-    ids.push_back(row.data().toInt());
-  }
-  return ids;
-}
-
-void MainWindow::ExportStudies(const QString& file) {
-  WriteStudyFile(file.toStdString(), client::ExportStudies(program_.Store(), SelectedStudies()));
-}
-
-void MainWindow::ImportStudies(const QStringList& files) {
-  if (!files.isEmpty() && ImportStudiesByDialog(program_, files, this)) RefreshStudies();
 }
 
 /// What a command raises is told to the user in one message.
@@ -448,6 +415,7 @@ void MainWindow::ShowState() {
   enable(databaseActions_, hasDatabase);
   enable(editorActions_, CurrentEditor() != nullptr);
   enable(listActions_, hasDatabase && tabs_->currentIndex() == 0 && SelectedStudies().size() == 1);
+  historyAction_->setEnabled(hasDatabase && StudyAtHand().has_value());
   EditorView* editor = CurrentEditor();
   if (editor && editor->TakesEntities()) {
     network_->SetAddToStudy(

@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -65,6 +66,12 @@ class MainWindow : public QMainWindow {
   void DropEditor(EditorView& editor);
   bool CloseAllEditors();
   void DeleteSelectedStudy();
+  /// The stored study of the editor in front, or the one that is selected in the list.
+  std::optional<std::int32_t> StudyAtHand() const;
+  void ShowHistory();
+  void ShowDeletedStudies();
+  /// A state of a study came back; what nobody has worked on shows it.
+  void TakeRestored(std::int32_t id);
   std::vector<std::int32_t> SelectedStudies() const;
   void RefreshStudies();
   /// The same for one study that was stored or deleted.
@@ -89,6 +96,7 @@ class MainWindow : public QMainWindow {
   std::vector<QAction*> databaseActions_;  // need an open database
   std::vector<QAction*> editorActions_;    // need an open editor
   std::vector<QAction*> listActions_;      // need a selected study
+  QAction* historyAction_ = nullptr;       // needs a stored study
   std::vector<QAction*> writingActions_;   // of those above, what needs a database that can be written
 };
 

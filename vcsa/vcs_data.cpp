@@ -100,7 +100,9 @@ bool CKivVcsData::InsertCells() const {
 }
 
 std::vector<StoredList> CKivVcsData::StoredLists() const {
-  return {MSQL::StoredCells(kCells, Required(cells_), MSQL::CellParts::AntennasAndCarriers)};
+  std::vector<StoredList> lists;  // not from a list in braces, which would copy thousands of entries
+  lists.push_back(MSQL::StoredCells(kCells, Required(cells_), MSQL::CellParts::AntennasAndCarriers));
+  return lists;
 }
 
 std::vector<NamedValue> CKivVcsData::StoredFields() const {

@@ -1,14 +1,17 @@
-// Exporting and importing studies through the window.
+// Files with studies, and the history of studies, through the window.
 
 #include <gmock/gmock.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QFile>
 #include <QLabel>
 #include <QTableView>
+#include <QTableWidget>
 
 #include "client/demo/user_hand.h"
+#include "client/editor_view.h"
 #include "client/main_window.h"
 #include "client/study_list.h"
 #include "client/window_program.h"
@@ -58,6 +61,16 @@ class StudyFilesWindow : public ::testing::Test {
                        QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }
   }
+  void Trigger(const QString& text) const {
+    for (auto* action : window_->findChildren<QAction*>()) {
+      if (action->text().remove('&') == text) return action->trigger();
+    }
+    ADD_FAILURE() << text.toStdString();
+  }
+  void InHistory(const std::function<void(QTableWidget& revisions)>& work) {
+    user_.During([this] { Trigger("History..."); },
+                 [&](QWidget&) { work(*qobject_cast<QTableWidget*>(user_.Find("revisions"))); });
+  }
   QString Result() const { return qobject_cast<QLabel*>(user_.Find("importResult"))->text(); }
 
   test::TempFolder folder_;
@@ -100,6 +113,50 @@ TEST_F(StudyFilesWindow, SelectedStudiesAreExportedCorrectedAndImported) {
   EXPECT_EQ(studies[2].name, "Second");
   EXPECT_EQ(studies[2].scenario, "Harbour");
   EXPECT_EQ(window_->List().View().model()->rowCount(), 3);
+}
+
+TEST_F(StudyFilesWindow, AStateAndADeletedStudyComeBack) {
+  StudyStore& store = program_.Store();
+  EditorView* editor = window_->OpenStudy(1);
+  ASSERT_NE(editor, nullptr);
+  editor->Session().SetName("First, renamed");
+  ASSERT_TRUE(editor->Save());
+  InHistory([this](QTableWidget& revisions) {
+    EXPECT_FALSE(user_.Find("restore")->isEnabled()) << "the newest is there already";
+    EXPECT_TRUE(revisions.item(0, 4)->text().startsWith("name, "));
+    const auto& differences = *qobject_cast<QTableWidget*>(user_.Find("differences"));
+    EXPECT_EQ(differences.item(0, 2)->text(), "First");
+    EXPECT_EQ(differences.item(0, 3)->text(), "First, renamed");
+    user_.TakePicture("history");
+    revisions.selectRow(1);
+    user_.Click("restore");
+  });
+  EXPECT_EQ(editor->Session().Name(), "First");
+  EXPECT_FALSE(editor->Session().Modified());
+
+  // What somebody has typed stays, and the restored state is not saved over.
+  editor->Session().SetName("Typed");
+  user_.During([&] { Trigger("History..."); },
+               {[&](QWidget&) {
+                  qobject_cast<QTableWidget*>(user_.Find("revisions"))->selectRow(1);
+                  user_.Click("restore");
+                },
+                [](QWidget& told) { told.close(); }});
+  EXPECT_EQ(editor->Session().Name(), "Typed");
+  EXPECT_EQ(store.Load(1).name, "First, renamed");
+
+  store.Remove(2, "eve");
+  user_.During([&] { Trigger("Deleted Studies..."); },
+               [&](QWidget& dialog) {
+                 EXPECT_EQ(qobject_cast<QTableWidget*>(user_.Find("deletedStudies"))->item(0, 2)->text(),
+                           "Second");
+                 user_.TakePicture("deleted");
+                 user_.Click("restoreDeleted");
+                 EXPECT_FALSE(user_.Find("restoreDeleted")->isEnabled());
+                 dialog.close();
+               });
+  EXPECT_EQ(store.Load(2).name, "Second");
+  EXPECT_EQ(window_->List().View().model()->rowCount(), 2);
 }
 
 }  // namespace
