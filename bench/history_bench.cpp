@@ -49,7 +49,7 @@ void Measure(const test::Engine& engine) {
     }
   }
   std::printf(
-      "%s, saving 1,000 cells: without history %7.2f ms, with history %7.2f ms  +%.0f %% (at most 20)\n",
+      "%s, saving 1,000 cells: without history %7.2f ms, with history %7.2f ms  %+.0f %% (at most 20)\n",
       engine.name.c_str(), Median(without), Median(with), 100 * (Median(with) / Median(without) - 1));
 }
 

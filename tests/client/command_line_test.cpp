@@ -279,6 +279,38 @@ TEST_F(CommandLine, ImportsANetworkOrNamesEveryBadLine) {
   EXPECT_EQ(RunProgram({"import-network", folder_.File("none"), "--dry-run"}).exitCode, kRefused);
 }
 
+TEST_F(CommandLine, ShowsAndRestoresTheHistory) {
+  StoreStudy("First", 30);
+  Spoil("UPDATE kiv_study SET duration = 60, revision = 2");  // by a program that keeps no history
+  const Result restored = Run({"restore", "1", "1"});
+  EXPECT_EQ(restored.out, "Study 1 is as it was at revision 1; this is its revision 3.\n") << restored.err;
+  const auto history = nlohmann::json::parse(Run({"history", "1", "--json"}).out);
+  ASSERT_EQ(history.size(), 3U);
+  EXPECT_EQ(history[1]["event"], "known");
+  EXPECT_EQ(history[2]["event"], "restored");
+  EXPECT_EQ(history[0]["changedBy"], "ann");
+  const Result table = Run({"history", "1"});
+  EXPECT_NE(table.out.find("restored  durationMinutes\n"), std::string::npos) << table.out;
+  EXPECT_EQ(Run({"history", "1", "3"}).out, "durationMinutes  60 -> 30\n");
+  {
+    Program program;
+    program.Start({});
+    program.OpenDatabase(database_, Program::WhenMissing::Refuse);
+    program.Store().Remove(1, "eve");
+  }
+  EXPECT_NE(Run({"list", "--deleted"}).out.find("1   HOM Study  First  eve "), std::string::npos);
+  EXPECT_EQ(Run({"restore", "1", "3"}).exitCode, kOk);
+  EXPECT_EQ(Run({"list", "--deleted", "--json"}).out, "[]\n");
+  for (const std::vector<std::string>& wrong : {std::vector<std::string>{"history", "9"},
+                                                {"history", "1", "9"},
+                                                {"restore", "1", "4"},
+                                                {"restore", "9", "1"}}) {
+    const Result refused = Run(wrong);
+    EXPECT_EQ(refused.exitCode, kRefused) << wrong[0];
+    EXPECT_EQ(std::count(refused.err.begin(), refused.err.end(), '\n'), 1) << refused.err;
+  }
+}
+
 TEST_F(CommandLine, TheDocumentedExampleIsImportedAndExported) {
   std::ifstream document(KIV_SAMPLE_NETWORK "/../../docs/export-format.md");
   std::string text{std::istreambuf_iterator<char>(document), {}};
