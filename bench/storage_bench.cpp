@@ -63,6 +63,8 @@ class Subject {
         saving_, [](const std::string& text) { return text.starts_with("UPDATE kiv_study "); });
     const std::size_t condition = studyRow.find(" AND revision = ");
     studyRow.erase(condition, studyRow.find(" RETURNING") - condition);
+    const std::size_t revision = studyRow.find(" revision = ");
+    studyRow.replace(revision, studyRow.find(',', revision) - revision, " revision = revision + 1");
     loading_ = Recorded([this] { Load(); });
   }
 
