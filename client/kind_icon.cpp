@@ -4,19 +4,23 @@
 #include <QHash>
 #include <QPainter>
 #include <QPixmap>
+#include <algorithm>
+#include <iterator>
 
-#include "core/study_kinds.h"
+#include "editor/study_editors.h"
 
 namespace kiv::client {
 
 namespace {
 
+/// Kinds are told apart by their place among the kinds that there are.
 QColor KindColor(std::string_view kind) {
-  if (kind == kHomStudy) return QColor(0x1f, 0x6f, 0xb5);
-  if (kind == kPlmStudy) return QColor(0x2e, 0x7d, 0x32);
-  if (kind == kRfcStudy) return QColor(0xb2, 0x5a, 0x00);
-  if (kind == kVcsStudy) return QColor(0x7b, 0x3f, 0x98);
-  return QColor(0x60, 0x60, 0x60);
+  constexpr QRgb kColors[] = {0xff1f6fb5, 0xff2e7d32, 0xffb25a00, 0xff7b3f98, 0xff00707a, 0xffa02040};
+  constexpr QRgb kUnknown = 0xff606060;
+  const auto& editors = StudyEditors();
+  const auto found = std::ranges::find(editors, kind, &StudyEditor::name);
+  if (found == editors.end()) return kUnknown;
+  return kColors[static_cast<std::size_t>(found - editors.begin()) % std::size(kColors)];
 }
 
 QIcon DrawIcon(std::string_view kind) {

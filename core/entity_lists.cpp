@@ -290,8 +290,7 @@ void ReadCells(StoredReader& reader, std::string_view name, std::int32_t studyId
     const std::int32_t ecpId = entry.Number(kEcpId);
     auto cell = MakeCell(studyId, instanceId, systemId, ecpId, entry.Number(kCellId));
     if (parts == CellParts::AntennasAndCarriers) ReadParts(entry, *cell);
-    std::string key = cell->Key();
-    cells.Add(std::move(cell), std::move(key));
+    cells.Add(std::move(cell));
     return cells.Count();
   });
 }
@@ -300,9 +299,7 @@ void ReadEcps(StoredReader& reader, std::string_view name, std::int32_t studyId,
   reader.List(name, [&](StoredReader& entry) {
     const std::int32_t instanceId = entry.Number(kInstanceId);
     const std::int32_t systemId = entry.Number(kSystemId);
-    auto ecp = MakeEcp(studyId, instanceId, systemId, entry.Number(kEcpId));
-    std::string key = ecp->Key();
-    ecps.Add(std::move(ecp), std::move(key));
+    ecps.Add(MakeEcp(studyId, instanceId, systemId, entry.Number(kEcpId)));
     return ecps.Count();
   });
 }

@@ -34,6 +34,12 @@ class KeyedCollection : public Object {
     index_.emplace(last->key, last);
   }
 
+  /// Adds under the item's own key.
+  void Add(std::shared_ptr<T> item) {
+    std::string key = item->Key();
+    Add(std::move(item), std::move(key));
+  }
+
   /// Raises error 5 when no entry has the key.
   const std::shared_ptr<T>& Item(std::string_view key) const { return Find(key)->second->item; }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/variant.h"
@@ -59,6 +60,26 @@ class ISubRecord : public Object {
   virtual std::vector<StoredList> WrittenLists() const { return StoredLists(); }
   /// Takes over what both gave of another record of the kind.
   virtual void ReadStored(StoredReader& reader) = 0;
+};
+
+/// What the records of all kinds keep beside their own fields.
+class SubRecord : public ISubRecord {
+ public:
+  /// Name of the study kind as the owner gives it.
+  const std::string& AppName() const { return appName_; }
+  void SetAppName(std::string appName) { appName_ = std::move(appName); }
+
+  std::int32_t ID() const override { return id_; }
+  void SetID(std::int32_t id) override { id_ = id; }
+  bool IsNew() const override { return isNew_; }
+  void SetIsNew(bool isNew) override { isNew_ = isNew; }
+
+ protected:
+  std::int32_t id_ = 0;
+
+ private:
+  std::string appName_;
+  bool isNew_ = false;
 };
 
 }  // namespace kiv

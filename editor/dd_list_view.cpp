@@ -182,7 +182,7 @@ void XDDListView::DropNodes(const std::vector<host::DraggedNode>& nodes) {
       if (entityType_ == EntityType::Ecp) continue;
       break;  // a limit on cells ends the drop
     }
-    collection.Add(entity, entity->Key());
+    collection.Add(entity);
     try {
       EntityAdded.Raise(entity);
     } catch (...) {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "editor/data_file_destination.h"
 #include "host/constants.h"
 #include "host/services.h"
 #include "ui/text_box.h"
@@ -67,6 +68,14 @@ void Tab::Remember(const char* valueName, ui::TextBox& box, WhenEmpty whenEmpty)
   Remember(
       valueName, [&box] { return box.Text(); }, [&box](const std::string& text) { box.SetText(text); },
       whenEmpty);
+}
+
+void Tab::RememberDestination(XKivDataFileDestination& destination, const char* nameOfPattern,
+                              WhenEmpty whenEmpty) {
+  Remember(host::remembered::kDatafilePath, destination.txtPath);
+  Remember(
+      nameOfPattern, [&destination] { return destination.txtFilename.Text(); },
+      [&destination](const std::string& name) { destination.SetFilename(name); }, whenEmpty);
 }
 
 void Tab::ShowRememberedValues() {

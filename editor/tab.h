@@ -18,6 +18,7 @@ namespace kiv {
 namespace ui {
 class TextBox;
 }
+class XKivDataFileDestination;
 
 /// What every tab of a study editor has in common: its study, its loading flag, change reports, its list of
 /// checks and the values that it remembers for the next new study.
@@ -76,6 +77,9 @@ class Tab : public ui::Container, public IDynaTabControl {
   void Remember(const char* valueName, std::function<std::string()> read,
                 std::function<void(const std::string&)> show, WhenEmpty whenEmpty = WhenEmpty::Show);
   void Remember(const char* valueName, ui::TextBox& box, WhenEmpty whenEmpty = WhenEmpty::Show);
+  /// Folder and name pattern of the data file. All kinds share the folder.
+  void RememberDestination(XKivDataFileDestination& destination, const char* nameOfPattern,
+                           WhenEmpty whenEmpty = WhenEmpty::Show);
   /// Shows the remembered values that exist.
   void ShowRememberedValues();
 

@@ -31,12 +31,7 @@ XKivHomGen::XKivHomGen()
   checks_.Append(XDest.FilenameChecks());
   checks_.Append(NumberChecks(txtDuration, kDuration));
 
-  Remember(
-      host::remembered::kDatafilePath, [this] { return XDest.Path(); },
-      [this](const std::string& path) { XDest.SetPath(path); });
-  Remember(
-      host::remembered::kHomFilename, [this] { return XDest.txtFilename.Text(); },
-      [this](const std::string& name) { XDest.SetFilename(name); });
+  RememberDestination(XDest, host::remembered::kHomFilename);
   Remember(host::remembered::kHomDuration, txtDuration);
 
   ReportChangesOf(fdocCBScenario.Changed);

@@ -11,10 +11,8 @@ namespace kiv {
 
 /// What a HOM (handoff) study records and where it goes; one row of KIV_HomStudy.
 /// Selections are the texts "Y" and "N".
-class CKivHomData : public ISubRecord {
+class CKivHomData : public SubRecord {
  public:
-  const std::string& AppName() const { return appName_; }
-  void SetAppName(std::string appName) { appName_ = std::move(appName); }
   /// Folder and name pattern of the data file.
   const std::string& Path() const { return path_; }
   void SetPath(std::string path) { path_ = std::move(path); }
@@ -66,10 +64,6 @@ class CKivHomData : public ISubRecord {
                   std::string startOnFail, std::string curStdDatafile, const Variant& curStdPath);
 
   std::string_view KindName() const override;
-  std::int32_t ID() const override { return id_; }
-  void SetID(std::int32_t id) override { id_ = id; }
-  bool IsNew() const override { return isNew_; }
-  void SetIsNew(bool isNew) override { isNew_ = isNew; }
   /// A study without a row leaves the record as it was; so does a failing load, which is reported.
   void GetData(std::int32_t id) override;
   bool InsertNew() override;
@@ -83,9 +77,6 @@ class CKivHomData : public ISubRecord {
   static std::span<const RecordField<CKivHomData>> Fields();
 
  private:
-  std::string appName_;
-  bool isNew_ = false;
-  std::int32_t id_ = 0;
   std::string path_;
   std::string dataFile_;
   std::int32_t homMode_ = 0;

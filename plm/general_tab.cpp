@@ -41,12 +41,7 @@ XKivPlmGen::XKivPlmGen()
   checks_.Append(NumberChecks(txtDuration, kDuration));
   checks_.Append(NumberChecks(txtRetrieveDelay, kRetrieveDelay));
 
-  Remember(
-      host::remembered::kDatafilePath, [this] { return XDest.Path(); },
-      [this](const std::string& path) { XDest.SetPath(path); });
-  Remember(
-      host::remembered::kPlmFilename, [this] { return XDest.txtFilename.Text(); },
-      [this](const std::string& name) { XDest.SetFilename(name); }, WhenEmpty::KeepDefault);
+  RememberDestination(XDest, host::remembered::kPlmFilename, WhenEmpty::KeepDefault);
   Remember(host::remembered::kPlmDuration, txtDuration, WhenEmpty::KeepDefault);
   Remember(host::remembered::kPlmTag, txtTag, WhenEmpty::KeepDefault);
   Remember(host::remembered::kPlmRetrieveDelay, txtRetrieveDelay, WhenEmpty::KeepDefault);

@@ -14,7 +14,7 @@
 namespace kiv {
 
 /// What a PLM study measures and where its data go: one row of KIV_PlmStudy, and its measurement modes.
-class CKivPlmData : public ISubRecord {
+class CKivPlmData : public SubRecord {
  public:
   using ModeCollection = KeyedCollection<CKivPlmMode>;
 
@@ -28,8 +28,6 @@ class CKivPlmData : public ISubRecord {
   void SetTag(std::string tag) { tag_ = std::move(tag); }
 
   // Kept for the owner only; the study record stores what it needs of them.
-  const std::string& AppName() const { return appName_; }
-  void SetAppName(std::string appName) { appName_ = std::move(appName); }
   std::int32_t Duration() const { return duration_; }
   void SetDuration(std::int32_t minutes) { duration_ = minutes; }
   std::int32_t ScenarioID() const { return scenarioId_; }
@@ -52,10 +50,6 @@ class CKivPlmData : public ISubRecord {
   ModeCollection::Iterator end() const { return modes_->end(); }
 
   std::string_view KindName() const override;
-  std::int32_t ID() const override { return id_; }
-  void SetID(std::int32_t id) override { id_ = id; }
-  bool IsNew() const override { return isNew_; }
-  void SetIsNew(bool isNew) override { isNew_ = isNew; }
   /// Loads the study's row, whose failure is reported and leaves it as it was, and then the modes with their
   /// channels, whose failure is raised. Loaded modes are not checked.
   void GetData(std::int32_t id) override;
@@ -76,14 +70,11 @@ class CKivPlmData : public ISubRecord {
   static std::span<const RecordField<CKivPlmData>> Fields();
 
  private:
-  std::int32_t id_ = 0;
   std::string path_;
   std::string dataFile_;
   std::string tag_;
-  std::string appName_;
   std::int32_t duration_ = 0;
   std::int32_t scenarioId_ = 0;
-  bool isNew_ = false;
   std::shared_ptr<ModeCollection> modes_ = std::make_shared<ModeCollection>();
 };
 

@@ -51,16 +51,12 @@ bool CKivRfcData::LookupFAF(std::int32_t instanceId) {
 }
 
 void CKivRfcData::AddEcp(std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId) {
-  auto ecp = MakeEcp(id_, instanceId, systemId, ecpId);
-  std::string key = ecp->Key();
-  Required(entities_).Add(std::move(ecp), std::move(key));
+  Required(entities_).Add(MakeEcp(id_, instanceId, systemId, ecpId));
 }
 
 void CKivRfcData::AddCell(std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,
                           std::int32_t cellId) {
-  auto cell = MakeCell(id_, instanceId, systemId, ecpId, cellId);
-  std::string key = cell->Key();
-  Required(entities_).Add(std::move(cell), std::move(key));
+  Required(entities_).Add(MakeCell(id_, instanceId, systemId, ecpId, cellId));
 }
 
 void CKivRfcData::AddDn(const std::string& dn, const std::string& dataFile) {
@@ -71,7 +67,7 @@ void CKivRfcData::AddDn(const std::string& dn, const std::string& dataFile) {
   entry->SetDn(dn);
   entry->SetDataFile(dataFile);
   entry->SetKey(dn);
-  dns.Add(std::move(entry), dn);
+  dns.Add(std::move(entry));
 }
 
 std::string_view CKivRfcData::KindName() const {

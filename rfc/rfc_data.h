@@ -16,10 +16,8 @@ namespace kiv {
 
 /// What an RF call trace study traces: one row of KIV_RfcStudy, its ECP or its cells, and its directory
 /// numbers. Choices are the texts "Y" and "N".
-class CKivRfcData : public ISubRecord {
+class CKivRfcData : public SubRecord {
  public:
-  const std::string& AppName() const { return appName_; }
-  void SetAppName(std::string appName) { appName_ = std::move(appName); }
   /// What the switch writes into its log for this study.
   const std::string& Tag() const { return tag_; }
   void SetTag(std::string tag) { tag_ = std::move(tag); }
@@ -71,10 +69,6 @@ class CKivRfcData : public ISubRecord {
                   std::int16_t reverseRateRestriction);
 
   std::string_view KindName() const override;
-  std::int32_t ID() const override { return id_; }
-  void SetID(std::int32_t id) override { id_ = id; }
-  bool IsNew() const override { return isNew_; }
-  void SetIsNew(bool isNew) override { isNew_ = isNew; }
   /// Loads the row, which may be missing, and the lists. A failing load of the row is reported; the lists
   /// raise their failures.
   void GetData(std::int32_t id) override;
@@ -95,9 +89,6 @@ class CKivRfcData : public ISubRecord {
   bool UsesEcp() const;
   bool InsertLists() const;
 
-  std::string appName_;
-  bool isNew_ = false;
-  std::int32_t id_ = 0;
   std::string tag_;
   std::string dbm_ = "Y";  // always; the switch wants to find it so
   std::string clearLog_;

@@ -1,5 +1,6 @@
 #include "rfc/rfc_msql.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -41,15 +42,11 @@ bool UpdateRfcData(const CKivRfcData& record) {
 }
 
 void LoadRfcCellList(std::int32_t listId, CKivRfcData& record) {
-  LoadCellList(listId,
-               [&record](std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,
-                         std::int32_t cellId) { record.AddCell(instanceId, systemId, ecpId, cellId); });
+  LoadCellList(listId, std::bind_front(&CKivRfcData::AddCell, &record));
 }
 
 void LoadRfcEcpList(std::int32_t listId, CKivRfcData& record) {
-  LoadEcpList(listId, [&record](std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId) {
-    record.AddEcp(instanceId, systemId, ecpId);
-  });
+  LoadEcpList(listId, std::bind_front(&CKivRfcData::AddEcp, &record));
 }
 
 void LoadRfcDnList(std::int32_t id, CKivRfcData& record) {

@@ -102,12 +102,7 @@ XKivVcsGen::XKivVcsGen()
       "expressed in increments of quarter hours (15, 30, 45,etc).");
   checks_.Append(NumberChecks(txtRetrieveDelay, kRetrieveDelay));
 
-  Remember(
-      host::remembered::kDatafilePath, [this] { return XDest.Path(); },
-      [this](const std::string& path) { XDest.SetPath(path); });
-  Remember(
-      host::remembered::kVcsFilename, [this] { return XDest.txtFilename.Text(); },
-      [this](const std::string& name) { XDest.SetFilename(name); });
+  RememberDestination(XDest, host::remembered::kVcsFilename);
   Remember(host::remembered::kVcsDuration, txtDuration);
   Remember(host::remembered::kVcsRetrieveDelay, txtRetrieveDelay);
 

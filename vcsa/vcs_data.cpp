@@ -1,6 +1,7 @@
 #include "vcsa/vcs_data.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "core/entity_lists.h"
@@ -52,9 +53,7 @@ void CKivVcsData::Initialize(std::int32_t id, std::array<std::string, kTexts> te
 
 void CKivVcsData::AddCell(std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,
                           std::int32_t cellId) {
-  auto cell = MakeCell(id_, instanceId, systemId, ecpId, cellId);
-  std::string key = cell->Key();
-  Required(cells_).Add(std::move(cell), std::move(key));
+  Required(cells_).Add(MakeCell(id_, instanceId, systemId, ecpId, cellId));
 }
 
 void CKivVcsData::LookupAntenna(CCell& cell) const {
@@ -142,9 +141,7 @@ bool UpdateVcsData(const CKivVcsData& record) {
 }
 
 void LoadVcsCellList(std::int32_t listId, CKivVcsData& record) {
-  LoadCellList(listId,
-               [&record](std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,
-                         std::int32_t cellId) { record.AddCell(instanceId, systemId, ecpId, cellId); });
+  LoadCellList(listId, std::bind_front(&CKivVcsData::AddCell, &record));
 }
 
 }  // namespace MSQL

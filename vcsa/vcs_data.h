@@ -15,14 +15,12 @@ namespace kiv {
 
 /// What a VCSA study records: event categories A to M on chosen cells, antennas and carriers. One row of
 /// KIV_VcsStudy, and the study's lists of entities. Choices are the texts "Y" and "N".
-class CKivVcsData : public ISubRecord {
+class CKivVcsData : public SubRecord {
  public:
   static constexpr std::size_t kEventCategories = 13;
   /// The stored texts: path, data file, the events, the single DN and two options.
   static constexpr std::size_t kTexts = 2 + kEventCategories + 3;
 
-  const std::string& AppName() const { return appName_; }
-  void SetAppName(std::string appName) { appName_ = std::move(appName); }
   /// Folder and name pattern of the data file.
   const std::string& Path() const { return path_; }
   void SetPath(std::string path) { path_ = std::move(path); }
@@ -82,10 +80,6 @@ class CKivVcsData : public ISubRecord {
   void Initialize(std::int32_t id, std::array<std::string, kTexts> texts);
 
   std::string_view KindName() const override;
-  std::int32_t ID() const override { return id_; }
-  void SetID(std::int32_t id) override { id_ = id; }
-  bool IsNew() const override { return isNew_; }
-  void SetIsNew(bool isNew) override { isNew_ = isNew; }
   /// Loads the row, which may be missing, and the lists. A failing load of the row is reported; the lists
   /// raise their failures.
   void GetData(std::int32_t id) override;
@@ -104,9 +98,6 @@ class CKivVcsData : public ISubRecord {
  private:
   bool InsertCells() const;
 
-  std::string appName_;
-  bool isNew_ = false;
-  std::int32_t id_ = 0;
   std::string path_;
   std::string dataFile_;
   std::array<std::string, kEventCategories> events_;
