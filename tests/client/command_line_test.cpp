@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -16,6 +14,8 @@
 #include "database/sqlite_database.h"
 #include "hom/general_tab.h"
 #include "plm/plm_data.h"
+#include "support/open_folder.h"
+#include "support/ordinary_user.h"
 #include "support/temp_folder.h"
 
 namespace kiv::client {
@@ -118,16 +118,17 @@ TEST_F(CommandLine, OutputThatDoesNotArriveIsNoSuccess) {
 }
 
 TEST_F(CommandLine, AWriteProtectedOlderLayoutIsNotCalledReady) {
-  const auto old = database::SqliteDatabase::Open(database_, database::OpenMode::CreateIfMissing);
-  database::UpgradeSchema(*old, 1);
+  const test::OpenFolder folder;
+  const std::string file = folder.File("old.db");
+  {
+    const auto old = database::SqliteDatabase::Open(file, database::OpenMode::CreateIfMissing);
+    database::UpgradeSchema(*old, 1);
+  }
   using std::filesystem::perms;
-  std::filesystem::permissions(database_, perms::owner_read | perms::group_read | perms::others_read);
-  constexpr uid_t kNobody = 65534;  // permissions do not bind the superuser
-  const uid_t before = geteuid();
-  ASSERT_EQ(before == 0 ? seteuid(kNobody) : 0, 0);
-  const Result init = RunProgram({"init", "--database", database_});
-  const Result list = RunProgram({"list", "--database", database_});
-  ASSERT_EQ(before == 0 ? seteuid(before) : 0, 0);
+  std::filesystem::permissions(file, perms::owner_read | perms::group_read | perms::others_read);
+  const test::AsOrdinaryUser user;
+  const Result init = RunProgram({"init", "--database", file});
+  const Result list = RunProgram({"list", "--database", file});
   EXPECT_EQ(init.exitCode, kRefused);
   EXPECT_EQ(init.out, "");
   EXPECT_NE(init.err.find("write-protected"), std::string::npos) << init.err;

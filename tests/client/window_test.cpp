@@ -1,7 +1,6 @@
 // The whole program through its window, with a user's keys and clicks, on real database files.
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <QAbstractButton>
 #include <QAction>
@@ -33,6 +32,8 @@
 #include "host/constants.h"
 #include "plm/cdma_tab.h"
 #include "qt/page_view.h"
+#include "support/open_folder.h"
+#include "support/ordinary_user.h"
 #include "support/temp_folder.h"
 
 namespace kiv::client {
@@ -269,18 +270,17 @@ TEST_F(Window, ALockedDatabaseCostsNoInput) {
 }
 
 TEST_F(Window, AReadOnlyDatabaseCanBeReadAndSaysWhyNotWritten) {
+  const test::OpenFolder open;
+  database_ = open.File("studies.db");
   Open();
   StartStudy();
   user_.Press(Qt::Key_S, Qt::ControlModifier);
   user_.Press(Qt::Key_W, Qt::ControlModifier);
-  // Permissions do not bind the superuser, so for this test it is nobody.
-  constexpr uid_t kNobody = 65534;
   using std::filesystem::perms;
   std::filesystem::permissions(database_, perms::owner_read | perms::group_read | perms::others_read);
-  const uid_t before = geteuid();
-  ASSERT_EQ(before == 0 ? seteuid(kNobody) : 0, 0);
+  const test::AsOrdinaryUser user;
   Open();
-  EXPECT_NE(window_->OpenStudy(1), nullptr);
+  ASSERT_NE(window_->OpenStudy(1), nullptr);
   user_.Fill("txtDuration", "77");
   for (const char* button : {"save", "saveCopy"}) {
     EXPECT_FALSE(user_.Find(button)->isEnabled());
@@ -290,7 +290,6 @@ TEST_F(Window, AReadOnlyDatabaseCanBeReadAndSaysWhyNotWritten) {
   for (const auto* action : window_->findChildren<QAction*>()) {
     EXPECT_FALSE(action->text().startsWith("New &") && action->isEnabled()) << action->text().toStdString();
   }
-  ASSERT_EQ(before == 0 ? seteuid(before) : 0, 0);
 }
 
 TEST_F(Window, TheLaterOfTwoEditorsMaySaveACopy) {

@@ -12,7 +12,7 @@
 #include <thread>
 
 #include "database/transaction.h"
-#include "temp_folder.h"
+#include "support/open_folder.h"
 
 namespace kiv::database {
 
@@ -39,7 +39,7 @@ class SqliteDatabaseTest : public testing::Test {
     return database_->OpenQuery(query, kTimeoutSeconds)->FieldAt(0);
   }
 
-  const TempFolder folder_;
+  const test::OpenFolder folder_;
   const std::shared_ptr<SqliteDatabase> database_ = Connect();
 };
 

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -17,7 +16,8 @@
 #include "database/sqlite_database.h"
 #include "database/sqlite_file.h"
 #include "database/sqlite_layout.h"
-#include "temp_folder.h"
+#include "support/open_folder.h"
+#include "support/ordinary_user.h"
 
 namespace kiv::database {
 
@@ -31,19 +31,6 @@ constexpr int kTimeoutSeconds = 60;
 
 constexpr perms kMayRead = perms::owner_read | perms::group_read | perms::others_read;
 constexpr perms kMayEnter = perms::owner_exec | perms::group_exec | perms::others_exec;
-
-/// Permissions do not bind root, so the cases about them run as somebody else.
-class AsOrdinaryUser {
- public:
-  AsOrdinaryUser() { EXPECT_EQ(seteuid(before_ == 0 ? kNobody : before_), 0); }
-  AsOrdinaryUser(const AsOrdinaryUser&) = delete;
-  AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
-  ~AsOrdinaryUser() { EXPECT_EQ(seteuid(before_), 0); }
-
- private:
-  static constexpr uid_t kNobody = 65534;
-  const uid_t before_ = geteuid();
-};
 
 void WriteFile(const std::string& path, const std::string& content) {
   std::ofstream(path, std::ios::binary) << content;
@@ -118,7 +105,7 @@ class StudyDatabaseOpen : public testing::Test {
     return std::get<std::int64_t>(rows->FieldAt(0).Value());
   }
 
-  const TempFolder folder_;
+  const test::OpenFolder folder_;
 };
 
 TEST_F(StudyDatabaseOpen, MissingFileIsToldOrMade) {
@@ -212,7 +199,7 @@ TEST_F(StudyDatabaseOpen, PermissionsAreTold) {
   std::filesystem::permissions(folder_.File("fixed"), kMayRead | kMayEnter);
   WriteFile(folder_.File("plain"), "x");
 
-  const AsOrdinaryUser ordinary;
+  const test::AsOrdinaryUser ordinary;
   ExpectProblem(OpenProblem::Unreadable, closedFile, "Permission denied");
   ExpectProblem(OpenProblem::Unreadable, inClosedFolder, "Permission denied");
   ExpectProblem(OpenProblem::CannotCreate, folder_.File("fixed/studies.db"), OpenMode::CreateIfMissing,
@@ -243,7 +230,7 @@ TEST_F(StudyDatabaseOpen, WriteProtectedFileCanBeRead) {
     std::filesystem::permissions(file, kMayRead);
   }
 
-  const AsOrdinaryUser ordinary;
+  const test::AsOrdinaryUser ordinary;
   for (const OpenMode mode : {OpenMode::MustExist, OpenMode::CreateIfMissing}) {
     const auto database = OpenStudyDatabase(path, mode);
     EXPECT_TRUE(database->ReadOnly());

@@ -7,20 +7,20 @@
 #include <string>
 #include <system_error>
 
-namespace kiv::database {
+namespace kiv::test {
 
-/// A folder of its own for one test, open to every user, removed with what is in it.
-class TempFolder {
+/// A folder of its own for one test, which every user may enter and write, removed with what is in it.
+class OpenFolder {
  public:
-  TempFolder() {
+  OpenFolder() {
     std::string pattern = std::filesystem::temp_directory_path() / "kiv-test-XXXXXX";
     if (!mkdtemp(pattern.data())) throw std::runtime_error("no temporary folder");
     path_ = pattern;
     std::filesystem::permissions(path_, std::filesystem::perms::all);
   }
-  TempFolder(const TempFolder&) = delete;
-  TempFolder& operator=(const TempFolder&) = delete;
-  ~TempFolder() {
+  OpenFolder(const OpenFolder&) = delete;
+  OpenFolder& operator=(const OpenFolder&) = delete;
+  ~OpenFolder() {
     std::error_code ignored;
     std::filesystem::remove_all(path_, ignored);
   }
@@ -32,4 +32,4 @@ class TempFolder {
   std::filesystem::path path_;
 };
 
-}  // namespace kiv::database
+}  // namespace kiv::test
