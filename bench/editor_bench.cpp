@@ -6,9 +6,9 @@
 #include <functional>
 #include <vector>
 
-#include "client/editor_view.h"
-#include "client/study_session.h"
-#include "client/window_program.h"
+#include "client/studies/study_session.h"
+#include "client/window/editor_view.h"
+#include "client/window/window_program.h"
 #include "hom/hom_data.h"
 #include "paint.h"
 #include "plain_form.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "client/study_store.h"
+#include "client/studies/study_store.h"
 #include "core/study_kinds.h"
 #include "database/schema.h"
 #include "sample_vcsa.h"

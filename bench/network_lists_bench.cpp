@@ -14,9 +14,9 @@
 #include <stdexcept>
 #include <string>
 
-#include "client/entity_tree.h"
-#include "client/network_import.h"
-#include "client/window_program.h"
+#include "client/network/network_import.h"
+#include "client/window/entity_tree.h"
+#include "client/window/window_program.h"
 #include "database/open.h"
 #include "editor/dd_list_view.h"
 #include "paint.h"

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "client/study_store.h"
+#include "client/studies/study_store.h"
 #include "core/study_kinds.h"
 #include "database/open.h"
 #include "delay_proxy.h"

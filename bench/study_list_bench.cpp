@@ -13,9 +13,9 @@
 #include <string>
 #include <vector>
 
-#include "client/main_window.h"
-#include "client/study_list.h"
-#include "client/window_program.h"
+#include "client/window/main_window.h"
+#include "client/window/study_list.h"
+#include "client/window/window_program.h"
 #include "database/open.h"
 #ifdef KIV_WITH_POSTGRES
 #include "support/postgres_server.h"

@@ -5,15 +5,15 @@
 #include <exception>
 #include <ostream>
 
-#include "client/history_printer.h"
-#include "client/network_import.h"
-#include "client/network_printer.h"
+#include "client/network/network_import.h"
 #include "client/program.h"
-#include "client/study_files.h"
-#include "client/study_import_printer.h"
-#include "client/study_printer.h"
-#include "client/study_session.h"
-#include "client/terminal_text.h"
+#include "client/reports/history_printer.h"
+#include "client/reports/network_printer.h"
+#include "client/reports/study_import_printer.h"
+#include "client/reports/study_printer.h"
+#include "client/reports/terminal_text.h"
+#include "client/studies/study_files.h"
+#include "client/studies/study_session.h"
 #include "database/open_error.h"
 
 namespace kiv::client {

@@ -1,7 +1,7 @@
 #include <iostream>
 
 #include "client/command_line.h"
-#include "client/window_program.h"
+#include "client/window/window_program.h"
 
 int main(int argc, char** argv) {
   using namespace kiv::client;

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "client/entity_drag.h"
-#include "client/error_log.h"
-#include "client/study_store.h"
+#include "client/studies/error_log.h"
+#include "client/studies/study_store.h"
 #include "client/user_settings.h"
 #include "database/sql_connection.h"
 #include "host/services.h"

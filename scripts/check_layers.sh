@@ -17,6 +17,10 @@ vcsa: base host ui core editor vcsa
 database: base host database
 qt: base host ui qt
 client: base host ui core editor hom plm rfc vcsa database qt client
+client/base: base core database host client/base
+client/network: base core database host client/base client/network
+client/studies: base core database editor host ui client/base client/studies
+client/reports: base core database editor host client/base client/network client/studies client/reports
 samples: base client samples
 '
 

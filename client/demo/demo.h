@@ -5,8 +5,8 @@
 #include <string>
 
 #include "client/demo/user_hand.h"
-#include "client/main_window.h"
 #include "client/program.h"
+#include "client/window/main_window.h"
 #include "host/database.h"
 
 /// The demonstration: one whole study of each kind with a user's keys and clicks, told as it goes. Whatever

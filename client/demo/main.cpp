@@ -10,8 +10,8 @@
 #include <stdexcept>
 
 #include "client/demo/demo.h"
-#include "client/editor_view.h"
-#include "client/window_program.h"
+#include "client/window/editor_view.h"
+#include "client/window/window_program.h"
 
 namespace kiv::client {
 

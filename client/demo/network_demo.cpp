@@ -1,7 +1,7 @@
 #include <QLabel>
 
 #include "client/demo/demo.h"
-#include "client/entity_tree.h"
+#include "client/window/entity_tree.h"
 
 namespace kiv::client {
 

@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "client/demo/demo.h"
-#include "client/editor_view.h"
+#include "client/window/editor_view.h"
 #include "core/conversions.h"
 
 namespace kiv::client {

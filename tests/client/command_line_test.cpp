@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "client/program.h"
-#include "client/study_session.h"
+#include "client/studies/study_session.h"
 #include "database/schema.h"
 #include "database/sqlite_database.h"
 #include "hom/general_tab.h"

@@ -12,7 +12,7 @@
 #include <thread>
 #include <tuple>
 
-#include "client/store_error.h"
+#include "client/base/store_error.h"
 #include "database/open.h"
 #include "support/child_process.h"
 #include "support/engine.h"

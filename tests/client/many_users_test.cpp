@@ -11,7 +11,7 @@
 #include <random>
 #include <string>
 
-#include "client/store_error.h"
+#include "client/base/store_error.h"
 #include "database/open.h"
 #include "database/statement_error.h"
 #include "database/transaction.h"

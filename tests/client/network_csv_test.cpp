@@ -1,4 +1,4 @@
-#include "client/network_csv.h"
+#include "client/network/network_csv.h"
 
 #include <gmock/gmock.h>
 

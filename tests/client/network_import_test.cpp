@@ -1,4 +1,5 @@
-#include "client/network_import.h"
+#include "client/network/network_import.h"
+#include "client/base/whole_file.h"
 
 #include <gmock/gmock.h>
 
@@ -8,8 +9,8 @@
 #include <numeric>
 #include <set>
 
-#include "client/network_files.h"
-#include "client/store_error.h"
+#include "client/base/store_error.h"
+#include "client/network/network_files.h"
 #include "core/conversions.h"
 #include "database/open.h"
 #include "host/constants.h"

@@ -11,7 +11,7 @@
 #include <QTreeView>
 
 #include "client/demo/user_hand.h"
-#include "client/entity_tree.h"
+#include "client/window/entity_tree.h"
 
 namespace kiv::client {
 namespace {

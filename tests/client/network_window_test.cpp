@@ -14,9 +14,9 @@
 #include <fstream>
 
 #include "client/demo/user_hand.h"
-#include "client/entity_tree.h"
-#include "client/main_window.h"
-#include "client/window_program.h"
+#include "client/window/entity_tree.h"
+#include "client/window/main_window.h"
+#include "client/window/window_program.h"
 #include "host/services.h"
 #include "samples/network_maker.h"
 #include "support/temp_folder.h"

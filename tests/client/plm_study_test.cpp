@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "client/study_session.h"
-#include "client/study_store.h"
+#include "client/studies/study_session.h"
+#include "client/studies/study_store.h"
 #include "core/conversions.h"
 #include "database/schema.h"
 #include "plm/cdma_tab.h"

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "client/scenario_strip.h"
-#include "client/study_session.h"
-#include "client/study_store.h"
+#include "client/studies/scenario_strip.h"
+#include "client/studies/study_session.h"
+#include "client/studies/study_store.h"
 #include "core/study_kinds.h"
 #include "database/schema.h"
 #include "rfc/cdma_3g_tab.h"

@@ -1,6 +1,6 @@
 // Studies that leave a database as JSON and come back.
 
-#include "client/study_files.h"
+#include "client/studies/study_files.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,8 +8,8 @@
 #include <fstream>
 #include <tuple>
 
-#include "client/study_import_printer.h"
-#include "client/study_json.h"
+#include "client/reports/study_import_printer.h"
+#include "client/studies/study_json.h"
 #include "database/open.h"
 #include "support/engine.h"
 #include "support/rich_studies.h"

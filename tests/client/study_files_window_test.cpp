@@ -11,10 +11,10 @@
 #include <QTableWidget>
 
 #include "client/demo/user_hand.h"
-#include "client/editor_view.h"
-#include "client/main_window.h"
-#include "client/study_list.h"
-#include "client/window_program.h"
+#include "client/window/editor_view.h"
+#include "client/window/main_window.h"
+#include "client/window/study_list.h"
+#include "client/window/window_program.h"
 #include "hom/hom_data.h"
 #include "support/temp_folder.h"
 

@@ -1,13 +1,13 @@
 // What is kept of each save and deletion, and brought back.
 
-#include "client/study_history.h"
+#include "client/studies/study_history.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <tuple>
 
-#include "client/history_printer.h"
+#include "client/reports/history_printer.h"
 #include "database/open.h"
 #include "database/schema.h"
 #include "support/engine.h"

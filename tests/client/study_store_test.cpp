@@ -1,10 +1,10 @@
-#include "client/study_store.h"
+#include "client/studies/study_store.h"
 
 #include <gtest/gtest.h>
 
 #include <tuple>
 
-#include "client/study_session.h"
+#include "client/studies/study_session.h"
 #include "core/study_kinds.h"
 #include "database/schema.h"
 #include "hom/detail_tab.h"

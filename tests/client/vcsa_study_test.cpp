@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "client/network_import.h"
-#include "client/scenario_strip.h"
-#include "client/study_session.h"
-#include "client/study_store.h"
+#include "client/network/network_import.h"
+#include "client/studies/scenario_strip.h"
+#include "client/studies/study_session.h"
+#include "client/studies/study_store.h"
 #include "core/msql.h"
 #include "core/study_kinds.h"
 #include "database/open.h"

@@ -3,8 +3,8 @@
 #include <memory>
 #include <utility>
 
-#include "client/error_log.h"
-#include "client/study_store.h"
+#include "client/studies/error_log.h"
+#include "client/studies/study_store.h"
 #include "core/msql.h"
 #include "database/connection.h"
 #include "support/fake_host.h"

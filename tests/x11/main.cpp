@@ -6,7 +6,7 @@
 #include <iostream>
 #include <thread>
 
-#include "client/window_program.h"
+#include "client/window/window_program.h"
 #include "support/temp_folder.h"
 #include "x11/x_server.h"
 

@@ -8,10 +8,10 @@
 #include <QPixmap>
 #include <QScreen>
 
-#include "client/editor_view.h"
-#include "client/entity_tree.h"
-#include "client/network_import.h"
-#include "client/window_program.h"
+#include "client/network/network_import.h"
+#include "client/window/editor_view.h"
+#include "client/window/entity_tree.h"
+#include "client/window/window_program.h"
 #include "database/open.h"
 #include "support/rows_text.h"
 

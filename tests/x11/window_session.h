@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "client/main_window.h"
+#include "client/window/main_window.h"
 #include "database/sql_connection.h"
 #include "support/temp_folder.h"
 #include "x11/real_hand.h"

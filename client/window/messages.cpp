@@ -1,0 +1,17 @@
+#include "client/window/messages.h"
+
+#include "client/base/store_error.h"
+#include "host/services.h"
+
+namespace kiv::client {
+
+void Tell(const std::string& text) {
+  host::MessageBox& messages = host::TheMessageBox();
+  messages.Show(text, host::MessageStyle::Critical, messages.ApplicationTitle());
+}
+
+void TellFailure(const std::exception& failure) {
+  Tell(FailureText(failure));
+}
+
+}  // namespace kiv::client
