@@ -100,39 +100,52 @@ void Print(const char* what, const std::vector<double>& plain, const std::vector
               Median(plain), Median(ours), Median(plain) / Median(ours), goal);
 }
 
-using Connect = std::function<std::unique_ptr<PlainLibrary>()>;
+/// Where databases come from, and how each side reaches one.
+struct Place {
+  const char* title;
+  std::function<std::string()> newDatabase;
+  std::function<std::unique_ptr<PlainLibrary>(const std::string& address)> connect;
+};
 
 struct Rounds {
   int connections;  ///< both sides connect anew: where a server's process happens to run decides much
   int each;
 };
 
-void Compare(const char* title, const std::string& database, const Connect& connect, Rounds rounds,
-             const char* savingGoal) {
+/// Each side has a database of its own, so that neither finds its cache made void by the other.
+void Compare(const Place& place, Rounds rounds, const char* savingGoal) {
+  const std::string ofPlain = place.newDatabase();
+  const std::string ours = place.newDatabase();
   std::vector<double> plainSaves, ourSaves, plainLoads, ourLoads;
   for (int connection = 0; connection < rounds.connections; ++connection) {
-    Subject subject(database, kCells);
-    const std::unique_ptr<PlainLibrary> plain = connect();
+    Texts saving;
+    Texts loading;
+    {
+      const Subject study(ofPlain, kCells);
+      saving = study.SavingTexts();
+      loading = study.LoadingTexts();
+    }
+    Subject subject(ours, kCells);
+    const std::unique_ptr<PlainLibrary> plain = place.connect(ofPlain);
     for (int round = 0; round < rounds.each; ++round) {
-      plainSaves.push_back(Milliseconds([&] { plain->RunInTransaction(subject.SavingTexts()); }));
-      subject.Load();  // what the plain library wrote has another revision
+      plainSaves.push_back(Milliseconds([&] { plain->RunInTransaction(saving); }));
       ourSaves.push_back(Milliseconds([&] { subject.Save(); }));
       plainLoads.push_back(Milliseconds([&] {
-        for (const std::string& sql : subject.LoadingTexts()) plain->Fetch(sql);
+        for (const std::string& sql : loading) plain->Fetch(sql);
       }));
       ourLoads.push_back(Milliseconds([&] { subject.Load(); }));
     }
   }
-  std::printf("%s: VCSA study of 1,000 cells, 6,000 antennas, 3,000 carriers (median of %d):\n", title,
+  std::printf("%s: VCSA study of 1,000 cells, 6,000 antennas, 3,000 carriers (median of %d):\n", place.title,
               rounds.connections * rounds.each);
   Print("saving", plainSaves, ourSaves, savingGoal);
   Print("loading", plainLoads, ourLoads, "at least 0.77: in at most 1.3 times its time");
 }
 
-void Grow(const char* title, const std::function<std::string()>& newDatabase) {
-  std::printf("%s, time for each row of studies that grow:\n", title);
+void Grow(const Place& place) {
+  std::printf("%s, time for each row of studies that grow:\n", place.title);
   for (const int cells : {100, 1000, 10000}) {
-    Subject subject(newDatabase(), cells);
+    Subject subject(place.newDatabase(), cells);
     std::vector<double> saves, loads;
     for (int round = 0; round < 5; ++round) {
       saves.push_back(Milliseconds([&] { subject.Save(); }));
@@ -148,25 +161,23 @@ void Measure() {
   RegisterVcsaStudies();
   const test::TempFolder folder;
   int files = 0;
-  const auto newFile = [&] { return folder.File("bench" + std::to_string(++files) + ".db"); };
-  const std::string file = newFile();
-  database::OpenStudyDatabase(file, database::OpenMode::CreateIfMissing);
-  Compare(
-      "SQLite", file, [&] { return PlainSqlite(file); }, {1, 15}, "at least 2");
-  Grow("SQLite", newFile);
+  const Place sqlite = {"SQLite", [&] { return folder.File("bench" + std::to_string(++files) + ".db"); },
+                        PlainSqlite};
+  Compare(sqlite, {1, 15}, "at least 2");
+  Grow(sqlite);
 
   test::PostgresServer server(test::PostgresServer::Use::Measurements);
-  const std::string near = server.NewDatabase();
-  Compare(
-      "PostgreSQL, loopback", near, [&] { return PlainPostgres(near); }, {7, 3}, "at least 5");
-  Grow("PostgreSQL, loopback", [&] { return server.NewDatabase(); });
+  const Place nearby = {"PostgreSQL, loopback", [&] { return server.NewDatabase(); }, PlainPostgres};
+  Compare(nearby, {7, 3}, "at least 5");
+  Grow(nearby);
 
   const DelayProxy proxy(server.Port(), std::chrono::milliseconds(1));
-  std::string far = server.NewDatabase();
-  const std::string port = ":" + std::to_string(server.Port());
-  far.replace(far.find(port), port.size(), ":" + std::to_string(proxy.Port()));
-  Compare(
-      "PostgreSQL, 1 ms away", far, [&] { return PlainPostgres(far); }, {1, 1}, "at least 10");
+  const auto behindProxy = [&] {
+    std::string address = server.NewDatabase();
+    const std::string port = ":" + std::to_string(server.Port());
+    return address.replace(address.find(port), port.size(), ":" + std::to_string(proxy.Port()));
+  };
+  Compare({"PostgreSQL, 1 ms away", behindProxy, PlainPostgres}, {1, 1}, "at least 10");
 }
 
 }  // namespace

@@ -16,16 +16,18 @@ namespace sql {
 
 std::string InsertStatement(const host::Database& database, std::string_view table,
                             std::span<const host::Assignment> values) {
-  std::string columns;
+  constexpr std::size_t kUsualLength = 256;  // of the texts that are made by the thousand
+  std::string sql;
+  sql.reserve(kUsualLength);
+  sql.append("INSERT INTO ").append(table).append(" (");
   std::vector<Variant> list;
   list.reserve(values.size());
   for (const host::Assignment& value : values) {
-    if (!columns.empty()) columns += ", ";
-    columns += value.name;
+    if (!list.empty()) sql += ", ";
+    sql += value.name;
     list.push_back(value.value);
   }
-  return "INSERT INTO " + std::string(table) + " (" + columns + ") VALUES (" +
-         database.FormatValueList(list) + ")";
+  return sql.append(") VALUES (").append(database.FormatValueList(list)).append(")");
 }
 
 std::string UpdateStatement(const host::Database& database, std::string_view table,

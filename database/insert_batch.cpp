@@ -22,7 +22,7 @@ bool IsLetter(char character) {
 /// Reads a statement from its start. Each step says whether what it looks for was there.
 class Scanner {
  public:
-  explicit Scanner(std::string_view text) : text_(text) {}
+  explicit Scanner(std::string_view text, std::size_t place = 0) : text_(text), place_(place) {}
 
   std::size_t Place() const { return place_; }
   bool AtEnd() const { return place_ == text_.size(); }
@@ -98,8 +98,13 @@ class Scanner {
   }
 
   std::string_view text_;
-  std::size_t place_ = 0;
+  std::size_t place_;
 };
+
+/// Whether from here to its end a statement has nothing but one row of plain values.
+bool EndsWithRow(Scanner scanner) {
+  return scanner.List(&Scanner::Value) && scanner.AtEnd();
+}
 
 /// Where the row of an insert that may be joined begins; npos for every other statement.
 std::size_t RowStart(std::string_view sql) {
@@ -117,36 +122,35 @@ std::size_t RowStart(std::string_view sql) {
   scanner.SkipBlanks();
   if (!scanner.Keyword("VALUES")) return std::string_view::npos;
   scanner.SkipBlanks();
-  const std::size_t start = scanner.Place();
-  return scanner.List(&Scanner::Value) && scanner.AtEnd() ? start : std::string_view::npos;
+  return EndsWithRow(scanner) ? scanner.Place() : std::string_view::npos;
 }
 
 }  // namespace
 
-/// Tables take turns when a list of entities is written with the lists of each, so that the last group is not
-/// enough to look at; full groups stay behind.
-InsertBatch::Group* InsertBatch::FindGroup(std::string_view head) {
-  const auto found = std::find_if(groups_.rbegin(), groups_.rend(), [head](const Group& group) {
-    return group.rows < kMostRowsInStatement &&
-           head == std::string_view(group.statement).substr(0, group.headLength);
+/// The last group that a statement can belong to by its text up to the row. Tables take turns when a list of
+/// entities is written with the lists of each, so the very last group is not enough to look at.
+InsertBatch::Group* InsertBatch::FindGroup(std::string_view sql) {
+  const auto found = std::find_if(groups_.rbegin(), groups_.rend(), [sql](const Group& group) {
+    return sql.starts_with(std::string_view(group.statement).substr(0, group.headLength));
   });
   return found == groups_.rend() ? nullptr : &*found;
 }
 
 bool InsertBatch::Take(std::string_view sql) {
-  const std::size_t rowStart = RowStart(sql);
-  if (rowStart == std::string_view::npos || (!Empty() && bytes_ + sql.size() > kMostBytes)) return false;
-  Group* const group = FindGroup(sql.substr(0, rowStart));
-  if (!group && groups_.size() == kMostStatements) return false;
-  if (group) {
-    const std::string_view row = sql.substr(rowStart);
+  if (!Empty() && bytes_ + sql.size() > kMostBytes) return false;
+  Group* const group = FindGroup(sql);
+  if (group && !EndsWithRow(Scanner(sql, group->headLength))) return false;
+  if (group && group->rows < kMostRowsInStatement) {
+    const std::string_view row = sql.substr(group->headLength);
     group->statement.append(", ").append(row);
     ++group->rows;
     bytes_ += row.size();
-  } else {
-    groups_.push_back({std::string(sql), rowStart, 1});
-    bytes_ += sql.size();
+    return true;
   }
+  const std::size_t rowStart = group ? group->headLength : RowStart(sql);
+  if (rowStart == std::string_view::npos || groups_.size() == kMostStatements) return false;
+  groups_.push_back({std::string(sql), rowStart, 1});
+  bytes_ += sql.size();
   return true;
 }
 

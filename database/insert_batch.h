@@ -27,7 +27,7 @@ class InsertBatch {
     std::size_t headLength;  ///< of the text before the first row
     std::size_t rows;
   };
-  Group* FindGroup(std::string_view head);
+  Group* FindGroup(std::string_view sql);
 
   std::vector<Group> groups_;
   std::size_t bytes_ = 0;  ///< of all statements

@@ -55,7 +55,9 @@ std::string RenderValue(const Variant& value) {
 }
 
 std::string RenderValueList(std::span<const Variant> values) {
+  constexpr std::size_t kUsualLengthOfValue = 8;
   std::string sql;
+  sql.reserve(values.size() * kUsualLengthOfValue);
   for (const Variant& value : values) {
     if (!sql.empty()) sql += ", ";
     AppendValue(sql, value);
