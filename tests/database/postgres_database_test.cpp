@@ -47,6 +47,36 @@ class PostgresDatabaseTest : public testing::Test {
   const std::shared_ptr<SqlConnection> other_ = Connect();
 };
 
+TEST_F(PostgresDatabaseTest, PasswordsAreAskedForAndNeverShown) {
+  database_->ExecuteSql("CREATE ROLE guarded LOGIN PASSWORD 'se cret'");
+  const std::string rules = std::get<std::string>(ValueOf("SHOW hba_file").Value());
+  database_->ExecuteSql(
+      "COPY (SELECT unnest(ARRAY['local all guarded scram-sha-256', 'local all all trust'])) TO '" + rules +
+      "'");
+  ValueOf("SELECT pg_reload_conf()");
+  const auto openAs = [this](const std::string& user) {
+    std::string url = server_->Name();
+    return PostgresDatabase::Open(url.replace(url.find("kiv@"), 3, user));
+  };
+  const auto end = std::chrono::steady_clock::now() + 10s;
+  const auto refused = [&](const std::string& user) {
+    try {
+      openAs(user);
+    } catch (const OpenError& error) {
+      return std::string(error.what());
+    }
+    return std::string();
+  };
+  while (refused("guarded").empty() && std::chrono::steady_clock::now() < end)
+    std::this_thread::sleep_for(10ms);
+  EXPECT_THAT(refused("guarded"), HasSubstr("no password supplied"));
+  EXPECT_THAT(refused("guarded:wrong-one"), testing::AllOf(HasSubstr("password authentication failed"),
+                                                           testing::Not(HasSubstr("wrong-one"))));
+  const auto guarded = openAs("guarded:se%20cret");
+  EXPECT_EQ(ValueOf(*guarded, "SELECT current_user"), Variant("guarded"));
+  EXPECT_THAT(guarded->Name(), testing::Not(HasSubstr("se%20cret")));
+}
+
 TEST_F(PostgresDatabaseTest, TypesOfOtherTablesAreRead) {
   const auto rows = database_->OpenQuery(
       "SELECT 7::int2, 7.25::float4, 12::numeric, 1.5::numeric, 'NaN'::numeric, true, false, 'x '::char(2), "

@@ -33,7 +33,12 @@ class FakeRecordset : public host::Recordset {
     }
     throw Error(ErrorNumber::InvalidArgument, "no field " + std::string(name));
   }
-  Variant FieldAt(int index) const override { return rows_.rows.at(position_).at(std::size_t(index)); }
+  Variant FieldAt(int index) const override {
+    if (EndOfFile() || index < 0 || std::size_t(index) >= rows_.names.size()) {
+      throw Error(ErrorNumber::InvalidArgument, "no field " + std::to_string(index));
+    }
+    return rows_.rows[position_][std::size_t(index)];
+  }
 
  private:
   FakeRows rows_;
