@@ -12,6 +12,7 @@
 #include "core/kiv_study_ctls.h"
 #include "core/msql.h"
 #include "core/stored_reader.h"
+#include "host/constants.h"
 #include "host/services.h"
 
 namespace kiv::MSQL {
@@ -221,7 +222,7 @@ std::int32_t GetParentInstanceId(const std::string& fullKey) {
 }
 
 std::string FindCellTech(std::int32_t instanceId) {
-  return Database().CallStoredFunction("lucent_generic.find_cell_tech", std::to_string(instanceId));
+  return Database().CallStoredFunction(host::kFindCellTech, std::to_string(instanceId));
 }
 
 void LookupConfigAntennas(CCell& cell) {

@@ -200,7 +200,7 @@ class ListViewView final : public QTreeView, public ControlView {
     if (showing_) return;
     showing_ = true;
     const auto& rows = list_.SelectedRows();
-    if (rows.size() == list_.RowCount() && !rows.empty()) {
+    if (list_.MultiSelect() && rows.size() == list_.RowCount() && !rows.empty()) {
       selectAll();
     } else {
       QItemSelection selection;
