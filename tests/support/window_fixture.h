@@ -1,0 +1,67 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "client/demo/user_hand.h"
+#include "client/window/main_window.h"
+#include "client/window/window_program.h"
+#include "support/temp_folder.h"
+
+namespace kiv::client {
+
+/// The program's window and a user in front of it, with a database file of their own.
+class Window : public ::testing::Test {
+ protected:
+  Window() {
+    program_ = std::make_unique<Program>();
+    StartWithWindow(*program_);
+    program_->Settings().File().clear();
+    window_ = std::make_unique<MainWindow>(*program_);
+    window_->show();
+    QApplication::setActiveWindow(window_.get());
+  }
+
+  void Open() { window_->OpenDatabase(database_, Program::WhenMissing::Create); }
+  /// A new HOM study with valid input.
+  void StartStudy() {
+    if (program_->Store().Scenarios().empty()) program_->Store().AddScenario("Downtown");
+    window_->NewStudy("HOM Study");
+    user_.Choose("fdocCBScenario", "Downtown");
+    user_.Fill("txtPath", QString::fromStdString(folder_.Path()));
+  }
+  std::string RefusalOfSave() {
+    return user_.MessageDuring([this] { user_.Press(Qt::Key_S, Qt::ControlModifier); }).toStdString();
+  }
+  std::string FocusName() const {
+    const QWidget* focused = window_->focusWidget();
+    return focused ? focused->objectName().toStdString() : "";
+  }
+  QString Preview() const { return qobject_cast<QLabel*>(user_.Find("lblPreview"))->text(); }
+  QString StartText() const { return window_->findChild<QLabel*>("startText")->text(); }
+  /// Presses the button of a question that an action asks.
+  void Answer(const std::function<void()>& action, const QString& button) {
+    user_.During(action, [&](QWidget& dialog) { PressButton(dialog, button); });
+  }
+  static void PressButton(QWidget& dialog, const QString& text) {
+    for (auto* button : dialog.findChildren<QAbstractButton*>()) {
+      if (button->text().remove('&') == text) return button->click();
+    }
+    ADD_FAILURE() << "no button " << text.toStdString();
+    dialog.close();
+  }
+
+  test::TempFolder folder_;
+  std::string database_ = folder_.File("studies.db");
+  std::unique_ptr<Program> program_;
+  std::unique_ptr<MainWindow> window_;
+  UserHand user_{QString()};
+};
+
+}  // namespace kiv::client
