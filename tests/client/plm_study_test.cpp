@@ -259,20 +259,5 @@ TEST_P(PlmStudies, AStudyKeepsAllItsModesOverTwoUpdates) {
   EXPECT_EQ(Count("KIV_PlmMode") + Count("KIV_PlmChannelList") + Count("KIV_PlmStudy"), "000");
 }
 
-TEST_P(PlmStudies, AFailedUpdateLeavesTheStudyAsItWas) {
-  const auto session = NewSession();
-  Hand hand(*session);
-  hand.Check(3);
-  hand.tdma.XMode3.XChannelList1.txtChannelList.Type("5");
-  ASSERT_TRUE(Save(*session));
-  hand.tdma.XMode3.XChannelList1.txtChannelList.Type("55");
-  database_->BreakInserts(*connection_, "KIV_PlmChannelList", "disk on fire");
-  EXPECT_THROW(session->Save("ann"), host::DatabaseError);
-  database_->MendInserts(*connection_, "KIV_PlmChannelList");
-  EXPECT_EQ(Rows(session->ID()), "3|NULL|NULL|NULL||NULL|NULL|NULL|||NULL|NULL|||5 \n");
-  EXPECT_TRUE(Save(*session));
-  EXPECT_EQ(Rows(session->ID()), "3|NULL|NULL|NULL||NULL|NULL|NULL|||NULL|NULL|||555 \n");
-}
-
 }  // namespace
 }  // namespace kiv::client

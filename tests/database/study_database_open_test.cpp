@@ -241,15 +241,6 @@ TEST_F(StudyDatabaseOpen, WriteProtectedFileCanBeRead) {
   ExpectProblem(OpenProblem::CannotCreate, emptyPath, OpenMode::CreateIfMissing, "write-protected");
 }
 
-TEST_F(StudyDatabaseOpen, KilledProgramLeavesTheOldState) {
-  const std::string path = NewStudyDatabase();
-  const std::string content = ReadFile(path);
-  WriteHalfATransaction(path);
-  EXPECT_FALSE(ReadFile(path) == content);
-  EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::MustExist)), 1);
-  EXPECT_TRUE(ReadFile(path) == content);
-}
-
 TEST_F(StudyDatabaseOpen, LookingAtAFileKeepsTheLocksOfThisProcess) {
   const std::string path = NewStudyDatabase();
   const auto writer = OpenStudyDatabase(path, OpenMode::MustExist);
