@@ -198,8 +198,18 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
   const auto addJson = [&](CLI::App* command) {
     command->add_flag("--json", options.json, "Print JSON for programs");
   };
+  // Numbers would else be taken in other bases, too: 010 for 8.
+  const CLI::Validator decimal(
+      [](const std::string& text) {
+        const bool plain =
+            !text.empty() && text.front() != '0' && text.find_first_not_of("0123456789") == std::string::npos;
+        return plain ? std::string() : text + " is no number such as 12";
+      },
+      "");
   const auto addId = [&](CLI::App* command) {
-    command->add_option("ID", options.id, "Number of the study, as the list shows it")->required();
+    command->add_option("ID", options.id, "Number of the study, as the list shows it")
+        ->check(decimal)
+        ->required();
   };
   CLI::App* gui = addCommand("gui", "Open the window (the default)");
   CLI::App* init = addCommand("init", "Create a study database, or bring an older one up to date");
@@ -215,7 +225,7 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
   addJson(validate);
   CLI::App* exportStudies =
       addCommand("export", "Write studies as JSON, for other databases and for version control");
-  exportStudies->add_option("ID", options.ids, "Numbers of the studies (default: all)");
+  exportStudies->add_option("ID", options.ids, "Numbers of the studies (default: all)")->check(decimal);
   exportStudies->add_option("--output", options.output, "File to write (default: standard output)")
       ->type_name("FILE");
   CLI::App* importStudies =
@@ -226,11 +236,13 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
   CLI::App* history = addCommand("history", "Show who changed a study, when and what");
   addId(history);
   history->add_option("REVISION", options.revision, "Show everything that this revision changed")
-      ->check(CLI::PositiveNumber);
+      ->check(decimal);
   addJson(history);
   CLI::App* restore = addCommand("restore", "Bring a state of a study back, also of a deleted one");
   addId(restore);
-  restore->add_option("REVISION", options.revision, "Revision, as history shows it")->required();
+  restore->add_option("REVISION", options.revision, "Revision, as history shows it")
+      ->check(decimal)
+      ->required();
 
   CLI::App* importNetwork = addCommand(
       "import-network", "Replace the network by the CSV files of a folder, all of them or nothing");
@@ -277,7 +289,9 @@ std::optional<int> RunCommandLine(int argc, const char* const* argv, WindowReque
   const auto exitCode = Run(argc, argv, window, out, err);
   if (!exitCode || out.flush()) return exitCode;
   // A result that did not arrive, on a full disk for one, is no success.
-  err << "The output could not be written completely. Make room where it goes to, then try again.\n";
+  err << "The output could not be written completely. Make room where it goes to. Changes to the database, "
+         "if the "
+         "command makes any, are made: look with list before you repeat it.\n";
   return kRefused;
 }
 

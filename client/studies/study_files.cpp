@@ -1,5 +1,6 @@
 #include "client/studies/study_files.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <algorithm>
@@ -19,6 +20,12 @@ std::string NameOf(const std::vector<host::Document>& scenarios, std::int32_t id
 
 StoreError NotWritten(const std::string& file, const std::string& reason) {
   return StoreError("The file \"" + file + "\" was not written: " + reason + ". Choose another file.");
+}
+
+bool IsDatabaseFile(const QString& name) {
+  constexpr QByteArrayView kMark("SQLite format 3");
+  QFile file(name);
+  return file.open(QIODevice::ReadOnly) && file.read(kMark.size()) == kMark;
 }
 
 }  // namespace
@@ -43,7 +50,9 @@ std::string ExportStudies(const StudyStore& store, std::vector<std::int32_t> ids
 void WriteStudyFile(const std::string& file, const std::string& text) {
   const QString name = QString::fromStdString(file);
   const QFileInfo info(name);
+  if (file.empty()) throw StoreError("The name of the file to write is missing.");
   if (info.exists() && !info.isFile()) throw NotWritten(file, "it is no plain file");
+  if (IsDatabaseFile(name)) throw NotWritten(file, "it is a database, which an export must not replace");
   QSaveFile output(name);
   const bool written =
       output.open(QIODevice::WriteOnly) &&

@@ -117,6 +117,15 @@ TEST_F(CommandLine, OutputThatDoesNotArriveIsNoSuccess) {
   EXPECT_EQ(std::count(message.begin(), message.end(), '\n'), 1) << message;
 }
 
+TEST_F(CommandLine, AnExportReplacesNoDatabase) {
+  StoreStudy("Good", 30);
+  const Result exported = Run({"export", "--output", database_});
+  EXPECT_EQ(exported.exitCode, kRefused);
+  EXPECT_NE(exported.err.find("must not replace"), std::string::npos) << exported.err;
+  EXPECT_EQ(Run({"list"}).exitCode, kOk);
+  EXPECT_EQ(Run({"show", "01"}).exitCode, kUsage) << "which could be meant in another base";
+}
+
 TEST_F(CommandLine, AWriteProtectedOlderLayoutIsNotCalledReady) {
   const test::OpenFolder folder;
   const std::string file = folder.File("old.db");
