@@ -6,13 +6,13 @@
 #include <functional>
 #include <vector>
 
-#include "client/studies/study_session.h"
 #include "client/window/editor_view.h"
 #include "client/window/window_program.h"
 #include "hom/hom_data.h"
 #include "paint.h"
 #include "plain_form.h"
 #include "plm/plm_data.h"
+#include "session/study_session.h"
 
 namespace kiv::bench {
 namespace {

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "client/studies/study_store.h"
 #include "core/study_kinds.h"
 #include "database/schema.h"
 #include "sample_vcsa.h"
+#include "store/studies/study_store.h"
 #include "support/engine.h"
 #include "support/test_store.h"
 #include "timing.h"

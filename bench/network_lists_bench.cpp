@@ -14,7 +14,6 @@
 #include <stdexcept>
 #include <string>
 
-#include "client/network/network_import.h"
 #include "client/window/entity_tree.h"
 #include "client/window/window_program.h"
 #include "database/open.h"
@@ -23,6 +22,7 @@
 #include "plain_lists.h"
 #include "qt/control_views.h"
 #include "samples/network_maker.h"
+#include "store/network/network_import.h"
 #include "support/child_process.h"
 
 namespace kiv::bench {

@@ -8,12 +8,12 @@
 #include <string>
 #include <vector>
 
-#include "client/studies/study_store.h"
 #include "core/study_kinds.h"
 #include "database/open.h"
 #include "delay_proxy.h"
 #include "plain_library.h"
 #include "sample_vcsa.h"
+#include "store/studies/study_store.h"
 #include "support/postgres_server.h"
 #include "support/temp_folder.h"
 #include "support/test_store.h"

@@ -6,11 +6,11 @@
 #include <string>
 
 #include "client/entity_drag.h"
-#include "client/studies/error_log.h"
-#include "client/studies/study_store.h"
 #include "client/user_settings.h"
 #include "database/sql_connection.h"
 #include "host/services.h"
+#include "store/studies/error_log.h"
+#include "store/studies/study_store.h"
 
 namespace kiv::client {
 

@@ -1,12 +1,12 @@
 #include "database/open.h"
 
-#include "database/open_postgres.h"
-#include "database/postgres_url.h"
+#include "database/postgres/open_postgres.h"
+#include "database/postgres/postgres_url.h"
 #include "database/schema.h"
-#include "database/sqlite_database.h"
-#include "database/sqlite_file.h"
-#include "database/sqlite_layout.h"
-#include "database/stored_functions.h"
+#include "database/sqlite/sqlite_database.h"
+#include "database/sqlite/sqlite_file.h"
+#include "database/sqlite/sqlite_layout.h"
+#include "database/sqlite/stored_functions.h"
 
 namespace kiv::database {
 

@@ -9,7 +9,7 @@
 #include <variant>
 #include <vector>
 
-#include "client/network/network_tables.h"
+#include "store/network/network_tables.h"
 
 namespace kiv::samples {
 

@@ -16,12 +16,12 @@ rfc: base host ui core editor rfc
 vcsa: base host ui core editor vcsa
 database: base host database
 qt: base host ui qt
-client: base host ui core editor hom plm rfc vcsa database qt client
-client/base: base core database host client/base
-client/network: base core database host client/base client/network
-client/studies: base core database editor host ui client/base client/studies
-client/reports: base core database editor host client/base client/network client/studies client/reports
-samples: base client samples
+store: base core database editor host store
+session: base core editor host session store ui
+client: base client core database editor host qt session store support ui hom plm rfc vcsa
+client/cli: client core database host session store
+client/texts: base client/texts core database editor host session store
+samples: base samples store
 '
 
 failed=0

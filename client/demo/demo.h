@@ -4,10 +4,10 @@
 #include <memory>
 #include <string>
 
-#include "client/demo/user_hand.h"
 #include "client/program.h"
 #include "client/window/main_window.h"
 #include "host/database.h"
+#include "support/user_hand.h"
 
 /// The demonstration: one whole study of each kind with a user's keys and clicks, told as it goes. Whatever
 /// is not as it should be raises std::runtime_error.

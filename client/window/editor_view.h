@@ -7,8 +7,8 @@
 
 #include "base/signal.h"
 #include "client/program.h"
-#include "client/studies/study_session.h"
 #include "host/drag_source.h"
+#include "session/study_session.h"
 
 class QLabel;
 class QLineEdit;

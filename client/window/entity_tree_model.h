@@ -6,7 +6,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "client/network/network_entities.h"
+#include "store/network/network_entities.h"
 
 namespace kiv::client {
 

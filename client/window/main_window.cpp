@@ -16,7 +16,6 @@
 #include <exception>
 #include <utility>
 
-#include "client/studies/study_session.h"
 #include "client/window/dialogs.h"
 #include "client/window/editor_view.h"
 #include "client/window/entity_tree.h"
@@ -29,6 +28,7 @@
 #include "core/study_kinds.h"
 #include "database/open_error.h"
 #include "editor/study_editors.h"
+#include "session/study_session.h"
 
 namespace kiv::client {
 

@@ -4,14 +4,14 @@
 #include <QMenu>
 #include <QTableView>
 
-#include "client/studies/study_files.h"
-#include "client/studies/study_session.h"
 #include "client/window/editor_view.h"
 #include "client/window/history_dialog.h"
 #include "client/window/main_window.h"
 #include "client/window/question.h"
 #include "client/window/study_import_dialog.h"
 #include "client/window/study_list.h"
+#include "session/study_session.h"
+#include "store/exchange/study_files.h"
 
 namespace kiv::client {
 

@@ -1,7 +1,7 @@
 #include "client/window/messages.h"
 
-#include "client/base/store_error.h"
 #include "host/services.h"
+#include "store/store_error.h"
 
 namespace kiv::client {
 

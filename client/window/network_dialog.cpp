@@ -12,12 +12,12 @@
 #include <exception>
 #include <utility>
 
-#include "client/base/store_error.h"
-#include "client/network/network_import.h"
-#include "client/reports/network_printer.h"
+#include "client/texts/network_printer.h"
 #include "client/window/fault_list.h"
 #include "client/window/messages.h"
 #include "host/services.h"
+#include "store/network/network_import.h"
+#include "store/store_error.h"
 
 namespace kiv::client {
 

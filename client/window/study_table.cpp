@@ -6,9 +6,9 @@
 #include <iterator>
 #include <utility>
 
-#include "client/base/local_time.h"
-#include "client/base/lower_case.h"
 #include "client/window/kind_icon.h"
+#include "store/local_time.h"
+#include "store/lower_case.h"
 #include "ui/row_order.h"
 
 namespace kiv::client {

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <memory>
 
-#include "client/command_line.h"
+#include "client/cli/command_line.h"
 #include "client/program.h"
 
 namespace kiv::client {

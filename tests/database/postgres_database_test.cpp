@@ -1,4 +1,4 @@
-#include "database/postgres_database.h"
+#include "database/postgres/postgres_database.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "database/open.h"
-#include "database/postgres_url.h"
+#include "database/postgres/postgres_url.h"
 #include "database/schema.h"
 #include "database/transaction.h"
 #include "support/engine.h"

@@ -1,4 +1,4 @@
-#include "database/sqlite_database.h"
+#include "database/sqlite/sqlite_database.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

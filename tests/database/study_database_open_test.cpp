@@ -13,9 +13,9 @@
 
 #include "database/open.h"
 #include "database/schema.h"
-#include "database/sqlite_database.h"
-#include "database/sqlite_file.h"
-#include "database/sqlite_layout.h"
+#include "database/sqlite/sqlite_database.h"
+#include "database/sqlite/sqlite_file.h"
+#include "database/sqlite/sqlite_layout.h"
 #include "support/open_folder.h"
 #include "support/ordinary_user.h"
 

@@ -1,6 +1,6 @@
 #include "support/engine.h"
 
-#include "database/sqlite_database.h"
+#include "database/sqlite/sqlite_database.h"
 #include "support/temp_folder.h"
 
 namespace kiv::test {

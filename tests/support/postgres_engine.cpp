@@ -1,4 +1,4 @@
-#include "database/postgres_database.h"
+#include "database/postgres/postgres_database.h"
 #include "support/engine.h"
 #include "support/postgres_server.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "client/studies/study_store.h"
+#include "store/studies/study_store.h"
 
 namespace kiv::test {
 

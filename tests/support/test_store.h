@@ -3,10 +3,10 @@
 #include <memory>
 #include <utility>
 
-#include "client/studies/error_log.h"
-#include "client/studies/study_store.h"
 #include "core/msql.h"
 #include "database/connection.h"
+#include "store/studies/error_log.h"
+#include "store/studies/study_store.h"
 #include "support/fake_host.h"
 
 namespace kiv::test {

@@ -9,10 +9,10 @@
 #include <memory>
 #include <string>
 
-#include "client/demo/user_hand.h"
 #include "client/window/main_window.h"
 #include "client/window/window_program.h"
 #include "support/temp_folder.h"
+#include "support/user_hand.h"
 
 namespace kiv::client {
 

@@ -8,11 +8,11 @@
 #include <QPixmap>
 #include <QScreen>
 
-#include "client/network/network_import.h"
 #include "client/window/editor_view.h"
 #include "client/window/entity_tree.h"
 #include "client/window/window_program.h"
 #include "database/open.h"
+#include "store/network/network_import.h"
 #include "support/rows_text.h"
 
 namespace kiv::test {

@@ -1,0 +1,298 @@
+#include "client/cli/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <exception>
+#include <ostream>
+
+#include "client/program.h"
+#include "client/texts/history_printer.h"
+#include "client/texts/network_printer.h"
+#include "client/texts/study_import_printer.h"
+#include "client/texts/study_printer.h"
+#include "client/texts/terminal_text.h"
+#include "database/open_error.h"
+#include "session/study_session.h"
+#include "store/exchange/study_files.h"
+#include "store/network/network_import.h"
+
+namespace kiv::client {
+
+namespace {
+
+/// Messages of the library when there is no window.
+class MessagesAsLines : public host::MessageBox {
+ public:
+  explicit MessagesAsLines(std::ostream& err) : err_(err) {}
+  void Show(const std::string& text, host::MessageStyle, const std::string&) override {
+    err_ << text << '\n';
+  }
+  std::string ApplicationTitle() const override { return UserSettings::kDefaultApplicationTitle; }
+
+ private:
+  std::ostream& err_;
+};
+
+class Silence : public host::Beeper {
+ public:
+  void Beep() override {}
+};
+
+/// In place of the name of a file.
+constexpr const char* kStandardOutput = "-";
+
+/// The parsed options of every command.
+struct Options {
+  std::string database;
+  std::string folder;
+  bool json = false;
+  bool dryRun = false;
+  bool deleted = false;
+  std::int32_t id = 0;
+  std::int32_t revision = 0;
+  std::vector<std::int32_t> ids;
+  std::string idOrFile;
+  std::vector<std::string> files;
+  std::string output = kStandardOutput;
+
+  std::string DatabasePath() const { return database.empty() ? Program::DefaultDatabasePath() : database; }
+  OutputFormat Format() const { return json ? OutputFormat::Json : OutputFormat::Text; }
+};
+
+int Init(Program& program, const Options& options, std::ostream& out) {
+  program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Create);
+  if (program.HasOlderLayout()) {
+    throw StoreError(
+        "The study database " + program.Store().Database().Name() +
+        " is write-protected and keeps its older layout; nothing was changed. Ask for permission "
+        "to write the file, then run init again.");
+  }
+  out << "The study database is ready: " << program.Store().Database().Name() << '\n';
+  return kOk;
+}
+
+int List(Program& program, const Options& options, std::ostream& out) {
+  if (options.deleted) {
+    PrintDeletedStudies(program.Store().History().DeletedStudies(), options.Format(), out);
+    return kOk;
+  }
+  PrintStudies(program.Store().List(), options.Format(), out);
+  return kOk;
+}
+
+int Show(Program& program, const Options& options, std::ostream& out) {
+  const Study study = program.Store().Load(options.id);
+  PrintStudy(study, program.Store().Scenarios(), options.Format(), out);
+  switch (study.kindData) {
+    case KindData::Complete: break;
+    case KindData::Missing: throw StoreError(MissingDataText(options.id));
+    case KindData::Unknown:
+      throw StoreError("This version of the program cannot show the data of the kind \"" +
+                       study.record->AppName() + "\".");
+  }
+  return kOk;
+}
+
+int Report(const StudyImportReport& report, const Options& options, std::ostream& out, std::ostream& err) {
+  PrintStudyImport(report, options.Format(), out, err);
+  return report.problems.empty() ? kOk : kRefused;
+}
+
+/// A number is that of a stored study; anything else is the name of a file.
+int Validate(Program& program, const Options& options, std::ostream& out, std::ostream& err) {
+  std::int32_t id = 0;
+  if (!CLI::detail::lexical_cast(options.idOrFile, id)) {
+    return Report(CheckStudies(program.Store(), {options.idOrFile}), options, out, err);
+  }
+  const StudySession session(program.Store(), program.Store().Load(id));
+  return PrintProblems(session, options.Format(), out) == 0 ? kOk : kRefused;
+}
+
+int History(Program& program, const Options& options, std::ostream& out) {
+  const std::vector<HistoryStep> steps = StepsOf(program.Store().History(), options.id);
+  if (options.revision == 0) {
+    PrintHistory(steps, options.Format(), out);
+    return kOk;
+  }
+  const auto step =
+      std::ranges::find(steps, options.revision, [](const HistoryStep& each) { return each.entry.revision; });
+  if (step == steps.end()) (void)program.Store().History().Content(options.id, options.revision);  // says so
+  PrintDifferences(step->differences, options.Format(), out);
+  return kOk;
+}
+
+int Restore(Program& program, const Options& options, std::ostream& out) {
+  const std::int32_t revision = program.Store().Restore(options.id, options.revision, program.UserName());
+  out << "Study " << options.id << " is as it was at revision " << options.revision
+      << "; this is its revision " << revision << ".\n";
+  return kOk;
+}
+
+int Export(Program& program, const Options& options, std::ostream& out) {
+  const std::string text = ExportStudies(program.Store(), options.ids);
+  if (options.output == kStandardOutput) {
+    out << text;
+  } else {
+    WriteStudyFile(options.output, text);
+  }
+  return kOk;
+}
+
+int Import(Program& program, const Options& options, std::ostream& out, std::ostream& err) {
+  StudyStore& store = program.Store();
+  return Report(options.dryRun ? CheckStudies(store, options.files)
+                               : ImportStudies(store, options.files, program.UserName()),
+                options, out, err);
+}
+
+int ImportNetworkFolder(Program& program, const Options& options, std::ostream& out, std::ostream& err) {
+  const ImportProgress progress = ProgressOnTerminal(err);
+  NetworkReport report;
+  if (options.dryRun) {
+    report = CheckNetwork(options.folder, progress);
+  } else {
+    program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Refuse);
+    report = ImportNetwork(program.Store().Database(), options.folder, progress);
+  }
+  PrintNetworkReport(report, options.Format(), out, err);
+  return report.badLines.empty() ? kOk : kRefused;
+}
+
+/// One message for each refusal.
+int Refuse(const std::exception& error, std::ostream& err) {
+  err << TerminalText(FailureText(error));
+  const auto* notOpened = dynamic_cast<const database::OpenError*>(&error);
+  if (notOpened && notOpened->CanBeCreated()) {
+    err << " To do so: " << TerminalText(notOpened->CreateCommand());
+  }
+  err << '\n';
+  return kRefused;
+}
+
+std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window, std::ostream& out,
+                       std::ostream& err) {
+  Options options;
+  CLI::App app("Defines, checks, stores and finds KIV studies.", "kivstudy");
+  app.set_help_all_flag("--help-all", "Print this help message of every command and exit");
+  app.require_subcommand(0, 1);
+  app.set_version_flag("--version", "kivstudy " KIV_VERSION);
+  app.fallthrough();
+  const auto addDatabase = [&](CLI::App& command) {
+    command
+        .add_option("--database", options.database,
+                    "Study database: a file, or the address of a PostgreSQL database such as "
+                    "postgresql://user@server/database (default: studies.db in your data folder)")
+        ->type_name("DATABASE")
+        ->check([](const std::string& file) { return file.empty() ? "the name is missing" : ""; });
+  };
+  const std::string exitCodes = "Exit codes: 0 done, 1 refused, 2 wrong usage.";
+  addDatabase(app);
+  app.footer("Without a command the window opens. " + exitCodes);
+
+  const auto addCommand = [&](const char* name, const char* description) {
+    CLI::App* command = app.add_subcommand(name, description);
+    addDatabase(*command);
+    command->footer(exitCodes);
+    return command;
+  };
+  const auto addJson = [&](CLI::App* command) {
+    command->add_flag("--json", options.json, "Print JSON for programs");
+  };
+  // Numbers would else be taken in other bases, too: 010 for 8.
+  const CLI::Validator decimal(
+      [](const std::string& text) {
+        const bool plain =
+            !text.empty() && text.front() != '0' && text.find_first_not_of("0123456789") == std::string::npos;
+        return plain ? std::string() : text + " is no number such as 12";
+      },
+      "");
+  const auto addId = [&](CLI::App* command) {
+    command->add_option("ID", options.id, "Number of the study, as the list shows it")
+        ->check(decimal)
+        ->required();
+  };
+  CLI::App* gui = addCommand("gui", "Open the window (the default)");
+  CLI::App* init = addCommand("init", "Create a study database, or bring an older one up to date");
+  CLI::App* list = addCommand("list", "List the studies");
+  list->add_flag("--deleted", options.deleted, "List the studies that were deleted instead");
+  addJson(list);
+  CLI::App* show = addCommand("show", "Show everything that is stored of a study");
+  addId(show);
+  addJson(show);
+  CLI::App* validate = addCommand("validate", "Check studies by the rules of their editors");
+  validate->add_option("ID|FILE", options.idOrFile, "Number of a stored study, or a file with exported ones")
+      ->required();
+  addJson(validate);
+  CLI::App* exportStudies =
+      addCommand("export", "Write studies as JSON, for other databases and for version control");
+  exportStudies->add_option("ID", options.ids, "Numbers of the studies (default: all)")->check(decimal);
+  exportStudies->add_option("--output", options.output, "File to write (default: standard output)")
+      ->type_name("FILE");
+  CLI::App* importStudies =
+      addCommand("import", "Store the studies of exported files as new ones, all of them or nothing");
+  importStudies->add_option("FILE", options.files, "Files that export has written")->required();
+  importStudies->add_flag("--dry-run", options.dryRun, "Only check every study");
+  addJson(importStudies);
+  CLI::App* history = addCommand("history", "Show who changed a study, when and what");
+  addId(history);
+  history->add_option("REVISION", options.revision, "Show everything that this revision changed")
+      ->check(decimal);
+  addJson(history);
+  CLI::App* restore = addCommand("restore", "Bring a state of a study back, also of a deleted one");
+  addId(restore);
+  restore->add_option("REVISION", options.revision, "Revision, as history shows it")
+      ->check(decimal)
+      ->required();
+
+  CLI::App* importNetwork = addCommand(
+      "import-network", "Replace the network by the CSV files of a folder, all of them or nothing");
+  importNetwork->add_option("DIR", options.folder, "Folder with one CSV file for each table")->required();
+  importNetwork->add_flag("--dry-run", options.dryRun, "Only check every line; no database is needed");
+  addJson(importNetwork);
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error, out, err) == 0 ? kOk : kUsage;
+  }
+  if (app.get_subcommands().empty() || gui->parsed()) {
+    if (!options.database.empty()) window.database = options.database;
+    return std::nullopt;
+  }
+
+  try {
+    Program program;
+    program.Start({.messageBox = std::make_shared<MessagesAsLines>(err),
+                   .folderChooser = nullptr,
+                   .beeper = std::make_shared<Silence>(),
+                   .askForScenarioName = nullptr,
+                   .tellFailure = nullptr});
+    if (init->parsed()) return Init(program, options, out);
+    if (importNetwork->parsed()) return ImportNetworkFolder(program, options, out, err);
+    program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Refuse);
+    if (list->parsed()) return List(program, options, out);
+    if (show->parsed()) return Show(program, options, out);
+    if (exportStudies->parsed()) return Export(program, options, out);
+    if (importStudies->parsed()) return Import(program, options, out, err);
+    if (history->parsed()) return History(program, options, out);
+    if (restore->parsed()) return Restore(program, options, out);
+    return Validate(program, options, out, err);
+  } catch (const std::exception& error) {
+    return Refuse(error, err);
+  }
+}
+
+}  // namespace
+
+std::optional<int> RunCommandLine(int argc, const char* const* argv, WindowRequest& window, std::ostream& out,
+                                  std::ostream& err) {
+  const auto exitCode = Run(argc, argv, window, out, err);
+  if (!exitCode || out.flush()) return exitCode;
+  // A result that did not arrive, on a full disk for one, is no success.
+  err << "The output could not be written completely. Make room where it goes to. Changes to the database, "
+         "if the "
+         "command makes any, are made: look with list before you repeat it.\n";
+  return kRefused;
+}
+
+}  // namespace kiv::client

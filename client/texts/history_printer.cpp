@@ -1,0 +1,122 @@
+#include "client/texts/history_printer.h"
+
+#include <ostream>
+#include <utility>
+
+#include "client/texts/text_table.h"
+#include "store/exchange/json.h"
+#include "store/local_time.h"
+
+namespace kiv::client {
+
+namespace {
+
+using Kind = StudyDifference::Kind;
+
+Json JsonOf(const std::vector<StudyDifference>& differences) {
+  Json list = Json::array();
+  for (const StudyDifference& difference : differences) {
+    list.push_back({{"place", difference.place},
+                    {"change", ChangeWord(difference.kind)},
+                    {"before", difference.kind == Kind::Added ? Json() : Json(difference.before)},
+                    {"after", difference.kind == Kind::Removed ? Json() : Json(difference.after)}});
+  }
+  return list;
+}
+
+Json JsonOf(const HistoryEntry& entry) {
+  return {{"id", entry.study},
+          {"revision", entry.revision},
+          {"event", EventName(entry.event)},
+          {"changedBy", entry.changedBy},
+          {"changedAt", entry.changedAt},
+          {"kind", entry.kind},
+          {"name", entry.name}};
+}
+
+/// An empty value would look like a mistake of the printer.
+std::string ValueText(const std::string& value) {
+  return value.empty() ? "(nothing)" : value;
+}
+
+}  // namespace
+
+std::string ChangeWord(Kind kind) {
+  switch (kind) {
+    case Kind::Changed: return "changed";
+    case Kind::Added: return "added";
+    case Kind::Removed: return "removed";
+  }
+  return {};
+}
+
+std::vector<HistoryStep> StepsOf(const StudyHistory& history, std::int32_t study) {
+  std::vector<HistoryStep> steps;
+  std::string before;
+  for (HistoryEntry& entry : history.Entries(study)) {
+    HistoryStep& step = steps.emplace_back();
+    std::string after = history.Content(study, entry.revision);
+    if (!before.empty() && !after.empty()) step.differences = DifferencesBetween(before, after);
+    // What a deletion took is compared with what a restoration brings back.
+    if (!after.empty()) before = std::move(after);
+    step.entry = std::move(entry);
+  }
+  return steps;
+}
+
+std::string DifferenceText(const StudyDifference& difference) {
+  switch (difference.kind) {
+    case Kind::Changed: return ValueText(difference.before) + " -> " + ValueText(difference.after);
+    case Kind::Added: return "added: " + difference.after;
+    case Kind::Removed: return "removed: " + difference.before;
+  }
+  return {};
+}
+
+void PrintHistory(const std::vector<HistoryStep>& steps, OutputFormat format, std::ostream& out) {
+  Json list = Json::array();
+  std::vector<std::vector<std::string>> lines = {{"REVISION", "WHEN", "WHO", "WHAT", "CHANGED"}};
+  for (const HistoryStep& step : steps) {
+    const HistoryEntry& entry = step.entry;
+    list.push_back(JsonOf(entry));
+    list.back()["changes"] = JsonOf(step.differences);
+    lines.push_back({std::to_string(entry.revision), LocalTimeText(entry.changedAt), entry.changedBy,
+                     std::string(EventName(entry.event)), SummaryOf(step.differences)});
+  }
+  if (format == OutputFormat::Json) {
+    out << ShownJson(list) << '\n';
+  } else {
+    PrintTable(std::move(lines), out);
+  }
+}
+
+void PrintDifferences(const std::vector<StudyDifference>& differences, OutputFormat format,
+                      std::ostream& out) {
+  if (format == OutputFormat::Json) {
+    out << ShownJson(JsonOf(differences)) << '\n';
+    return;
+  }
+  if (differences.empty()) out << "Nothing was changed.\n";
+  std::vector<std::vector<std::string>> lines;
+  for (const StudyDifference& difference : differences) {
+    lines.push_back({difference.place, DifferenceText(difference)});
+  }
+  PrintTable(std::move(lines), out);
+}
+
+void PrintDeletedStudies(const std::vector<HistoryEntry>& studies, OutputFormat format, std::ostream& out) {
+  Json list = Json::array();
+  std::vector<std::vector<std::string>> lines = {{"ID", "KIND", "NAME", "DELETED BY", "DELETED AT"}};
+  for (const HistoryEntry& entry : studies) {
+    list.push_back(JsonOf(entry));
+    lines.push_back({std::to_string(entry.study), entry.kind, entry.name, entry.changedBy,
+                     LocalTimeText(entry.changedAt)});
+  }
+  if (format == OutputFormat::Json) {
+    out << ShownJson(list) << '\n';
+  } else {
+    PrintTable(std::move(lines), out);
+  }
+}
+
+}  // namespace kiv::client

@@ -1,0 +1,87 @@
+#include "client/texts/study_import_printer.h"
+
+#include <ostream>
+
+#include "client/texts/terminal_text.h"
+#include "store/exchange/json.h"
+
+namespace kiv::client {
+
+namespace {
+
+using Outcome = StudyImportReport::Outcome;
+
+std::string Counted(std::size_t count, const std::string& one, const std::string& many) {
+  return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
+const char* OutcomeWord(Outcome outcome) {
+  switch (outcome) {
+    case Outcome::Good: return "good";
+    case Outcome::Imported: return "imported";
+    case Outcome::Refused: return "refused";
+  }
+  return "";
+}
+
+std::string ScenarioText(const StudyImportReport& report) {
+  if (report.newScenarios.empty() || report.outcome == Outcome::Refused) return {};
+  std::string names;
+  for (const std::string& name : report.newScenarios) names += (names.empty() ? "\"" : ", \"") + name + "\"";
+  return (report.outcome == Outcome::Good ? " An import makes the " : " It made the ") +
+         std::string(report.newScenarios.size() == 1 ? "scenario " : "scenarios ") + names + ".";
+}
+
+void PrintJson(const StudyImportReport& report, std::ostream& out) {
+  Json studies = Json::array();
+  for (const StudyImportReport::Entry& study : report.studies) {
+    studies.push_back({{"file", study.file},
+                       {"kind", study.kind},
+                       {"name", study.name},
+                       {"id", study.id == 0 ? Json() : Json(study.id)}});
+  }
+  Json problems = Json::array();
+  for (const ImportProblem& problem : report.problems) {
+    problems.push_back({{"file", problem.file},
+                        {"study", problem.study.empty() ? Json() : Json(problem.study)},
+                        {"reason", problem.reason}});
+  }
+  out << ShownJson({{"outcome", OutcomeWord(report.outcome)},
+                    {"studies", studies},
+                    {"newScenarios", report.newScenarios},
+                    {"problems", problems}})
+      << '\n';
+}
+
+}  // namespace
+
+std::string ImportProblemText(const ImportProblem& problem) {
+  return problem.file + ": " + (problem.study.empty() ? "" : problem.study + ": ") + problem.reason;
+}
+
+std::string OutcomeText(const StudyImportReport& report) {
+  const std::string studies = Counted(report.studies.size(), "study is ", "studies are ");
+  switch (report.outcome) {
+    case Outcome::Good: return studies + "good. Nothing was stored." + ScenarioText(report);
+    case Outcome::Imported: return studies + "imported." + ScenarioText(report);
+    case Outcome::Refused:
+      return Counted(report.problems.size(), "problem", "problems") +
+             " found. Nothing was stored. Correct the files, then try again.";
+  }
+  return {};
+}
+
+void PrintStudyImport(const StudyImportReport& report, OutputFormat format, std::ostream& out,
+                      std::ostream& err) {
+  if (format == OutputFormat::Json) return PrintJson(report, out);
+  if (report.outcome == Outcome::Imported) {
+    for (const StudyImportReport::Entry& study : report.studies) {
+      out << "Study " << study.id << " \"" << TerminalText(study.name) << "\"\n";
+    }
+  }
+  for (const ImportProblem& problem : report.problems)
+    err << TerminalText(ImportProblemText(problem)) << '\n';
+  (report.outcome == Outcome::Refused ? err : out) << TerminalText(OutcomeText(report)) << '\n';
+}
+
+}  // namespace kiv::client

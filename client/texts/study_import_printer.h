@@ -1,0 +1,22 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+#include "client/texts/study_printer.h"
+#include "session/study_import.h"
+
+/// What an import of studies came to, in words for people or as JSON for programs.
+namespace kiv::client {
+
+/// `file: study 2 "Night": reason`
+std::string ImportProblemText(const ImportProblem& problem);
+
+/// One or two sentences on the whole, and one on the scenarios that are new.
+std::string OutcomeText(const StudyImportReport& report);
+
+/// Text: results to `out`, what is wrong to `err`. JSON: everything to `out`.
+void PrintStudyImport(const StudyImportReport& report, OutputFormat format, std::ostream& out,
+                      std::ostream& err);
+
+}  // namespace kiv::client

@@ -1,0 +1,131 @@
+#include "client/texts/study_printer.h"
+
+#include <algorithm>
+#include <ostream>
+
+#include "client/texts/terminal_text.h"
+#include "client/texts/text_table.h"
+#include "core/conversions.h"
+#include "session/study_problems.h"
+#include "store/exchange/json.h"
+
+namespace kiv::client {
+
+namespace {
+
+std::string MinutesText(std::int32_t minutes) {
+  return minutes == CKivStudyData::kNotGiven ? std::string() : std::to_string(minutes);
+}
+
+std::string PlainText(const Json& value) {
+  if (value.is_null()) return {};
+  return value.is_string() ? value.get<std::string>() : value.dump();
+}
+
+void PrintField(const std::string& indent, const std::string& name, const std::string& value,
+                std::ostream& out) {
+  constexpr std::size_t kNameWidth = 24;
+  out << indent << name << std::string(kNameWidth - std::min(name.size(), kNameWidth - 1), ' ')
+      << TerminalText(value) << '\n';
+}
+
+/// Every entry under its name, without what is not set; nothing but values in one line.
+void PrintList(const StoredList& list, const std::string& indent, std::ostream& out) {
+  const std::string inner = indent + "  ";
+  if (IsPlain(list)) {
+    std::string values;
+    for (const StoredEntry& entry : list.entries) {
+      values += (values.empty() ? "" : ", ") + ToText(entry.fields[0].value);
+    }
+    PrintField(indent, std::string(list.name), values, out);
+    return;
+  }
+  out << indent << list.name << '\n';
+  for (std::size_t i = 0; i < list.entries.size(); ++i) {
+    const StoredEntry& entry = list.entries[i];
+    out << inner << (entry.name.empty() ? std::to_string(i + 1) : TerminalText(entry.name)) << '\n';
+    for (const NamedValue& field : entry.fields) {
+      const std::string value = ToText(field.value);
+      if (!value.empty()) PrintField(inner + "  ", std::string(field.name), value, out);
+    }
+    for (const StoredList& deeper : entry.lists) {
+      if (!deeper.entries.empty()) PrintList(deeper, inner + "  ", out);
+    }
+  }
+}
+
+std::string ScenarioName(const std::vector<host::Document>& scenarios, std::int32_t id) {
+  const auto found = std::find_if(scenarios.begin(), scenarios.end(),
+                                  [id](const host::Document& scenario) { return scenario.id == id; });
+  return found == scenarios.end() ? std::string() : found->name;
+}
+
+}  // namespace
+
+void PrintStudies(const std::vector<StudySummary>& studies, OutputFormat format, std::ostream& out) {
+  if (format == OutputFormat::Json) {
+    Json list = Json::array();
+    for (const StudySummary& study : studies) {
+      list.push_back({{"id", study.id},
+                      {"kind", study.kind},
+                      {"name", study.name},
+                      {"scenario", study.scenario},
+                      {"durationMinutes", NumberOrNull(study.duration)},
+                      {"modifiedBy", study.modifiedBy},
+                      {"modifiedAt", study.modifiedAt}});
+    }
+    out << ShownJson(list) << '\n';
+    return;
+  }
+  std::vector<std::vector<std::string>> lines = {
+      {"ID", "KIND", "NAME", "SCENARIO", "MINUTES", "CHANGED BY", "CHANGED AT"}};
+  lines.reserve(studies.size() + 1);
+  for (const StudySummary& study : studies) {
+    lines.push_back({std::to_string(study.id), study.kind, study.name, study.scenario,
+                     MinutesText(study.duration), study.modifiedBy, study.modifiedAt});
+  }
+  PrintTable(std::move(lines), out);
+}
+
+void PrintStudy(const Study& study, const std::vector<host::Document>& scenarios, OutputFormat format,
+                std::ostream& out) {
+  const CKivStudyData& record = *study.record;
+  Json json = {{"id", record.ID()}, {"revision", study.revision}};
+  json.update(ContentOf(study, ScenarioName(scenarios, record.ScenarioID())));
+  if (format == OutputFormat::Json) {
+    out << ShownJson(json) << '\n';
+    return;
+  }
+  json.erase(key::kData);
+  for (const auto& [name, value] : json.items()) PrintField({}, name, PlainText(value), out);
+  if (study.kindData != KindData::Complete) return;
+  out << '\n';
+  for (const NamedValue& field : record.SubRecord()->StoredFields()) {
+    PrintField({}, std::string(field.name), ToText(field.value), out);
+  }
+  for (const StoredList& list : record.SubRecord()->StoredLists()) {
+    if (list.entries.empty()) continue;
+    out << '\n';
+    PrintList(list, {}, out);
+  }
+}
+
+std::size_t PrintProblems(const StudySession& session, OutputFormat format, std::ostream& out) {
+  const std::vector<StudyProblem> problems = ProblemsOf(session);
+  if (format == OutputFormat::Json) {
+    Json list = Json::array();
+    for (const StudyProblem& problem : problems) {
+      list.push_back({{"tab", problem.tab},
+                      {"control", problem.control},
+                      {"severity", problem.style == host::MessageStyle::Warning ? "warning" : "error"},
+                      {"message", problem.message}});
+    }
+    out << ShownJson(list) << '\n';
+  } else {
+    for (const StudyProblem& problem : problems) out << TerminalText(ProblemText(problem)) << '\n';
+    if (problems.empty()) out << "Study " << session.ID() << " is valid.\n";
+  }
+  return problems.size();
+}
+
+}  // namespace kiv::client

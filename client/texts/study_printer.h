@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstddef>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+#include "session/study_session.h"
+#include "store/studies/study_store.h"
+
+/// Studies as text for people or as JSON for programs.
+namespace kiv::client {
+
+enum class OutputFormat { Text, Json };
+
+void PrintStudies(const std::vector<StudySummary>& studies, OutputFormat format, std::ostream& out);
+
+/// What belongs to the study's kind is left out when the study has none.
+void PrintStudy(const Study& study, const std::vector<host::Document>& scenarios, OutputFormat format,
+                std::ostream& out);
+
+/// Everything that keeps the study from being saved: its name and every failing check of every tab; and
+/// missing data. Returns how many there are.
+std::size_t PrintProblems(const StudySession& session, OutputFormat format, std::ostream& out);
+
+}  // namespace kiv::client

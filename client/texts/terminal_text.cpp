@@ -1,0 +1,90 @@
+#include "client/texts/terminal_text.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <span>
+
+#include "base/utf16.h"
+
+namespace kiv::client {
+
+namespace {
+
+struct Range {
+  char32_t first;
+  char32_t last;
+};
+
+/// Characters that change what a terminal does instead of being shown.
+constexpr Range kSteering[] = {{0x00, 0x1F},     {0x7F, 0x9F},     {0x061C, 0x061C}, {0x200E, 0x200F},
+                               {0x2028, 0x202E}, {0x2066, 0x2069}, {0xFFF9, 0xFFFB}};
+
+/// Characters that are put onto the one before.
+constexpr Range kCombining[] = {{0x0300, 0x036F}, {0x0483, 0x0489},  {0x0591, 0x05BD}, {0x0610, 0x061A},
+                                {0x064B, 0x065F}, {0x1AB0, 0x1AFF},  {0x1DC0, 0x1DFF}, {0x200B, 0x200D},
+                                {0x2060, 0x2064}, {0x20D0, 0x20FF},  {0xFE00, 0xFE0F}, {0xFE20, 0xFE2F},
+                                {0xFEFF, 0xFEFF}, {0xE0100, 0xE01EF}};
+
+/// East Asian characters and pictures, which take two columns.
+constexpr Range kWide[] = {{0x1100, 0x115F},  {0x2E80, 0x303E},   {0x3041, 0xA4CF},   {0xA960, 0xA97F},
+                           {0xAC00, 0xD7A3},  {0xF900, 0xFAFF},   {0xFE30, 0xFE6F},   {0xFF01, 0xFF60},
+                           {0xFFE0, 0xFFE6},  {0x1F300, 0x1F64F}, {0x1F680, 0x1F6FF}, {0x1F900, 0x1FAFF},
+                           {0x20000, 0x3FFFD}};
+
+bool IsIn(std::span<const Range> ranges, char32_t character) {
+  return std::any_of(ranges.begin(), ranges.end(), [character](const Range& range) {
+    return character >= range.first && character <= range.last;
+  });
+}
+
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char byte) { return byte >= ' ' && byte < 0x7F; });
+}
+
+/// Takes the first character, of one or two units, off the text.
+char32_t TakeCharacter(std::u16string_view& units) {
+  const char16_t first = units[0];
+  units.remove_prefix(1);
+  const bool isPair = first >= 0xD800 && first <= 0xDBFF && !units.empty();
+  if (!isPair) return first;
+  const char16_t second = units[0];
+  units.remove_prefix(1);
+  return 0x10000 + ((first - 0xD800U) << 10) + (second - 0xDC00U);
+}
+
+std::string Number(char32_t character) {
+  char text[16];
+  std::snprintf(text, sizeof text, character <= 0xFF ? "\\x%02X" : "\\u%04X",
+                static_cast<unsigned>(character));
+  return text;
+}
+
+}  // namespace
+
+std::string TerminalText(std::string_view text) {
+  if (IsAscii(text)) return std::string(text);
+  const std::u16string units = ToUtf16(text);
+  std::string shown;
+  for (std::u16string_view rest = units; !rest.empty();) {
+    const std::u16string_view before = rest;
+    const char32_t character = TakeCharacter(rest);
+    shown += IsIn(kSteering, character) ? Number(character)
+                                        : ToUtf8(before.substr(0, before.size() - rest.size()));
+  }
+  return shown;
+}
+
+std::size_t TerminalWidth(std::string_view text) {
+  if (IsAscii(text)) return text.size();
+  const std::u16string units = ToUtf16(text);
+  std::size_t width = 0;
+  for (std::u16string_view rest = units; !rest.empty();) {
+    const char32_t character = TakeCharacter(rest);
+    if (IsIn(kCombining, character)) continue;
+    width += IsIn(kWide, character) ? 2 : 1;
+  }
+  return width;
+}
+
+}  // namespace kiv::client

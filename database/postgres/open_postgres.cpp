@@ -1,0 +1,35 @@
+#include "database/postgres/open_postgres.h"
+
+#include "database/postgres/postgres_database.h"
+#include "database/schema.h"
+
+namespace kiv::database {
+
+namespace {
+
+/// Tables of an earlier layout can be used by somebody who may not change them.
+void UpgradeIfPermitted(PostgresDatabase& database, int present) {
+  if (present > 0 && database.ReadOnly()) return;
+  try {
+    UpgradeSchema(database);
+  } catch (const PostgresError& error) {
+    if (present == 0 || error.Cause() != FailureCause::ReadOnly) throw;
+  }
+}
+
+}  // namespace
+
+std::shared_ptr<SqlConnection> OpenPostgresStudies(const std::string& url, OpenMode mode) {
+  const std::shared_ptr<PostgresDatabase> database = PostgresDatabase::Open(url);
+  try {
+    const int present = SchemaVersion(*database);
+    RefuseNewer(present, database->Name());
+    if (present == 0 && mode == OpenMode::MustExist) throw OpenError(OpenProblem::Missing, database->Name());
+    UpgradeIfPermitted(*database, present);
+  } catch (const PostgresError& error) {
+    throw AsOpenError(error, database->Name());
+  }
+  return database;
+}
+
+}  // namespace kiv::database

@@ -1,0 +1,333 @@
+#include "database/postgres/postgres_database.h"
+
+#include <poll.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdint>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+#include "database/postgres/postgres_layout.h"
+#include "database/postgres/postgres_url.h"
+#include "database/row_buffer.h"
+
+namespace kiv::database {
+
+namespace {
+
+constexpr int kTimeoutUnknown = -1;
+constexpr int kLongestTimeoutSeconds = 2'000'000;  // the server counts milliseconds in 31 bits
+
+struct Parameter {
+  const char* keyword;
+  const char* value;
+};
+
+/// What holds unless the address says otherwise. A server that is cut off is given up after a minute.
+constexpr std::array kDefaults = {
+    Parameter{"fallback_application_name", "kivstudy"},
+    Parameter{"connect_timeout", "10"},
+    Parameter{"keepalives_idle", "30"},
+    Parameter{"keepalives_interval", "10"},
+    Parameter{"keepalives_count", "3"},
+    Parameter{"tcp_user_timeout", "30000"},
+};
+
+/// How a statement text is read, and how long it waits for a lock.
+constexpr const char* kSessionSettings =
+    "SET standard_conforming_strings = on; SET backslash_quote = safe_encoding; SET lock_timeout = '5s'; "
+    "SET DateStyle = ISO; SET extra_float_digits = 1";
+
+void RefuseBadAddress(const std::string& url, const std::string& name) {
+  PQconninfoOption* const options =
+      url.find('\0') == std::string::npos ? PQconninfoParse(url.c_str(), nullptr) : nullptr;
+  // The library's own words might repeat a password.
+  if (!options) throw OpenError(OpenProblem::BadAddress, name);
+  PQconninfoFree(options);
+}
+
+PGconn* Connect(const std::string& url) {
+  std::vector<const char*> keywords;
+  std::vector<const char*> values;
+  const auto add = [&](const Parameter& parameter) {
+    keywords.push_back(parameter.keyword);
+    values.push_back(parameter.value);
+  };
+  for (const Parameter& parameter : kDefaults) add(parameter);
+  add({"dbname", url.c_str()});
+  add({"client_encoding", "UTF8"});
+  add({nullptr, nullptr});
+  return PQconnectdbParams(keywords.data(), values.data(), 1);
+}
+
+/// How the text of a column is read; numbers by the identifiers of the types, which never change.
+enum class ColumnType { Integer, Real, Boolean, Text };
+
+ColumnType TypeOf(Oid type) {
+  switch (type) {
+    case 20:    // int8
+    case 21:    // int2
+    case 23:    // int4
+    case 26:    // oid
+    case 1700:  // numeric, when it is whole
+      return ColumnType::Integer;
+    case 700:  // float4
+    case 701:  // float8
+      return ColumnType::Real;
+    case 16: return ColumnType::Boolean;
+    default: return ColumnType::Text;
+  }
+}
+
+template <class Number>
+bool Parse(std::string_view text, Number& number) {
+  const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), number);
+  return problem == std::errc() && end == text.data() + text.size();
+}
+
+void AppendCell(RowBuffer& rows, ColumnType type, std::string_view text) {
+  std::int64_t integer = 0;
+  double real = 0;
+  if (type == ColumnType::Boolean) {
+    rows.AppendInteger(text == "t" ? 1 : 0);
+  } else if (type == ColumnType::Integer && Parse(text, integer)) {
+    rows.AppendInteger(integer);
+  } else if (type != ColumnType::Text && Parse(text, real)) {
+    rows.AppendReal(real);
+  } else {
+    rows.AppendText(text);
+  }
+}
+
+std::shared_ptr<host::Recordset> RowsOf(const PGresult* result) {
+  const int fieldCount = PQnfields(result);
+  std::vector<std::string> names;
+  std::vector<ColumnType> types;
+  for (int field = 0; field < fieldCount; ++field) {
+    names.emplace_back(PQfname(result, field));
+    types.push_back(TypeOf(PQftype(result, field)));
+  }
+  RowBuffer rows(std::move(names));
+  const int rowCount = PQntuples(result);
+  for (int row = 0; row < rowCount; ++row) {
+    for (int field = 0; field < fieldCount; ++field) {
+      if (PQgetisnull(result, row, field) != 0) {
+        rows.AppendNull();
+        continue;
+      }
+      const auto length = static_cast<std::size_t>(PQgetlength(result, row, field));
+      AppendCell(rows, types[static_cast<std::size_t>(field)], {PQgetvalue(result, row, field), length});
+    }
+  }
+  return std::make_shared<BufferedRecordset>(std::move(rows));
+}
+
+/// A dotted name, each part in quotes, in the letter case in which an unquoted name is found.
+std::string QuotedName(const std::string& name) {
+  std::string quoted = "\"";
+  for (const char character : name) {
+    if (character == '.') {
+      quoted += "\".\"";
+    } else if (character == '"') {
+      quoted += "\"\"";
+    } else {
+      quoted += character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+    }
+  }
+  return quoted + '"';
+}
+
+}  // namespace
+
+std::shared_ptr<PostgresDatabase> PostgresDatabase::Open(const std::string& url) {
+  std::string name = WithoutPassword(url);
+  RefuseBadAddress(url, name);
+  ConnectionHandle connection(Connect(url));
+  if (PQstatus(connection.get()) != CONNECTION_OK) {
+    throw OpenError(OpenProblem::Unreachable, name, ConnectionText(connection.get()));
+  }
+  std::shared_ptr<PostgresDatabase> database(new PostgresDatabase(std::move(name), std::move(connection)));
+  try {
+    database->Configure();
+  } catch (const PostgresError& error) {
+    throw AsOpenError(error, database->Name());
+  }
+  return database;
+}
+
+PostgresDatabase::PostgresDatabase(std::string name, ConnectionHandle connection)
+    : name_(std::move(name)), connection_(std::move(connection)) {
+  // Notices would go to the standard error stream.
+  PQsetNoticeProcessor(
+      connection_.get(), [](void*, const char*) {}, nullptr);
+}
+
+void PostgresDatabase::Configure() {
+  const ResultHandle result(PQexec(connection_.get(), kSessionSettings));
+  if (PQresultStatus(result.get()) != PGRES_COMMAND_OK) {
+    throw PostgresError(connection_.get(), result.get(), kSessionSettings);
+  }
+  timeoutSeconds_ = kNoTimeout;
+}
+
+void PostgresDatabase::RequireConnection(const std::string& sql) {
+  if (InTransaction() || Connected()) return;
+  PQreset(connection_.get());
+  if (PQstatus(connection_.get()) != CONNECTION_OK) throw PostgresError(connection_.get(), nullptr, sql);
+  Configure();
+}
+
+bool PostgresDatabase::Connected() const {
+  // A server that is gone has said so, or its system has; that is there to read without asking it.
+  while (PQstatus(connection_.get()) == CONNECTION_OK) {
+    pollfd input = {PQsocket(connection_.get()), POLLIN, 0};
+    if (poll(&input, 1, 0) <= 0) return true;
+    if (PQconsumeInput(connection_.get()) == 0) return false;
+    PQisBusy(connection_.get());  // takes the messages out, so that the end of the input comes next
+  }
+  return false;
+}
+
+std::shared_ptr<host::Recordset> PostgresDatabase::Run(const std::string& sql, int timeoutSeconds,
+                                                       Arguments arguments) {
+  const auto hasNul = [](std::string_view text) { return text.find('\0') != std::string_view::npos; };
+  if (hasNul(sql) || std::ranges::any_of(arguments, hasNul)) {
+    throw host::DatabaseError("A statement must not contain a NUL character.", sql);
+  }
+  RequireConnection(sql);
+  const ResultHandle result = Ask(sql, std::clamp(timeoutSeconds, 0, kLongestTimeoutSeconds), arguments);
+  switch (PQresultStatus(result.get())) {
+    case PGRES_COMMAND_OK: return nullptr;
+    case PGRES_TUPLES_OK: return RowsOf(result.get());
+    case PGRES_EMPTY_QUERY: throw host::DatabaseError("The statement is empty.", sql);
+    default: break;
+  }
+  timeoutSeconds_ = kTimeoutUnknown;  // the failure took a new one back
+  throw PostgresError(connection_.get(), result.get(), sql);
+}
+
+void PostgresDatabase::RunAll(std::span<const std::string> statements) {
+  std::vector<std::string> all(statements.begin(), statements.end());
+  if (timeoutSeconds_ != kNoTimeout) all.insert(all.begin(), TimeoutSetting(kNoTimeout));
+  const Answer answer = AskTogether(all, {});
+  if (PQresultStatus(answer.result.get()) == PGRES_COMMAND_OK) return;
+  timeoutSeconds_ = kTimeoutUnknown;
+  throw PostgresError(connection_.get(), answer.result.get(), all[answer.statement]);
+}
+
+std::string PostgresDatabase::TimeoutSetting(int timeoutSeconds) {
+  timeoutSeconds_ = timeoutSeconds;
+  return "SET statement_timeout = " +
+         (timeoutSeconds == kNoTimeout ? "DEFAULT" : "'" + std::to_string(timeoutSeconds) + "s'");
+}
+
+PostgresDatabase::ResultHandle PostgresDatabase::Ask(const std::string& sql, int timeoutSeconds,
+                                                     Arguments arguments) {
+  const std::vector<std::string> texts(arguments.begin(), arguments.end());
+  std::vector<const char*> values;
+  for (const std::string& text : texts) values.push_back(text.c_str());
+  if (timeoutSeconds != timeoutSeconds_) {
+    return AskTogether(std::array{TimeoutSetting(timeoutSeconds), sql}, values).result;
+  }
+  // The simple protocol is faster, but it would run a second statement in the text as well.
+  if (values.empty() && sql.find(';') == std::string::npos) {
+    return ResultHandle(PQexec(connection_.get(), sql.c_str()));
+  }
+  return ResultHandle(PQexecParams(connection_.get(), sql.c_str(), static_cast<int>(values.size()), nullptr,
+                                   values.data(), nullptr, nullptr, 0));
+}
+
+PostgresDatabase::Answer PostgresDatabase::AskTogether(std::span<const std::string> statements,
+                                                       std::span<const char* const> lastValues) {
+  PGconn* const connection = connection_.get();
+  bool sent = PQenterPipelineMode(connection) == 1;
+  for (const std::string& sql : statements) {
+    const bool last = &sql == &statements.back();
+    const int count = last ? static_cast<int>(lastValues.size()) : 0;
+    sent = sent && PQsendQueryParams(connection, sql.c_str(), count, nullptr, lastValues.data(), nullptr,
+                                     nullptr, 0) == 1;
+  }
+  sent = sent && PQpipelineSync(connection) == 1;
+  // A null ends the answers to each statement; a failure has all that follow it answered with "aborted".
+  Answer answer;
+  std::size_t answered = 0;
+  while (sent) {
+    ResultHandle next(PQgetResult(connection));
+    if (!next && PQstatus(connection) != CONNECTION_OK) break;
+    if (!next) continue;
+    const ExecStatusType status = PQresultStatus(next.get());
+    if (status == PGRES_PIPELINE_SYNC) break;
+    if (status != PGRES_PIPELINE_ABORTED) answer = {std::move(next), answered};
+    ++answered;
+  }
+  PQexitPipelineMode(connection);
+  return answer;
+}
+
+bool PostgresDatabase::FindColumn(const std::string& table, const std::string& column) {
+  return !Run("SELECT 1 FROM pg_attribute a JOIN pg_class c ON c.oid = a.attrelid WHERE c.relname = "
+              "lower($1)::name AND pg_table_is_visible(c.oid) AND lower(a.attname) = lower($2) AND a.attnum "
+              "> 0 AND NOT a.attisdropped",
+              TimeoutAsItIs(), {table, column})
+              ->EndOfFile();
+}
+
+std::string PostgresDatabase::CallFunction(const std::string& name, const std::string& argument) {
+  const Variant result =
+      Run("SELECT CAST(" + QuotedName(name) + "($1) AS TEXT)", TimeoutAsItIs(), {argument})->FieldAt(0);
+  return result.IsNull() ? std::string() : std::get<std::string>(result.Value());
+}
+
+void PostgresDatabase::Control(const char* sql) {
+  RequireConnection(sql);
+  const ResultHandle result(PQexec(connection_.get(), sql));
+  if (PQresultStatus(result.get()) == PGRES_COMMAND_OK) return;
+  throw PostgresError(connection_.get(), result.get(), sql);
+}
+
+void PostgresDatabase::StartTransaction() {
+  constexpr const char* kBegin = "BEGIN";
+  try {
+    Control(kBegin);
+  } catch (const PostgresError& error) {
+    if (error.Cause() != FailureCause::ConnectionLost) throw;
+    Control(kBegin);  // nothing was done yet, so that nothing can be done twice
+  }
+}
+
+void PostgresDatabase::CommitTransaction() {
+  Control("COMMIT");
+}
+
+void PostgresDatabase::RollbackTransaction() {
+  timeoutSeconds_ = kTimeoutUnknown;
+  if (PQtransactionStatus(connection_.get()) == PQTRANS_IDLE || !Connected()) return;
+  try {
+    Control("ROLLBACK");
+  } catch (const PostgresError& error) {
+    // Without its client the server rolls back by itself.
+    if (error.Cause() != FailureCause::ConnectionLost) throw;
+  }
+}
+
+bool PostgresDatabase::TransactionIsSound() const {
+  return PQtransactionStatus(connection_.get()) == PQTRANS_INTRANS;
+}
+
+bool PostgresDatabase::ReadOnly() const {
+  const auto on = [this](const char* parameter) {
+    const char* value = PQparameterStatus(connection_.get(), parameter);
+    return value && std::strcmp(value, "on") == 0;
+  };
+  return on("in_hot_standby") || on("default_transaction_read_only");
+}
+
+const SchemaLayout& PostgresDatabase::Layout() const {
+  static const PostgresLayout layout;
+  return layout;
+}
+
+}  // namespace kiv::database

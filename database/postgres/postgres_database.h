@@ -1,0 +1,74 @@
+#pragma once
+
+#include <initializer_list>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "database/postgres/postgres_error.h"
+#include "database/sql_connection.h"
+
+namespace kiv::database {
+
+/// A database on a PostgreSQL server. Failures are raised as PostgresError, or as DatabaseError when a
+/// statement is refused before the server sees it. Locks of others are waited for, five seconds at most.
+/// After the loss of the server the next statement or transaction connects again, but never within a
+/// transaction.
+class PostgresDatabase : public SqlConnection {
+ public:
+  /// The address is one of libpq, whose environment and password file count as well. Raises OpenError.
+  static std::shared_ptr<PostgresDatabase> Open(const std::string& url);
+
+  bool ReadOnly() const override;
+  std::string Name() const override { return name_; }
+  const SchemaLayout& Layout() const override;
+
+ private:
+  struct ConnectionDeleter {
+    void operator()(PGconn* connection) const { PQfinish(connection); }
+  };
+  struct ResultDeleter {
+    void operator()(PGresult* result) const { PQclear(result); }
+  };
+  using ConnectionHandle = std::unique_ptr<PGconn, ConnectionDeleter>;
+  using ResultHandle = std::unique_ptr<PGresult, ResultDeleter>;
+  using Arguments = std::initializer_list<std::string_view>;
+
+  PostgresDatabase(std::string name, ConnectionHandle connection);
+
+  std::shared_ptr<host::Recordset> Run(const std::string& sql, int timeoutSeconds,
+                                       Arguments arguments) override;
+  void RunAll(std::span<const std::string> statements) override;
+  bool FindColumn(const std::string& table, const std::string& column) override;
+  std::string CallFunction(const std::string& name, const std::string& argument) override;
+  void StartTransaction() override;
+  void CommitTransaction() override;
+  void RollbackTransaction() override;
+  bool TransactionIsSound() const override;
+
+  /// Settings that hold for one connection.
+  void Configure();
+  /// Connects again where that is needed and permitted.
+  void RequireConnection(const std::string& sql);
+  bool Connected() const;
+  /// Starts or ends a transaction.
+  void Control(const char* sql);
+  ResultHandle Ask(const std::string& sql, int timeoutSeconds, Arguments arguments);
+  /// The answer to the last of several statements that travel together, or to the first that fails.
+  struct Answer {
+    ResultHandle result;
+    std::size_t statement = 0;
+  };
+  Answer AskTogether(std::span<const std::string> statements, std::span<const char* const> lastValues);
+  /// For what needs no limit of its own: changing it would cost more than the statement.
+  int TimeoutAsItIs() const { return timeoutSeconds_ < 0 ? kNoTimeout : timeoutSeconds_; }
+  /// The statement that sets another time-out than the server has.
+  std::string TimeoutSetting(int timeoutSeconds);
+
+  std::string name_;
+  ConnectionHandle connection_;
+  int timeoutSeconds_ = kNoTimeout;  ///< as the server has it
+};
+
+}  // namespace kiv::database

@@ -1,0 +1,288 @@
+#include "database/sqlite/sqlite_database.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "database/row_buffer.h"
+#include "database/sqlite/sqlite_file.h"
+#include "database/sqlite/sqlite_layout.h"
+
+namespace kiv::database {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kLongestWait = 5s;
+constexpr int kLongestSleepMilliseconds = 25;
+/// Steps of SQLite's machine between two looks at the clock: some microseconds.
+constexpr int kStepsPerDeadlineCheck = 1000;
+
+/// Makes the folder of a database that is to be created, and refuses what cannot be opened.
+void PrepareFile(const std::string& utf8Path, FileKind kind, OpenMode mode) {
+  const bool mayCreate = mode == OpenMode::CreateIfMissing;
+  switch (kind) {
+    case FileKind::Missing: {
+      if (!mayCreate) throw OpenError(OpenProblem::Missing, utf8Path);
+      const std::filesystem::path path = PathFromUtf8(utf8Path);
+      if (!path.has_filename() || utf8Path.find('\0') != std::string::npos) {
+        throw OpenError(OpenProblem::CannotCreate, utf8Path, "this is no file name");
+      }
+      std::error_code error;
+      std::filesystem::create_directories(std::filesystem::absolute(path).parent_path(), error);
+      if (error) throw OpenError(OpenProblem::CannotCreate, utf8Path, error.message());
+      return;
+    }
+    case FileKind::Folder: throw OpenError(OpenProblem::IsFolder, utf8Path);
+    case FileKind::Empty:
+      if (!mayCreate) throw OpenError(OpenProblem::Empty, utf8Path);
+      return;
+    case FileKind::Special:
+    case FileKind::OtherContent: throw OpenError(OpenProblem::NotADatabase, utf8Path);
+    case FileKind::SqliteDatabase: return;
+  }
+}
+
+std::string QuotedName(const std::string& name) {
+  std::string quoted = "\"";
+  for (const char character : name) {
+    if (character == '"') quoted += '"';
+    quoted += character;
+  }
+  return quoted + '"';
+}
+
+std::vector<std::string> FieldNames(sqlite3_stmt* statement) {
+  const int count = sqlite3_column_count(statement);
+  std::vector<std::string> names;
+  names.reserve(static_cast<std::size_t>(count));
+  for (int i = 0; i < count; ++i) names.emplace_back(sqlite3_column_name(statement, i));
+  return names;
+}
+
+/// The length is that of the form in which the value was asked for last.
+std::string_view BytesAt(sqlite3_stmt* statement, int field, const void* bytes) {
+  if (!bytes) return {};
+  return {static_cast<const char*>(bytes), static_cast<std::size_t>(sqlite3_column_bytes(statement, field))};
+}
+
+void AppendRow(RowBuffer& rows, sqlite3_stmt* statement, int fieldCount) {
+  for (int i = 0; i < fieldCount; ++i) {
+    switch (sqlite3_column_type(statement, i)) {
+      case SQLITE_NULL: rows.AppendNull(); break;
+      case SQLITE_INTEGER: rows.AppendInteger(sqlite3_column_int64(statement, i)); break;
+      case SQLITE_FLOAT: rows.AppendReal(sqlite3_column_double(statement, i)); break;
+      case SQLITE_TEXT: rows.AppendText(BytesAt(statement, i, sqlite3_column_text(statement, i))); break;
+      default: rows.AppendText(BytesAt(statement, i, sqlite3_column_blob(statement, i)));
+    }
+  }
+}
+
+void CallTextFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
+  try {
+    const auto& function = *static_cast<const SqliteDatabase::TextFunction*>(sqlite3_user_data(context));
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(arguments[0]));
+    const auto length = static_cast<std::size_t>(sqlite3_value_bytes(arguments[0]));
+    const std::string result = function(text ? std::string(text, length) : std::string());
+    sqlite3_result_text64(context, result.data(), result.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+  } catch (const std::exception& error) {
+    sqlite3_result_error(context, error.what(), -1);
+  } catch (...) {
+    sqlite3_result_error(context, "The function failed.", -1);
+  }
+}
+
+}  // namespace
+
+/// Limits the statement that runs. One that a registered function runs inside it cannot outlast the outer
+/// one.
+class SqliteDatabase::DeadlineScope {
+ public:
+  DeadlineScope(Clock::time_point& deadline, int timeoutSeconds) : deadline_(deadline), before_(deadline) {
+    if (timeoutSeconds > 0) {
+      deadline_ = std::min(before_, Clock::now() + std::chrono::seconds(timeoutSeconds));
+    }
+  }
+  DeadlineScope(const DeadlineScope&) = delete;
+  DeadlineScope& operator=(const DeadlineScope&) = delete;
+  ~DeadlineScope() { deadline_ = before_; }
+
+ private:
+  Clock::time_point& deadline_;
+  Clock::time_point before_;
+};
+
+void SqliteDatabase::StatementDeleter::operator()(sqlite3_stmt* statement) const {
+  sqlite3_finalize(statement);
+}
+
+std::shared_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& utf8Path, OpenMode mode) {
+  const FileKind kind = InspectFile(utf8Path).kind;
+  PrepareFile(utf8Path, kind, mode);
+  std::shared_ptr<SqliteDatabase> database(new SqliteDatabase(utf8Path));
+  try {
+    database->Connect(mode);
+  } catch (const SqliteError& error) {
+    throw AsOpenError(error, utf8Path, kind);
+  }
+  return database;
+}
+
+SqliteDatabase::~SqliteDatabase() {
+  sqlite3_close(handle_);
+}
+
+void SqliteDatabase::Connect(OpenMode mode) {
+  // Without SQLite's own locking: a connection belongs to one thread at a time, and reading gets faster.
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX |
+                    (mode == OpenMode::CreateIfMissing ? SQLITE_OPEN_CREATE : 0);
+  if (sqlite3_open_v2(SqliteFileName(path_).c_str(), &handle_, flags, nullptr) != SQLITE_OK) {
+    throw LastSqliteError(handle_, {});
+  }
+  sqlite3_extended_result_codes(handle_, 1);
+  sqlite3_progress_handler(
+      handle_, kStepsPerDeadlineCheck,
+      [](void* self) { return static_cast<SqliteDatabase*>(self)->DeadlinePassed() ? 1 : 0; }, this);
+  sqlite3_busy_handler(
+      handle_,
+      [](void* self, int attempt) {
+        return static_cast<SqliteDatabase*>(self)->WaitForOthers(attempt) ? 1 : 0;
+      },
+      this);
+  // A misspelt name in double quotes is an error, not a text.
+  sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  // What stands in a file that somebody sent must not call functions of ours.
+  sqlite3_db_config(handle_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  // The journal stays a rollback journal, SQLite's default: write-ahead logging fails on network drives.
+  Run("PRAGMA synchronous = FULL");
+  Run("PRAGMA foreign_keys = ON");
+  Run("SELECT 1 FROM sqlite_schema LIMIT 1");  // the first read, which finds out whether the file is sound
+}
+
+std::shared_ptr<host::Recordset> SqliteDatabase::Run(const std::string& sql, int timeoutSeconds,
+                                                     std::initializer_list<std::string_view> arguments) {
+  const DeadlineScope scope(deadline_, timeoutSeconds);
+  const StatementHandle statement = Prepare(sql);
+  Bind(statement.get(), arguments, sql);
+
+  // Another program may have changed the tables, so the columns are known after the first step only.
+  int code = sqlite3_step(statement.get());
+  const int fieldCount = sqlite3_column_count(statement.get());
+  RowBuffer rows(FieldNames(statement.get()));
+  for (; code == SQLITE_ROW; code = sqlite3_step(statement.get()))
+    AppendRow(rows, statement.get(), fieldCount);
+
+  if (code == SQLITE_INTERRUPT) {
+    throw SqliteError(code, std::string(sqlite3_errmsg(handle_)) + ": the statement exceeded its time-out.",
+                      sql);
+  }
+  if (code != SQLITE_DONE) throw LastSqliteError(handle_, sql);
+  return fieldCount == 0 ? nullptr : std::make_shared<BufferedRecordset>(std::move(rows));
+}
+
+SqliteDatabase::StatementHandle SqliteDatabase::Prepare(const std::string& sql) const {
+  if (sql.find('\0') != std::string::npos) {
+    throw host::DatabaseError("A statement must not contain a NUL character.", sql);
+  }
+  sqlite3_stmt* statement = nullptr;
+  const char* rest = nullptr;
+  if (sqlite3_prepare_v2(handle_, sql.c_str(), -1, &statement, &rest) != SQLITE_OK) {
+    throw LastSqliteError(handle_, sql);
+  }
+  StatementHandle prepared(statement);
+  if (!prepared) throw host::DatabaseError("The statement is empty.", sql);
+  RefuseFurtherStatement(rest, sql);
+  return prepared;
+}
+
+void SqliteDatabase::RefuseFurtherStatement(const char* rest, const std::string& sql) const {
+  // SQLite itself tells blanks, comments and a closing semicolon from a statement.
+  while (*rest != '\0') {
+    sqlite3_stmt* next = nullptr;
+    const int code = sqlite3_prepare_v2(handle_, rest, -1, &next, &rest);
+    const StatementHandle further(next);
+    if (code != SQLITE_OK || further) {
+      throw host::DatabaseError("Only one statement can be run at a time.", sql);
+    }
+  }
+}
+
+void SqliteDatabase::Bind(sqlite3_stmt* statement, std::initializer_list<std::string_view> arguments,
+                          const std::string& sql) const {
+  if (static_cast<std::size_t>(sqlite3_bind_parameter_count(statement)) != arguments.size()) {
+    // SQLite would take NULL for a missing one.
+    throw host::DatabaseError("The statement has a parameter without a value.", sql);
+  }
+  int index = 0;
+  for (const std::string_view argument : arguments) {
+    ++index;
+    if (sqlite3_bind_text64(statement, index, argument.data(), argument.size(), SQLITE_STATIC, SQLITE_UTF8) !=
+        SQLITE_OK) {
+      throw LastSqliteError(handle_, sql);
+    }
+  }
+}
+
+bool SqliteDatabase::WaitForOthers(int attempt) {
+  if (attempt == 0) waitingSince_ = Clock::now();
+  if (Clock::now() >= std::min(waitingSince_ + kLongestWait, deadline_)) return false;
+  sqlite3_sleep(std::min(attempt + 1, kLongestSleepMilliseconds));
+  return true;
+}
+
+bool SqliteDatabase::FindColumn(const std::string& table, const std::string& column) {
+  return !Run("SELECT 1 FROM pragma_table_info(?) WHERE name = ? COLLATE NOCASE", kNoTimeout, {table, column})
+              ->EndOfFile();
+}
+
+std::string SqliteDatabase::CallFunction(const std::string& name, const std::string& argument) {
+  const Variant result =
+      Run("SELECT CAST(" + QuotedName(name) + "(?) AS TEXT)", kNoTimeout, {argument})->FieldAt(0);
+  return result.IsNull() ? std::string() : std::get<std::string>(result.Value());
+}
+
+void SqliteDatabase::StartTransaction() {
+  // At once for writing: two readers that both want to write later could only fail.
+  Run("BEGIN IMMEDIATE");
+}
+
+void SqliteDatabase::CommitTransaction() {
+  Run("COMMIT");
+}
+
+void SqliteDatabase::RollbackTransaction() {
+  // After some failures, a full disk for one, SQLite rolls back by itself.
+  if (TransactionIsSound()) Run("ROLLBACK");
+}
+
+bool SqliteDatabase::TransactionIsSound() const {
+  return sqlite3_get_autocommit(handle_) == 0;
+}
+
+bool SqliteDatabase::ReadOnly() const {
+  return sqlite3_db_readonly(handle_, "main") == 1;
+}
+
+const SchemaLayout& SqliteDatabase::Layout() const {
+  static const SqliteLayout layout;
+  return layout;
+}
+
+void SqliteDatabase::RegisterTextFunction(const std::string& name, TextFunction function) {
+  if (!function || name.find('\0') != std::string::npos) {
+    throw Error(ErrorNumber::InvalidArgument, "A stored function needs a name and something to call.");
+  }
+  auto owned = std::make_unique<TextFunction>(std::move(function));
+  // SQLite destroys the function with the connection, and also when registering fails.
+  const int code = sqlite3_create_function_v2(
+      handle_, name.c_str(), 1, SQLITE_UTF8 | SQLITE_DIRECTONLY, owned.release(), CallTextFunction, nullptr,
+      nullptr, [](void* doomed) { delete static_cast<TextFunction*>(doomed); });
+  if (code != SQLITE_OK) throw LastSqliteError(handle_, {});
+}
+
+}  // namespace kiv::database

@@ -1,0 +1,39 @@
+#include "database/sqlite/sqlite_layout.h"
+
+#include <string>
+
+#include "database/schema_steps.h"
+
+namespace kiv::database {
+
+namespace {
+
+constexpr int kTimeoutSeconds = 60;
+
+}  // namespace
+
+std::span<const std::string_view> SqliteLayout::Steps() const {
+  return SqliteSchemaSteps();
+}
+
+int SqliteLayout::Version(Connection& connection) const {
+  const auto rows = connection.OpenQuery(
+      "SELECT user_version FROM pragma_user_version, pragma_application_id WHERE application_id = " +
+          std::to_string(kApplicationId),
+      kTimeoutSeconds);
+  return rows->EndOfFile() ? 0 : static_cast<int>(std::get<std::int64_t>(rows->FieldAt(0).Value()));
+}
+
+void SqliteLayout::SetVersion(Connection& connection, int version) const {
+  connection.ExecuteSql("PRAGMA application_id = " + std::to_string(kApplicationId));
+  connection.ExecuteSql("PRAGMA user_version = " + std::to_string(version));
+}
+
+bool SqliteLayout::IsTaken(Connection& connection) const {
+  const auto rows = connection.OpenQuery(
+      "SELECT 1 FROM sqlite_schema UNION ALL SELECT 1 FROM pragma_application_id WHERE application_id <> 0",
+      kTimeoutSeconds);
+  return !rows->EndOfFile();
+}
+
+}  // namespace kiv::database

@@ -1,0 +1,155 @@
+#include "session/study_import.h"
+
+#include <algorithm>
+#include <exception>
+#include <memory>
+#include <utility>
+
+#include "core/fields.h"
+#include "host/services.h"
+#include "session/study_problems.h"
+#include "session/study_session.h"
+#include "store/exchange/study_files.h"
+#include "store/exchange/study_json.h"
+
+namespace kiv::client {
+
+namespace {
+
+/// The scenarios of the database and those that an import would make, as the tabs of its studies see them
+/// while this lives.
+class PlannedScenarios {
+ public:
+  explicit PlannedScenarios(const StudyStore& store)
+      : store_(store), before_(host::InstalledServices()), documents_(std::make_shared<Library>()) {
+    documents_->inner = before_.documents;
+    documents_->all = store.Scenarios();
+    host::Services services = before_;
+    services.documents = documents_;
+    host::InstallServices(std::move(services));
+  }
+  PlannedScenarios(const PlannedScenarios&) = delete;
+  PlannedScenarios& operator=(const PlannedScenarios&) = delete;
+  ~PlannedScenarios() { host::InstallServices(before_); }
+
+  /// The number of a scenario, which is planned when there is none of the name.
+  std::int32_t Find(const std::string& name) {
+    if (name.empty()) return CKivStudyData::kNotGiven;
+    if (const auto stored = store_.FindScenario(name)) return *stored;
+    const auto found = std::ranges::find(names_, sql::AsciiUpper(name),
+                                         [](const std::string& planned) { return sql::AsciiUpper(planned); });
+    const auto number = kFirstPlanned - static_cast<std::int32_t>(found - names_.begin());
+    if (found == names_.end()) {
+      names_.push_back(name);
+      documents_->all.push_back({number, name});
+    }
+    return number;
+  }
+  const std::vector<std::string>& Names() const { return names_; }
+
+ private:
+  static constexpr std::int32_t kFirstPlanned = -2;  // below what stands for no scenario
+
+  struct Library : host::DocumentLibrary {
+    std::shared_ptr<host::DocumentLibrary> inner;
+    std::vector<host::Document> all;
+
+    std::shared_ptr<host::DocumentType> NewDocumentType() const override { return inner->NewDocumentType(); }
+    std::vector<host::Document> Documents(const host::DocumentType&) const override { return all; }
+    std::optional<host::Document> AskForNewDocument(const host::DocumentType&) override { return {}; }
+    std::string MissingDocumentText(const host::DocumentType& type) const override {
+      return inner->MissingDocumentText(type);
+    }
+  };
+
+  const StudyStore& store_;
+  host::Services before_;
+  std::shared_ptr<Library> documents_;
+  std::vector<std::string> names_;
+};
+
+struct CheckedFiles {
+  StudyImportReport report;
+  std::vector<NamedStudy> studies;
+};
+
+/// What the editor writes for a box that is checked or not; a new study may have nothing yet.
+bool IsChoice(const Variant& value) {
+  return value == Variant("Y") || value == Variant("N") || value == Variant("");
+}
+
+/// The tabs work on the record that they are given, so it is one that nobody stores.
+std::vector<std::string> ProblemsOfStored(StudyStore& store, Study study, std::int32_t scenario) {
+  study.record->SetScenarioID(scenario);
+  study.record->SetIsNew(false);  // it is shown as it is, without what a new one is proposed
+  const auto record = study.record;
+  const std::vector<NamedValue> before = record->SubRecord()->StoredFields();
+  const StudySession session(store, std::move(study));
+  std::vector<std::string> texts;
+  for (const StudyProblem& problem : ProblemsOf(session)) texts.push_back(ProblemText(problem));
+  for (Tab* tab : session.HeaderAndTabs()) tab->SaveData();
+  const std::vector<NamedValue> after = record->SubRecord()->StoredFields();
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    if (!IsChoice(before[i].value) && IsChoice(after[i].value)) {
+      texts.push_back(std::string(before[i].name) + " must be \"Y\" or \"N\"");
+    }
+  }
+  return texts;
+}
+
+void CheckFile(StudyStore& store, const std::string& file, PlannedScenarios& scenarios,
+               CheckedFiles& checked) {
+  StudyImportReport& report = checked.report;
+  std::string text;
+  try {
+    text = ReadStudyFile(file);
+  } catch (const StoreError& error) {
+    report.problems.push_back({file, {}, error.what()});
+    return;
+  }
+  ExportContent content = ReadExport(text);
+  for (TextProblem& problem : content.problems) {
+    report.problems.push_back({file, std::move(problem.study), std::move(problem.reason)});
+  }
+  ExportContent toStore = ReadExport(text);
+  for (std::size_t i = 0; i < content.studies.size(); ++i) {
+    NamedStudy& named = content.studies[i];
+    report.studies.push_back({file, named.study.record->AppName(), named.study.name, 0});
+    for (std::string& problem :
+         ProblemsOfStored(store, std::move(named.study), scenarios.Find(named.scenario))) {
+      report.problems.push_back({file, content.places[i], std::move(problem)});
+    }
+    checked.studies.push_back(std::move(toStore.studies[i]));
+  }
+}
+
+CheckedFiles Check(StudyStore& store, const std::vector<std::string>& files) {
+  PlannedScenarios scenarios(store);
+  CheckedFiles checked;
+  for (const std::string& file : files) CheckFile(store, file, scenarios, checked);
+  StudyImportReport& report = checked.report;
+  report.newScenarios = scenarios.Names();
+  if (report.problems.empty()) report.outcome = StudyImportReport::Outcome::Good;
+  return checked;
+}
+
+}  // namespace
+
+StudyImportReport CheckStudies(StudyStore& store, const std::vector<std::string>& files) {
+  return Check(store, files).report;
+}
+
+StudyImportReport ImportStudies(StudyStore& store, const std::vector<std::string>& files,
+                                const std::string& user) {
+  CheckedFiles checked = Check(store, files);
+  StudyImportReport& report = checked.report;
+  if (report.outcome != StudyImportReport::Outcome::Good) return report;
+  store.AddAll(checked.studies, user);
+  for (std::size_t i = 0; i < report.studies.size(); ++i) {
+    report.studies[i].id = checked.studies[i].study.record->ID();
+  }
+  report.outcome = StudyImportReport::Outcome::Imported;
+  return report;
+}
+
+}  // namespace kiv::client

@@ -1,0 +1,123 @@
+#include "store/exchange/json_text.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "base/utf16.h"
+#include "store/store_error.h"
+
+namespace kiv::client {
+
+namespace {
+
+constexpr std::size_t kMaxDepth = 16;
+constexpr std::size_t kMaxKeys = 200;
+
+StoreError At(std::string_view text, std::size_t position, const std::string& reason) {
+  const std::string_view before = text.substr(0, position);
+  const auto line = std::ranges::count(before, '\n') + 1;
+  const std::size_t lineStart = before.rfind('\n') + 1;  // npos + 1 is 0
+  const std::size_t column = ToUtf16(before.substr(lineStart)).size() + 1;
+  return StoreError("line " + std::to_string(line) + ", column " + std::to_string(column) + ": " + reason);
+}
+
+void RequireUtf8(std::string_view text) {
+  const std::string proper = ToUtf8(ToUtf16(text));
+  if (proper == text) return;
+  const auto [wrong, instead] = std::ranges::mismatch(text, proper);
+  throw At(text, static_cast<std::size_t>(wrong - text.begin()),
+           "this is no UTF-8 text. Save the file in the encoding UTF-8");
+}
+
+/// Reads a text and tells how far the reading got.
+class Reading {
+ public:
+  using iterator_category = std::input_iterator_tag;
+  using value_type = char;
+  using difference_type = std::ptrdiff_t;
+  using pointer = const char*;
+  using reference = const char&;
+
+  Reading(const char* position, const char** furthest) : position_(position), furthest_(furthest) {}
+  const char& operator*() const { return *position_; }
+  Reading& operator++() {
+    *furthest_ = ++position_;
+    return *this;
+  }
+  bool operator==(const Reading& other) const { return position_ == other.position_; }
+  bool operator!=(const Reading& other) const { return position_ != other.position_; }
+
+ private:
+  const char* position_;
+  const char** furthest_;
+};
+
+/// Follows the parser and refuses what would be lost silently or take for ever.
+class Watcher {
+ public:
+  /// What is wrong with the event; empty when nothing is.
+  std::string Follow(Json::parse_event_t event, const Json& parsed) {
+    using enum Json::parse_event_t;
+    switch (event) {
+      case object_start:
+      case array_start:
+        open_.emplace_back();
+        return open_.size() > kMaxDepth ? "lists and objects are nested too deeply here" : "";
+      case object_end:
+      case array_end: open_.pop_back(); return {};
+      case key: return TakeKey(parsed.get_ref<const std::string&>());
+      case value: return {};
+    }
+    return {};
+  }
+
+ private:
+  std::string TakeKey(const std::string& name) {
+    std::set<std::string>& names = open_.back();
+    if (names.size() == kMaxKeys) return "this object has more entries than any that is exported";
+    if (name.empty()) return "an entry without a name. Give it one, or remove it";
+    if (!names.insert(name).second) return "\"" + name + "\" stands twice in this object. Remove one of them";
+    return {};
+  }
+
+  std::vector<std::set<std::string>> open_;  // with their keys so far
+};
+
+/// The end of the parser's message, which says what it expected.
+std::string DetailOf(const Json::exception& error) {
+  const std::string text = error.what();
+  for (const std::string_view separator : {": ", "] "}) {
+    const std::size_t found = text.find(separator);
+    if (found != std::string::npos) return text.substr(found + separator.size());
+  }
+  return text;
+}
+
+}  // namespace
+
+Json ParseJson(std::string_view text) {
+  RequireUtf8(text);
+  const char* furthest = text.data();
+  const auto position = [&] {
+    const auto read = static_cast<std::size_t>(furthest - text.data());
+    return read == 0 ? 0 : read - 1;  // the last character that was looked at
+  };
+  Watcher watcher;
+  try {
+    return Json::parse(Reading(text.data(), &furthest), Reading(text.data() + text.size(), &furthest),
+                       [&](int, Json::parse_event_t event, const Json& parsed) {
+                         const std::string problem = watcher.Follow(event, parsed);
+                         if (!problem.empty()) throw At(text, position(), problem);
+                         return true;
+                       });
+  } catch (const Json::exception& error) {
+    throw At(text, position(),
+             "the JSON is broken here (" + DetailOf(error) + "). Correct it, or export the studies again");
+  }
+}
+
+}  // namespace kiv::client

@@ -1,0 +1,135 @@
+#include "store/history/study_history.h"
+
+#include <QByteArray>
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "core/conversions.h"
+#include "core/fields.h"
+#include "core/msql.h"
+#include "store/store_error.h"
+
+namespace kiv::client {
+
+namespace {
+
+constexpr std::string_view kTable = "kiv_study_history";
+
+/// The names by StudyEvent, as they are stored and shown.
+constexpr std::array<std::string_view, 5> kEventNames = {"known", "created", "changed", "deleted",
+                                                         "restored"};
+
+StudyEvent EventOf(const std::string& name) {
+  const auto found = std::ranges::find(kEventNames, name);
+  return found == kEventNames.end() ? StudyEvent::Changed
+                                    : static_cast<StudyEvent>(found - kEventNames.begin());
+}
+
+/// Long contents are compressed: those of a large study repeat themselves a lot, and saving it stays fast.
+constexpr std::size_t kLongestPlain = 8000;
+
+std::string Packed(const std::string& content) {
+  constexpr int kFast = 1;
+  if (content.size() <= kLongestPlain) return content;
+  return qCompress(QByteArray::fromRawData(content.data(), static_cast<qsizetype>(content.size())), kFast)
+      .toBase64()
+      .toStdString();
+}
+
+/// JSON begins with a brace, which base64 does not have.
+std::string Unpacked(const std::string& stored) {
+  if (stored.empty() || stored.starts_with('{')) return stored;
+  return qUncompress(QByteArray::fromBase64(QByteArray::fromStdString(stored))).toStdString();
+}
+
+std::string Where(std::int32_t study, std::int32_t revision) {
+  return " WHERE study_id = " + std::to_string(study) + " AND revision = " + std::to_string(revision);
+}
+
+}  // namespace
+
+std::string_view EventName(StudyEvent event) {
+  return kEventNames[static_cast<std::size_t>(event)];
+}
+
+bool StudyHistory::IsKept() const {
+  if (!kept_) kept_ = connection_.ColumnExists(sql::AsciiUpper(kTable), "CONTENT");
+  return *kept_;
+}
+
+void StudyHistory::RequireKept() const {
+  if (!IsKept()) {
+    throw StoreError(
+        "This study database keeps its older layout, which has no history. Ask for permission to "
+        "write it, then run init.");
+  }
+}
+
+std::vector<HistoryEntry> StudyHistory::Read(const std::string& condition) const {
+  RequireKept();
+  const auto rows = MSQL::OpenQuery(
+      "SELECT study_id, revision, event, changed_by, changed_at, kind, name FROM kiv_study_history " +
+      condition + " ORDER BY study_id, revision");
+  std::vector<HistoryEntry> entries;
+  for (; !rows->EndOfFile(); rows->MoveNext()) {
+    int column = 0;
+    const auto next = [&] { return rows->FieldAt(column++); };
+    HistoryEntry& entry = entries.emplace_back();
+    entry.study = ToInt32(next());
+    entry.revision = ToInt32(next());
+    entry.event = EventOf(ToText(next()));
+    entry.changedBy = ToText(next());
+    entry.changedAt = ToText(next());
+    entry.kind = ToText(next());
+    entry.name = ToText(next());
+  }
+  return entries;
+}
+
+std::vector<HistoryEntry> StudyHistory::Entries(std::int32_t study) const {
+  std::vector<HistoryEntry> entries = Read("WHERE study_id = " + std::to_string(study));
+  if (entries.empty()) {
+    throw StoreError("There is no history of a study " + std::to_string(study) +
+                     ". It begins with the first save or deletion by a version that keeps it.");
+  }
+  return entries;
+}
+
+std::vector<HistoryEntry> StudyHistory::DeletedStudies() const {
+  return Read(
+      "h WHERE event = 'deleted' AND NOT EXISTS (SELECT 1 FROM kiv_study s WHERE s.id = h.study_id) AND NOT "
+      "EXISTS (SELECT 1 FROM kiv_study_history l WHERE l.study_id = h.study_id AND l.event = 'deleted' AND "
+      "l.revision > h.revision)");
+}
+
+bool StudyHistory::Has(std::int32_t study, std::int32_t revision) const {
+  return !MSQL::OpenQuery("SELECT 1 FROM kiv_study_history" + Where(study, revision))->EndOfFile();
+}
+
+std::string StudyHistory::Content(std::int32_t study, std::int32_t revision) const {
+  RequireKept();
+  const auto row = MSQL::OpenQuery("SELECT content FROM kiv_study_history" + Where(study, revision));
+  if (row->EndOfFile()) {
+    (void)Entries(study);  // says when there is no history at all
+    throw StoreError("The history of study " + std::to_string(study) + " has no revision " +
+                     std::to_string(revision) + ". Choose one that it lists.");
+  }
+  return Unpacked(ToText(row->FieldAt(0)));
+}
+
+void StudyHistory::Add(const HistoryEntry& entry, const std::string& content) {
+  const std::vector<host::Assignment> values = {
+      {"study_id", entry.study},
+      {"revision", entry.revision},
+      {"event", EventName(entry.event)},
+      {"changed_by", entry.changedBy},
+      {"changed_at", entry.changedAt},
+      {"kind", entry.kind},
+      {"name", entry.name},
+      {"content", content.empty() ? Variant() : Variant(Packed(content))},
+  };
+  connection_.ExecuteSql(sql::InsertStatement(connection_, kTable, values));
+}
+
+}  // namespace kiv::client

@@ -1,0 +1,175 @@
+#include "store/network/network_import.h"
+
+#include <memory>
+#include <utility>
+
+#include "database/transaction.h"
+#include "store/network/network_files.h"
+#include "store/store_error.h"
+#include "store/whole_file.h"
+
+namespace kiv::client {
+
+namespace {
+
+constexpr std::size_t kRowsInStatement = 400;
+/// Checking takes about as long as writing.
+constexpr double kShareOfCheck = 0.5;
+
+/// Leaves the import from wherever the user cancelled it.
+struct Cancelled {};
+
+/// Tells how far everything is, of an amount that was known before.
+class Progress {
+ public:
+  Progress(const ImportProgress& tell, double from, double to, std::size_t total)
+      : tell_(tell), from_(from), to_(to), total_(total) {}
+
+  void Tell(const std::string& step, std::size_t done) const {
+    const double share = total_ == 0 ? 1 : static_cast<double>(done) / static_cast<double>(total_);
+    if (tell_ && tell_(step, from_ + share * (to_ - from_)) == ImportChoice::Cancel) throw Cancelled();
+  }
+
+ private:
+  const ImportProgress& tell_;
+  double from_;
+  double to_;
+  std::size_t total_;
+};
+
+/// The good lines of the files as statements that insert many rows each.
+class InsertStatements {
+ public:
+  explicit InsertStatements(const host::Database& database) : database_(database) {}
+
+  struct Statement {
+    const NetworkTable* table;
+    std::string sql;
+    std::size_t rows;
+  };
+
+  void Add(const NetworkTable& table, std::span<const Variant> row) {
+    if (statements_.empty() || statements_.back().table != &table ||
+        statements_.back().rows == kRowsInStatement) {
+      statements_.push_back({&table, Beginning(table), 0});
+    }
+    Statement& statement = statements_.back();
+    statement.sql += statement.rows++ == 0 ? " (" : ",\n (";
+    statement.sql += database_.FormatValueList(row) + ")";
+  }
+
+  const std::vector<Statement>& Statements() const { return statements_; }
+
+ private:
+  static std::string Beginning(const NetworkTable& table) {
+    std::string columns;
+    for (const NetworkColumn& column : table.columns) {
+      columns += (columns.empty() ? "" : ", ") + std::string(column.name);
+    }
+    return "INSERT INTO " + std::string(table.name) + " (" + columns + ") VALUES";
+  }
+
+  const host::Database& database_;
+  std::vector<Statement> statements_;
+};
+
+/// The file of a table, read; nothing when there is not exactly one, which the check then knows.
+struct LoadedFile {
+  const NetworkTable* table;
+  std::string name;
+  std::string text;
+};
+
+std::vector<LoadedFile> Load(const NetworkFiles& files, NetworkCheck& check) {
+  std::vector<LoadedFile> loaded;
+  for (const NetworkTable& table : NetworkTables()) {
+    const auto& paths = files.ofTable[static_cast<std::size_t>(table.id)];
+    if (paths.empty()) check.AddBadFile(FileNameOf(table), "the file is missing");
+    for (std::size_t i = 1; i < paths.size(); ++i) {
+      check.AddBadFile(FileName(paths[i]), FileName(paths[0]) + " has the same name");
+    }
+    if (paths.size() != 1) continue;
+    try {
+      loaded.push_back({&table, FileName(paths[0]), ReadWholeFile(paths[0])});
+    } catch (const StoreError& error) {
+      check.AddBadFile(FileName(paths[0]), std::string("the file cannot be read: ") + error.what());
+    }
+  }
+  return loaded;
+}
+
+NetworkReport Check(const std::string& folder, const ImportProgress& progress, double shareOfAll,
+                    const NetworkCheck::RowSink& sink) {
+  const NetworkFiles files = FindNetworkFiles(folder);
+  NetworkReport report;
+  report.unknownFiles = files.unknown;
+
+  std::function<void(std::size_t)> advance;
+  NetworkCheck check(sink, [&advance](std::size_t position) { advance(position); });
+  const std::vector<LoadedFile> loaded = Load(files, check);
+  std::size_t bytes = 0;
+  for (const LoadedFile& file : loaded) bytes += file.text.size();
+  const Progress told(progress, 0, shareOfAll, bytes);
+  std::size_t before = 0;
+  for (const LoadedFile& file : loaded) {
+    advance = [&](std::size_t position) { told.Tell("Checking " + file.name, before + position); };
+    advance(0);
+    report.tables.push_back(
+        {std::string(file.table->name), check.CheckFile(*file.table, file.name, file.text)});
+    before += file.text.size();
+  }
+  told.Tell("Checked", bytes);
+  report.badLines = check.BadLines();
+  report.outcome = report.badLines.empty() ? NetworkReport::Outcome::Good : NetworkReport::Outcome::Refused;
+  return report;
+}
+
+void Write(database::Connection& connection, const InsertStatements& inserts,
+           const ImportProgress& progress) {
+  const Progress told(progress, kShareOfCheck, 1, inserts.Statements().size());
+  database::Transaction transaction(connection);
+  for (const NetworkTable& table : NetworkTables()) {
+    connection.ExecuteSql("DELETE FROM " + std::string(table.name));
+  }
+  std::size_t done = 0;
+  for (const InsertStatements::Statement& statement : inserts.Statements()) {
+    told.Tell("Writing " + std::string(statement.table->name), done++);
+    connection.ExecuteSql(statement.sql);
+  }
+  told.Tell("Finishing", done);
+  transaction.Commit();
+}
+
+NetworkReport CancelledReport() {
+  NetworkReport report;
+  report.outcome = NetworkReport::Outcome::Cancelled;
+  return report;
+}
+
+}  // namespace
+
+NetworkReport CheckNetwork(const std::string& folder, const ImportProgress& progress) {
+  try {
+    return Check(folder, progress, 1, [](const NetworkTable&, std::span<const Variant>) {});
+  } catch (const Cancelled&) {
+    return CancelledReport();
+  }
+}
+
+NetworkReport ImportNetwork(database::Connection& connection, const std::string& folder,
+                            const ImportProgress& progress) {
+  try {
+    InsertStatements inserts(connection);
+    NetworkReport report = Check(
+        folder, progress, kShareOfCheck,
+        [&inserts](const NetworkTable& table, std::span<const Variant> row) { inserts.Add(table, row); });
+    if (report.outcome == NetworkReport::Outcome::Refused) return report;
+    Write(connection, inserts, progress);
+    report.outcome = NetworkReport::Outcome::Imported;
+    return report;
+  } catch (const Cancelled&) {
+    return CancelledReport();
+  }
+}
+
+}  // namespace kiv::client

@@ -1,0 +1,28 @@
+#include "store/studies/study.h"
+
+#include "editor/study_editors.h"
+#include "store/store_error.h"
+
+namespace kiv::client {
+
+std::string MissingDataText(std::int32_t id) {
+  return "The data of study " + std::to_string(id) +
+         " are missing in the database; only its name, scenario and times are there. Restore them from a "
+         "copy "
+         "of the database, or complete the pages and save the study, which stores them again.";
+}
+
+std::string EditorNameOf(const std::string& kind) {
+  const StudyEditor* editor = FindStudyEditor(kind);
+  if (!editor) throw UnknownKind(kind);
+  return std::string(editor->editorName);
+}
+
+Study NewStudy(const std::string& kind) {
+  Study study{std::make_shared<CKivStudyData>(), {}, 0, KindData::Complete};
+  CKivStudyData& record = *study.record;
+  record.InitNew(kind, EditorNameOf(kind), record.StudyType(), record.ScenarioType(), 0);
+  return study;
+}
+
+}  // namespace kiv::client

@@ -1,0 +1,355 @@
+#include "store/studies/study_store.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/conversions.h"
+#include "core/fields.h"
+#include "core/msql.h"
+#include "core/numeric_text.h"
+#include "core/study_kinds.h"
+#include "database/statement_error.h"
+#include "database/transaction.h"
+#include "editor/study_editors.h"
+#include "store/local_time.h"
+#include "store/utc_time.h"
+
+namespace kiv::client {
+
+namespace {
+
+constexpr std::string_view kStudyTable = "kiv_study";
+
+/// A scenario that was never chosen has no row to point at.
+Variant ScenarioReference(std::int32_t id) {
+  return id == CKivStudyData::kNotGiven ? Variant() : Variant(id);
+}
+
+std::int32_t NumberOrNotGiven(const Variant& field) {
+  return field.IsNull() ? CKivStudyData::kNotGiven : ToInt32(field);
+}
+
+/// One value that is no number must not keep the whole list from being shown.
+std::int32_t ReadableNumber(const Variant& field) {
+  try {
+    return NumberOrNotGiven(field);
+  } catch (const Error&) {
+    return CKivStudyData::kNotGiven;
+  }
+}
+
+/// The lines of the list that a condition and an order leave.
+std::vector<StudySummary> Summaries(const std::string& which) {
+  const auto rows = MSQL::OpenQuery(
+      "SELECT s.id, s.kind, s.name, c.name AS scenario, s.duration, s.modified_by, s.modified_at "
+      "FROM kiv_study s LEFT JOIN kiv_scenario c ON c.id = s.scenario_id " +
+      which);
+  std::vector<StudySummary> studies;
+  studies.reserve(static_cast<std::size_t>(rows->RecordCount()));
+  for (; !rows->EndOfFile(); rows->MoveNext()) {
+    int column = 0;
+    const auto next = [&] { return rows->FieldAt(column++); };
+    StudySummary& study = studies.emplace_back();
+    study.id = ToInt32(next());
+    study.kind = ToText(next());
+    study.name = ToText(next());
+    study.scenario = ToText(next());
+    study.duration = ReadableNumber(next());
+    study.modifiedBy = ToText(next());
+    study.modifiedAt = ToText(next());
+  }
+  return studies;
+}
+
+std::string NotOpened(std::int32_t id, const std::string& name) {
+  return "Study " + std::to_string(id) + " \"" + name + "\" was not opened: ";
+}
+
+constexpr const char* kCorrectTheValue =
+    " Correct the value in the database, or restore the study from a copy of the database.";
+
+/// A whole number of a study's row.
+std::int32_t StudyNumber(const host::Recordset& row, std::string_view column) {
+  const Variant value = row.Field(column);
+  try {
+    return NumberOrNotGiven(value);
+  } catch (const Error&) {
+    throw StoreError("its " + std::string(column) + " is stored as \"" + ToText(value) +
+                     "\", which is not a whole number of 32 bits." + kCorrectTheValue);
+  }
+}
+
+/// What every study has, from its row.
+Study SharedPart(std::int32_t id, const host::Recordset& row) {
+  Study study{std::make_shared<CKivStudyData>(), ToText(row.Field("name")), StudyNumber(row, "revision")};
+  CKivStudyData& record = *study.record;
+  record.SetAppName(ToText(row.Field("kind")));
+  record.SetID(id);
+  record.SetScenarioID(StudyNumber(row, "scenario_id"));
+  record.SetDuration(StudyNumber(row, "duration"));
+  record.SetPollingInterval(StudyNumber(row, "polling_interval"));
+  record.SetRetrieveDelay(StudyNumber(row, "retrieve_delay"));
+  study.kindData = KindData::Unknown;
+  return study;
+}
+
+/// Reads what belongs to the study's kind. A record has an identifier only when there was a row to load.
+void LoadKindData(Study& study) {
+  CKivStudyData& record = *study.record;
+  record.InitEdit(record.AppName(), EditorNameOf(record.AppName()), record.StudyType(), record.ScenarioType(),
+                  record.ID(), record.ScenarioID(), record.Duration(), record.PollingInterval(),
+                  record.RetrieveDelay());
+  study.kindData = record.SubRecord()->ID() == record.ID() ? KindData::Complete : KindData::Missing;
+}
+
+/// An update of a kind's row that is not there would store nothing and say nothing: it is inserted then.
+class InsertWhenMissing {
+ public:
+  InsertWhenMissing(CKivStudyData& record, bool stored) : record_(record), before_(record.IsNew()) {
+    record_.SetIsNew(before_ || !stored);
+  }
+  InsertWhenMissing(const InsertWhenMissing&) = delete;
+  InsertWhenMissing& operator=(const InsertWhenMissing&) = delete;
+  ~InsertWhenMissing() { record_.SetIsNew(before_); }
+
+ private:
+  CKivStudyData& record_;
+  bool before_;
+};
+
+}  // namespace
+
+StudyStore::StudyStore(std::shared_ptr<database::Connection> connection, std::shared_ptr<ErrorLog> errors)
+    : connection_(std::move(connection)), history_(*connection_), errors_(std::move(errors)) {}
+
+std::vector<StudySummary> StudyStore::List() const {
+  return Summaries("ORDER BY s.id");
+}
+
+std::vector<StudySummary> StudyStore::ListFrom(std::int32_t id, std::size_t most) const {
+  return Summaries("WHERE s.id >= " + std::to_string(id) + " ORDER BY s.id LIMIT " + std::to_string(most));
+}
+
+std::optional<StudySummary> StudyStore::Summary(std::int32_t id) const {
+  std::vector<StudySummary> found = Summaries("WHERE s.id = " + std::to_string(id));
+  return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
+}
+
+std::size_t StudyStore::Count() const {
+  return static_cast<std::size_t>(ToInt32(MSQL::OpenQuery("SELECT count(*) FROM kiv_study")->FieldAt(0)));
+}
+
+Study StudyStore::Load(std::int32_t id) const {
+  constexpr int kAttempts = 20;
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    Study study = LoadOnce(id);
+    // Its lists are read one after the other, and somebody may have saved in between.
+    const auto row = MSQL::OpenQuery("SELECT revision FROM kiv_study WHERE id = " + std::to_string(id));
+    if (!row->EndOfFile() && ToInt32(row->FieldAt(0)) == study.revision) return study;
+  }
+  throw StoreError("Study " + std::to_string(id) +
+                   " was not opened, because others change it all the time. Try again.");
+}
+
+Study StudyStore::LoadOnce(std::int32_t id) const {
+  const ErrorLog::Watch watch(*errors_);
+  const auto row = MSQL::OpenQuery(
+      "SELECT kind, name, scenario_id, duration, polling_interval, retrieve_delay, revision FROM kiv_study "
+      "WHERE id = " +
+      std::to_string(id));
+  if (row->EndOfFile()) {
+    throw StoreError("There is no study " + std::to_string(id) + ". It may have been deleted.");
+  }
+  const std::string name = ToText(row->Field("name"));
+  Study study;
+  try {
+    study = SharedPart(id, *row);
+    if (!FindStudyEditor(study.record->AppName())) return study;
+    LoadKindData(study);
+  } catch (const StoreError& error) {
+    throw StoreError(NotOpened(id, name) + error.what());
+  } catch (const host::DatabaseError&) {
+    throw;
+  } catch (const Error& error) {
+    throw StoreError(NotOpened(id, name) + "a stored value of its kind cannot be read (" + error.what() +
+                     ")." + kCorrectTheValue);
+  }
+  try {
+    watch.RaiseFirst();  // an editor on half a study would write that half back
+  } catch (const StoreError& error) {
+    throw StoreError(NotOpened(id, name) + error.what() +
+                     ". Try again; if that does not help, ask whoever runs the database.");
+  }
+  return study;
+}
+
+void StudyStore::Save(Study& study, const std::string& user) {
+  CKivStudyData& record = *study.record;
+  const std::int32_t idBefore = record.ID();
+  try {
+    database::Transaction transaction(*connection_);
+    const StudyEvent event = record.IsNew() ? StudyEvent::Created : StudyEvent::Changed;
+    const std::int32_t revision = Write(study, {event, user, UtcNow()});
+    transaction.Commit();
+    study.revision = revision;
+    study.kindData = KindData::Complete;
+    record.SetIsNew(false);
+  } catch (const database::StatementError& error) {
+    record.SetID(idBefore);
+    if (error.Cause() == database::FailureCause::Constraint && ScenarioIsDeleted(record)) {
+      throw ScenarioDeleted();
+    }
+    throw;
+  } catch (...) {
+    record.SetID(idBefore);
+    throw;
+  }
+}
+
+/// Writes a study within a transaction, and what happened into its history; returns its revision.
+std::int32_t StudyStore::Write(Study& study, const SaveNote& note, Identifier identifier) {
+  const ErrorLog::Watch watch(*errors_);
+  CKivStudyData& record = *study.record;
+  if (!record.IsNew()) KeepKnownState(record.ID(), study.revision);
+  // Asked before anything is written, because the rows of the study wait to be sent together.
+  const std::string scenario = history_.IsKept() ? ScenarioName(record.ScenarioID()) : std::string();
+  const WrittenRow row = WriteStudyRow(study, note, identifier);
+  {
+    const InsertWhenMissing missing(record, row.hasKindData);
+    record.SaveSubTableData();
+  }
+  watch.RaiseFirst();
+  AddToHistory(study, scenario, row.revision, note);
+  return row.revision;
+}
+
+void StudyStore::AddAll(std::vector<NamedStudy>& studies, const std::string& user) {
+  database::Transaction transaction(*connection_);
+  for (NamedStudy& named : studies) {
+    if (!named.scenario.empty()) named.study.record->SetScenarioID(FindOrAddScenario(named.scenario));
+    named.study.revision = Write(named.study, {StudyEvent::Created, user, UtcNow()});
+  }
+  transaction.Commit();
+  for (const NamedStudy& named : studies) named.study.record->SetIsNew(false);
+}
+
+std::int32_t StudyStore::FindOrAddScenario(const std::string& name) {
+  const auto present = FindScenario(name);
+  return present ? *present : AddScenario(name);
+}
+
+bool StudyStore::ScenarioIsDeleted(const CKivStudyData& record) const {
+  if (record.ScenarioID() == CKivStudyData::kNotGiven) return false;
+  return MSQL::OpenQuery("SELECT 1 FROM kiv_scenario WHERE id = " + std::to_string(record.ScenarioID()))
+      ->EndOfFile();
+}
+
+/// Sets the identifier of a new study.
+StudyStore::WrittenRow StudyStore::WriteStudyRow(const Study& study, const SaveNote& note,
+                                                 Identifier identifier) {
+  CKivStudyData& record = *study.record;
+  std::vector<host::Assignment> values = {
+      {"kind", record.AppName()},
+      {"name", study.name},
+      {"scenario_id", ScenarioReference(record.ScenarioID())},
+      {"duration", record.Duration()},
+      {"polling_interval", record.PollingInterval()},
+      {"retrieve_delay", record.RetrieveDelay()},
+      {"revision", study.revision + 1},
+      {"modified_by", note.user},
+      {"modified_at", note.time},
+  };
+  if (record.IsNew()) {
+    if (identifier == Identifier::OfRecord) values.push_back({"id", record.ID()});
+    const auto row =
+        MSQL::OpenQuery(sql::InsertStatement(*connection_, kStudyTable, values) + " RETURNING id, revision");
+    record.SetID(ToInt32(row->Field("id")));
+    return {ToInt32(row->Field("revision")), false};
+  }
+  const auto row = MSQL::OpenQuery(
+      sql::UpdateStatement(*connection_, kStudyTable, values, record.ID()) +
+      " AND revision = " + std::to_string(study.revision) + " RETURNING revision, (SELECT count(*) FROM " +
+      std::string(FindStudyKind(record.AppName())->table) + " k WHERE k.Id = kiv_study.id)");
+  if (row->EndOfFile()) throw ConflictOver(record.ID());
+  return {ToInt32(row->FieldAt(0)), ToInt32(row->FieldAt(1)) > 0};
+}
+
+StudyConflict StudyStore::ConflictOver(std::int32_t id) const {
+  const auto row =
+      MSQL::OpenQuery("SELECT modified_by, modified_at FROM kiv_study WHERE id = " + std::to_string(id));
+  if (row->EndOfFile()) {
+    return {StudyConflict::Reason::Deleted,
+            "The study was deleted while you were editing it. Save your version as a copy to keep it."};
+  }
+  return {StudyConflict::Reason::Changed,
+          "The study was changed by " + ToText(row->Field("modified_by")) + " at " +
+              LocalTimeText(ToText(row->Field("modified_at"))) +
+              " while you were editing it. Reload it and lose your changes, or save your version as a copy."};
+}
+
+void StudyStore::SaveCopy(Study& study, const std::string& user) {
+  CKivStudyData& record = *study.record;
+  const Study before = study;
+  const bool wasNew = record.IsNew();
+  record.SetIsNew(true);
+  study.revision = 0;
+  try {
+    Save(study, user);
+  } catch (...) {
+    record.SetIsNew(wasNew);
+    study = before;
+    throw;
+  }
+}
+
+std::vector<host::Document> StudyStore::Scenarios() const {
+  const auto rows = MSQL::OpenQuery("SELECT id, name FROM kiv_scenario");
+  std::vector<host::Document> scenarios;
+  for (; !rows->EndOfFile(); rows->MoveNext()) {
+    scenarios.push_back({ToInt32(rows->FieldAt(0)), ToText(rows->FieldAt(1))});
+  }
+  std::sort(scenarios.begin(), scenarios.end(),
+            [](const auto& left, const auto& right) { return left.name < right.name; });
+  return scenarios;
+}
+
+std::optional<std::int32_t> StudyStore::FindScenario(const std::string& name) const {
+  const auto rows = MSQL::OpenQuery("SELECT id FROM kiv_scenario WHERE lower(name) = lower(" +
+                                    connection_->FormatValueList({{Variant(name)}}) + ")");
+  if (rows->EndOfFile()) return std::nullopt;
+  return ToInt32(rows->FieldAt(0));
+}
+
+std::string StudyStore::CheckedScenarioName(const std::string& name, std::int32_t ownId) const {
+  std::string trimmed(Trimmed(name));
+  if (trimmed.empty()) throw StoreError("A scenario needs a name.");
+  if (FindScenario(trimmed).value_or(ownId) != ownId) {
+    throw StoreError("There is already a scenario named \"" + trimmed + "\". Choose another name.");
+  }
+  return trimmed;
+}
+
+std::int32_t StudyStore::AddScenario(const std::string& name) {
+  const std::string checked = CheckedScenarioName(name, CKivStudyData::kNotGiven);
+  const std::vector<host::Assignment> values = {{"name", checked}};
+  const auto row =
+      MSQL::OpenQuery(sql::InsertStatement(*connection_, "kiv_scenario", values) + " RETURNING id");
+  return ToInt32(row->FieldAt(0));
+}
+
+void StudyStore::RenameScenario(std::int32_t id, const std::string& name) {
+  const std::vector<host::Assignment> values = {{"name", CheckedScenarioName(name, id)}};
+  connection_->ExecuteSql(sql::UpdateStatement(*connection_, "kiv_scenario", values, id));
+}
+
+void StudyStore::RemoveScenario(std::int32_t id) {
+  const auto users =
+      MSQL::OpenQuery("SELECT count(*) FROM kiv_study WHERE scenario_id = " + std::to_string(id));
+  if (const std::int32_t count = ToInt32(users->FieldAt(0)); count > 0) {
+    throw StoreError("The scenario still has " + std::to_string(count) +
+                     (count == 1 ? " study" : " studies") + ". Move or delete them first.");
+  }
+  connection_->ExecuteSql("DELETE FROM kiv_scenario WHERE id = " + std::to_string(id));
+}
+
+}  // namespace kiv::client

@@ -1,0 +1,373 @@
+#include "client/cli/command_line.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <vector>
+
+#include "client/program.h"
+#include "database/schema.h"
+#include "database/sqlite/sqlite_database.h"
+#include "hom/general_tab.h"
+#include "plm/plm_data.h"
+#include "session/study_session.h"
+#include "support/open_folder.h"
+#include "support/ordinary_user.h"
+#include "support/temp_folder.h"
+
+namespace kiv::client {
+namespace {
+
+struct Result {
+  std::optional<int> exitCode;
+  std::string out;
+  std::string err;
+  WindowRequest window;
+};
+
+std::optional<int> RunInto(std::ostream& out, std::ostream& err, WindowRequest& window,
+                           const std::vector<std::string>& arguments) {
+  std::vector<const char*> argv = {"kivstudy"};
+  for (const std::string& argument : arguments) argv.push_back(argument.c_str());
+  return RunCommandLine(static_cast<int>(argv.size()), argv.data(), window, out, err);
+}
+
+Result RunProgram(const std::vector<std::string>& arguments) {
+  std::ostringstream out;
+  std::ostringstream err;
+  Result result;
+  result.exitCode = RunInto(out, err, result.window, arguments);
+  result.out = out.str();
+  result.err = err.str();
+  return result;
+}
+
+class CommandLine : public ::testing::Test {
+ protected:
+  CommandLine() {
+    static const test::TempFolder settings;  // Qt asks once in a process where settings are
+    setenv("XDG_CONFIG_HOME", settings.Path().c_str(), 1);
+  }
+
+  /// Stores a study; an invalid one is stored past the editor's rules, as another program may do.
+  void StoreStudy(const std::string& name, std::int32_t duration) {
+    Program program;
+    program.Start({});
+    program.OpenDatabase(database_, Program::WhenMissing::Create);
+    StudyStore& store = program.Store();
+    Study study = store.New("HOM Study");
+    study.name = name;
+    study.record->SetScenarioID(store.Scenarios().empty() ? store.AddScenario("Downtown")
+                                                          : store.Scenarios().front().id);
+    study.record->SetDuration(duration);
+    const auto data = study.record->SubRecordAs<CKivHomData>();
+    data->SetPath(folder_.Path());
+    data->SetDataFile("h$YY$MM$DD$HH$MI.hom");
+    data->SetToAmps("Y");
+    store.Save(study, "ann");
+  }
+
+  /// Changes stored rows, as another program may do.
+  void Spoil(const std::string& statement) {
+    database::SqliteDatabase::Open(database_, database::OpenMode::MustExist)->ExecuteSql(statement);
+  }
+  Result Run(std::vector<std::string> arguments) {
+    arguments.insert(arguments.end(), {"--database", database_});
+    return RunProgram(arguments);
+  }
+
+  test::TempFolder folder_;
+  std::string database_ = folder_.File("studies.db");
+};
+
+TEST_F(CommandLine, TellsTheWindowFromItsCommands) {
+  EXPECT_EQ(RunProgram({}).exitCode, std::nullopt);
+  EXPECT_EQ(RunProgram({"gui", "--database", "x.db"}).window.database, "x.db");
+  EXPECT_EQ(RunProgram({"--database", "x.db"}).window.database, "x.db");
+  for (const std::vector<std::string>& wrong : {std::vector<std::string>{"frobnicate"},
+                                                {"show"},
+                                                {"show", "one"},
+                                                {"list", "--yaml"},
+                                                {"list", "--database", ""},
+                                                {"list", "init"}}) {
+    const Result result = RunProgram(wrong);
+    EXPECT_EQ(result.exitCode, kUsage) << wrong[0];
+    EXPECT_FALSE(result.err.empty());
+  }
+  for (const char* command : {"gui", "init", "list", "show", "validate", "export", "import"}) {
+    const Result help = RunProgram({command, "--help"});
+    EXPECT_EQ(help.exitCode, kOk);
+    EXPECT_NE(help.out.find("--database"), std::string::npos) << help.out;
+    EXPECT_EQ(help.out.find("Without a command"), std::string::npos) << help.out;
+  }
+  EXPECT_EQ(RunProgram({"--version"}).out.find("kivstudy 0."), 0U);
+}
+
+TEST_F(CommandLine, OutputThatDoesNotArriveIsNoSuccess) {
+  StoreStudy("Good", 30);
+  WindowRequest window;
+  std::ostringstream err;
+  std::ofstream full("/dev/full");
+  EXPECT_EQ(RunInto(full, err, window, {"list", "--database", database_}), kRefused);
+  EXPECT_NE(err.str().find("could not be written"), std::string::npos);
+  const std::string message = err.str();
+  EXPECT_EQ(std::count(message.begin(), message.end(), '\n'), 1) << message;
+}
+
+TEST_F(CommandLine, AnExportReplacesNoDatabase) {
+  StoreStudy("Good", 30);
+  const Result exported = Run({"export", "--output", database_});
+  EXPECT_EQ(exported.exitCode, kRefused);
+  EXPECT_NE(exported.err.find("must not replace"), std::string::npos) << exported.err;
+  EXPECT_EQ(Run({"list"}).exitCode, kOk);
+  EXPECT_EQ(Run({"show", "01"}).exitCode, kUsage) << "which could be meant in another base";
+}
+
+TEST_F(CommandLine, AWriteProtectedOlderLayoutIsNotCalledReady) {
+  const test::OpenFolder folder;
+  const std::string file = folder.File("old.db");
+  {
+    const auto old = database::SqliteDatabase::Open(file, database::OpenMode::CreateIfMissing);
+    database::UpgradeSchema(*old, 1);
+  }
+  using std::filesystem::perms;
+  std::filesystem::permissions(file, perms::owner_read | perms::group_read | perms::others_read);
+  const test::AsOrdinaryUser user;
+  const Result init = RunProgram({"init", "--database", file});
+  const Result list = RunProgram({"list", "--database", file});
+  EXPECT_EQ(init.exitCode, kRefused);
+  EXPECT_EQ(init.out, "");
+  EXPECT_NE(init.err.find("write-protected"), std::string::npos) << init.err;
+  EXPECT_EQ(list.exitCode, kOk) << list.err;
+}
+
+TEST_F(CommandLine, BadValuesHideNoOtherStudy) {
+  StoreStudy("Bad duration", 30);
+  StoreStudy("", 30);
+  StoreStudy("Bad\n\x1B[31mname\u202E", 30);
+  StoreStudy("\u6771\u4EAC", 30);
+  Spoil("UPDATE kiv_study SET duration = 99999999999 WHERE id = 1");
+  const Result list = Run({"list"});
+  EXPECT_EQ(list.exitCode, kOk) << list.err;
+  EXPECT_EQ(std::count(list.out.begin(), list.out.end(), '\n'), 5) << list.out;
+  EXPECT_NE(list.out.find("Bad\\x0A\\x1B[31mname\\u202E  Downtown"), std::string::npos) << list.out;
+  const std::size_t padding = std::string("Bad\\x0A\\x1B[31mname\\u202E").size() - 4 + 2;
+  EXPECT_NE(list.out.find("\u6771\u4EAC" + std::string(padding, ' ') + "Downtown"), std::string::npos)
+      << list.out;
+
+  const Result shown = Run({"show", "1"});
+  EXPECT_EQ(shown.exitCode, kRefused);
+  for (const char* told : {"Study 1 \"Bad duration\"", "duration is stored as \"99999999999\"", "Correct"}) {
+    EXPECT_NE(shown.err.find(told), std::string::npos) << shown.err;
+  }
+  const Result nameless = Run({"validate", "2"});
+  EXPECT_EQ(nameless.exitCode, kRefused);
+  EXPECT_EQ(nameless.out, "Study: Please give the study a name.\n");
+  Spoil("UPDATE KIV_HomStudy SET HomMode = 'x' WHERE Id = 2");
+  EXPECT_NE(Run({"show", "2"}).err.find("Study 2 \"\" was not opened: a stored value of its kind"),
+            std::string::npos);
+}
+
+TEST_F(CommandLine, StudiesWithoutDataOfTheirKindAreShownAsFarAsTheyGo) {
+  StoreStudy("Unknown", 30);
+  StoreStudy("Half", 31);
+  Spoil("UPDATE kiv_study SET kind = 'Future Study' WHERE id = 1");
+  Spoil("DELETE FROM KIV_HomStudy WHERE Id = 2");
+  const Result unknown = Run({"show", "1", "--json"});
+  EXPECT_EQ(unknown.exitCode, kRefused);
+  EXPECT_NE(unknown.err.find("\"Future Study\""), std::string::npos) << unknown.err;
+  EXPECT_EQ(nlohmann::json::parse(unknown.out)["durationMinutes"], 30);
+  EXPECT_EQ(Run({"validate", "1"}).exitCode, kRefused);
+
+  const Result half = Run({"show", "2"});
+  EXPECT_EQ(half.exitCode, kRefused);
+  EXPECT_NE(half.out.find("Downtown"), std::string::npos) << half.out;
+  EXPECT_NE(half.err.find("data of study 2 are missing"), std::string::npos) << half.err;
+  EXPECT_NE(Run({"validate", "2"}).out.find("data of study 2 are missing"), std::string::npos);
+}
+
+TEST_F(CommandLine, RefusesAMissingDatabaseAndMakesOneWhenAsked) {
+  const Result missing = RunProgram({"list", "--database", database_});
+  EXPECT_EQ(missing.exitCode, kRefused);
+  EXPECT_NE(missing.err.find("kivstudy init --database"), std::string::npos) << missing.err;
+  EXPECT_EQ(std::count(missing.err.begin(), missing.err.end(), '\n'), 1);
+  EXPECT_EQ(RunProgram({"init", "--database", database_}).exitCode, kOk);
+  EXPECT_EQ(RunProgram({"init", "--database", database_}).exitCode, kOk);
+  EXPECT_EQ(RunProgram({"--database", database_, "list", "--json"}).out, "[]\n");
+}
+
+TEST_F(CommandLine, ListsShowsAndValidates) {
+  StoreStudy("Good \xFF name", 30);
+  StoreStudy("Bad", 5);
+  const auto list = nlohmann::json::parse(RunProgram({"list", "--json", "--database", database_}).out);
+  ASSERT_EQ(list.size(), 2U);
+  EXPECT_EQ(list[1]["name"], "Bad");
+  EXPECT_EQ(list[1]["scenario"], "Downtown");
+  EXPECT_EQ(list[1]["durationMinutes"], 5);
+  const Result table = RunProgram({"list", "--database", database_});
+  EXPECT_NE(table.out.find("2   HOM Study  Bad"), std::string::npos) << table.out;
+
+  const auto shown = nlohmann::json::parse(RunProgram({"show", "2", "--json", "--database", database_}).out);
+  EXPECT_EQ(shown["data"]["DataFile"], "h$YY$MM$DD$HH$MI.hom");
+  EXPECT_EQ(shown["data"]["HomMode"], 0);
+  EXPECT_EQ(shown["pollingIntervalSeconds"], nullptr);
+
+  EXPECT_EQ(RunProgram({"validate", "1", "--database", database_}).exitCode, kOk);
+  const Result refused = RunProgram({"validate", "2", "--database", database_});
+  EXPECT_EQ(refused.exitCode, kRefused);
+  EXPECT_EQ(refused.out, "General: Study Duration must be between 10 and 1439 minutes inclusive.\n");
+  EXPECT_EQ(RunProgram({"show", "9", "--database", database_}).exitCode, kRefused);
+}
+
+TEST_F(CommandLine, ShowsTheModesOfAStudyWithTheirChannels) {
+  {
+    Program program;
+    program.Start({});
+    program.OpenDatabase(database_, Program::WhenMissing::Create);
+    Study study = program.Store().New("PLM Study");
+    study.name = "Channels";
+    const auto mode = std::make_shared<CKivPlmMode>();
+    mode->SetPlmMode(3);
+    mode->SetChecked(true);
+    for (const std::int32_t channel : {312, 313}) {
+      mode->AddChannel(0, 0, channel, ChannelKey(std::to_string(channel)));
+    }
+    study.record->PlmData()->AddMode("Mode 3", mode);
+    program.Store().Save(study, "ann");
+  }
+  const auto shown = nlohmann::json::parse(RunProgram({"show", "1", "--json", "--database", database_}).out);
+  const auto& mode = shown["data"]["Modes"][0];
+  EXPECT_EQ(mode["PlmMode"], 3);
+  EXPECT_EQ(mode["Carrier"], nullptr);
+  EXPECT_EQ(mode["Channels"], (std::vector<int>{312, 313}));
+  const Result text = RunProgram({"show", "1", "--database", database_});
+  EXPECT_NE(text.out.find("\nModes\n  Mode 3\n    PlmMode                 3\n"), std::string::npos)
+      << text.out;
+  EXPECT_NE(text.out.find("    Channels                312, 313\n"), std::string::npos) << text.out;
+  EXPECT_EQ(text.out.find("Carrier"), std::string::npos);
+  const Result refused = RunProgram({"validate", "1", "--database", database_});
+  EXPECT_EQ(refused.exitCode, kRefused);
+  EXPECT_NE(refused.out.find("General: Please select a scenario.\n"), std::string::npos) << refused.out;
+}
+
+TEST_F(CommandLine, ImportsANetworkOrNamesEveryBadLine) {
+  const std::string network = folder_.File("network");
+  std::filesystem::copy(KIV_SAMPLE_NETWORK, network);
+  const auto import = [&](std::vector<std::string> more) {
+    more.insert(more.begin(), {"import-network", network, "--database", database_});
+    return RunProgram(more);
+  };
+  EXPECT_EQ(import({"--dry-run"}).exitCode, kOk);
+  EXPECT_FALSE(std::filesystem::exists(database_));
+  EXPECT_EQ(import({}).exitCode, kRefused);  // there is no database yet
+  ASSERT_EQ(RunProgram({"init", "--database", database_}).exitCode, kOk);
+  const Result imported = import({});
+  EXPECT_EQ(imported.exitCode, kOk);
+  EXPECT_EQ(imported.err, "");
+  EXPECT_NE(imported.out.find("luc_cfg_ceqsu2              1602\n"), std::string::npos) << imported.out;
+
+  std::ofstream(network + "/kiv_network.csv", std::ios::app) << "7,system,,x,,,\xFF,\n1,system\n";
+  std::ofstream(network + "/notes.csv") << "Dear Sir";
+  const Result refused = import({});
+  EXPECT_EQ(refused.exitCode, kRefused);
+  EXPECT_EQ(
+      refused.err,
+      "notes.csv: ignored, it is not one of the files of a network\n"
+      "kiv_network.csv:377: system_id \"x\" is not a whole number; name is not UTF-8 text\n"
+      "kiv_network.csv:378: 2 values where the header names 8 columns\n"
+      "2 faults found. Nothing was imported; the network is as it was. Correct the files, then try again.\n");
+  const Result asJson = import({"--json", "--dry-run"});
+  EXPECT_EQ(asJson.exitCode, kRefused);
+  const auto json = nlohmann::json::parse(asJson.out);
+  EXPECT_EQ(json["outcome"], "refused");
+  EXPECT_EQ(json["badLines"][1]["line"], 378);
+  EXPECT_EQ(json["unknownFiles"][0], "notes.csv");
+  EXPECT_EQ(RunProgram({"import-network"}).exitCode, kUsage);
+  EXPECT_EQ(RunProgram({"import-network", folder_.File("none"), "--dry-run"}).exitCode, kRefused);
+}
+
+TEST_F(CommandLine, ShowsAndRestoresTheHistory) {
+  StoreStudy("First", 30);
+  Spoil("UPDATE kiv_study SET duration = 60, revision = 2");  // by a program that keeps no history
+  const Result restored = Run({"restore", "1", "1"});
+  EXPECT_EQ(restored.out, "Study 1 is as it was at revision 1; this is its revision 3.\n") << restored.err;
+  const auto history = nlohmann::json::parse(Run({"history", "1", "--json"}).out);
+  ASSERT_EQ(history.size(), 3U);
+  EXPECT_EQ(history[1]["event"], "known");
+  EXPECT_EQ(history[2]["event"], "restored");
+  EXPECT_EQ(history[0]["changedBy"], "ann");
+  const Result table = Run({"history", "1"});
+  EXPECT_NE(table.out.find("restored  durationMinutes\n"), std::string::npos) << table.out;
+  EXPECT_EQ(Run({"history", "1", "3"}).out, "durationMinutes  60 -> 30\n");
+  {
+    Program program;
+    program.Start({});
+    program.OpenDatabase(database_, Program::WhenMissing::Refuse);
+    program.Store().Remove(1, "eve");
+  }
+  EXPECT_NE(Run({"list", "--deleted"}).out.find("1   HOM Study  First  eve "), std::string::npos);
+  EXPECT_EQ(Run({"restore", "1", "3"}).exitCode, kOk);
+  EXPECT_EQ(Run({"list", "--deleted", "--json"}).out, "[]\n");
+  for (const std::vector<std::string>& wrong : {std::vector<std::string>{"history", "9"},
+                                                {"history", "1", "9"},
+                                                {"restore", "1", "4"},
+                                                {"restore", "9", "1"}}) {
+    const Result refused = Run(wrong);
+    EXPECT_EQ(refused.exitCode, kRefused) << wrong[0];
+    EXPECT_EQ(std::count(refused.err.begin(), refused.err.end(), '\n'), 1) << refused.err;
+  }
+}
+
+TEST_F(CommandLine, TheDocumentedExampleIsImportedAndExported) {
+  std::ifstream document(KIV_SAMPLE_NETWORK "/../../docs/export-format.md");
+  std::string text{std::istreambuf_iterator<char>(document), {}};
+  text = text.substr(text.find("```json\n") + 8);
+  text = text.substr(0, text.find("```"));
+  const std::string file = folder_.File("example.json");
+  std::ofstream(file) << text;
+  EXPECT_EQ(Run({"import", file}).exitCode, kRefused);  // there is no database yet
+  ASSERT_EQ(Run({"init"}).exitCode, kOk);
+  ASSERT_EQ(Run({"import-network", KIV_SAMPLE_NETWORK}).exitCode, kOk);
+
+  const Result tried = Run({"import", file, "--dry-run"});
+  EXPECT_EQ(tried.out,
+            "4 studies are good. Nothing was stored. An import makes the scenario \"Downtown at night\".\n");
+  EXPECT_EQ(Run({"validate", file}).out, tried.out);
+  EXPECT_EQ(Run({"list", "--json"}).out, "[]\n");
+  const Result imported = Run({"import", file});
+  EXPECT_EQ(imported.exitCode, kOk) << imported.err;
+  EXPECT_EQ(Run({"export"}).out, text);
+  const std::string again = folder_.File("again.json");
+  EXPECT_EQ(Run({"export", "4", "3", "2", "1", "4", "--output", again}).out, "");
+  std::ifstream written(again);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(written), {}), text);
+
+  // One bad study keeps every other one out, and every problem is told.
+  const std::string bad = folder_.File("bad.json");
+  std::ofstream(bad) << text.replace(text.find("45"), 2, "5").replace(text.find("\"Y\""), 3, "\"yes\"");
+  const Result refused = Run({"import", again, bad, folder_.File("none"), "--json"});
+  EXPECT_EQ(refused.exitCode, kRefused);
+  const auto problems = nlohmann::json::parse(refused.out)["problems"];
+  ASSERT_EQ(problems.size(), 4U) << refused.out;
+  EXPECT_EQ(problems[0]["file"], bad);
+  EXPECT_EQ(problems[0]["study"], "study 1 \"Handoffs downtown\"");
+  EXPECT_EQ(problems[0]["reason"], "General: Study Duration must be between 10 and 1439 minutes inclusive.");
+  EXPECT_EQ(problems[2]["reason"], "ToAmps must be \"Y\" or \"N\"");
+  EXPECT_EQ(problems[3]["reason"], "cannot be read: No such file or directory");
+  EXPECT_EQ(nlohmann::json::parse(Run({"list", "--json"}).out).size(), 4U);
+
+  EXPECT_EQ(Run({"export", "99"}).exitCode, kRefused);
+  EXPECT_NE(Run({"export", "--output", folder_.File("no/such")}).err.find("was not written"),
+            std::string::npos);
+  EXPECT_NE(Run({"export", "--output", "/dev/null"}).err.find("no plain file"), std::string::npos);
+  Spoil("UPDATE kiv_study SET name = CAST(X'FF' AS TEXT) WHERE id = 2");
+  const Result broken = Run({"export", "--output", again});
+  EXPECT_NE(broken.err.find("no UTF-8 text"), std::string::npos) << broken.err;
+  EXPECT_EQ(std::filesystem::file_size(again), std::filesystem::file_size(file));
+}
+
+}  // namespace
+}  // namespace kiv::client

@@ -1,0 +1,171 @@
+// What is kept of each save and deletion, and brought back.
+
+#include "store/history/study_history.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+#include "client/texts/history_printer.h"
+#include "database/open.h"
+#include "database/schema.h"
+#include "support/engine.h"
+#include "support/rich_studies.h"
+#include "support/test_store.h"
+
+namespace kiv::client {
+namespace {
+
+class History : public ::testing::TestWithParam<std::tuple<test::Engine, std::string>> {
+ protected:
+  History() { test::RegisterRichStudies(); }
+
+  /// Stores the study with other content; returns that content as it is read again.
+  std::string Save(Study& study, int variant, const std::string& user) {
+    test::Fill(study, variant);
+    (*store_)->Save(study, user);
+    return Stored(study.record->ID());
+  }
+  Study NewStudy() { return (*store_)->New(std::get<std::string>(GetParam())); }
+  std::string Stored(std::int32_t id) {
+    Study study = (*store_)->Load(id);
+    return test::Content(study) + (*store_)->Scenarios().front().name;
+  }
+  /// Such as `1 created ann;2 changed bob;`
+  std::string Events(std::int32_t id) {
+    std::string text;
+    for (const HistoryEntry& entry : (*store_)->History().Entries(id)) {
+      text += std::to_string(entry.revision) + " " + std::string(EventName(entry.event)) + " " +
+              entry.changedBy + ";";
+    }
+    return text;
+  }
+  std::string Refusal(const std::function<void()>& action) {
+    try {
+      action();
+    } catch (const StoreError& error) {
+      return error.what();
+    }
+    return "not refused";
+  }
+
+  const std::unique_ptr<test::TestDatabase> database_ = std::get<test::Engine>(GetParam()).start();
+  const std::shared_ptr<database::SqlConnection> connection_ = database_->Connect();
+  std::optional<test::TestStore> store_{connection_};
+};
+
+TEST_P(History, BringsBackEveryStateAndADeletedStudy) {
+  database::UpgradeSchema(*connection_);
+  const std::int32_t scenario = (*store_)->AddScenario("Downtown");
+  Study study = NewStudy();
+  study.record->SetScenarioID(scenario);
+  const std::string first = Save(study, 1, "ann");
+  const std::int32_t id = study.record->ID();
+  const std::string second = Save(study, 2, "bob");
+  (*store_)->Remove(id, "eve");
+  (*store_)->Remove(id, "eve");  // there is none any more
+  EXPECT_EQ(Events(id), "1 created ann;2 changed bob;3 deleted eve;");
+  ASSERT_EQ((*store_)->History().DeletedStudies().size(), 1U);
+  EXPECT_EQ((*store_)->History().DeletedStudies()[0].name, "it's variant 2");
+  EXPECT_THAT(Refusal([&] { (*store_)->Restore(id, 3, "ann"); }), ::testing::StartsWith("Nothing is kept"));
+
+  (*store_)->RemoveScenario(scenario);
+  EXPECT_EQ((*store_)->Restore(id, 1, "ann"), 4);
+  EXPECT_EQ(Stored(id), first) << "with its scenario, made anew";
+  EXPECT_TRUE((*store_)->History().DeletedStudies().empty());
+  (*store_)->RenameScenario((*store_)->Scenarios()[0].id, "Harbour");
+  EXPECT_EQ((*store_)->Restore(id, 2, "ann"), 5);
+  EXPECT_EQ(Stored(id), second);
+  EXPECT_EQ((*store_)->Load(id).revision, 5);
+
+  EXPECT_THROW((*store_)->Save(study, "bob"), StudyConflict) << "it was loaded before";
+  EXPECT_THAT(Refusal([&] { (*store_)->Restore(id, 5, "ann"); }),
+              ::testing::HasSubstr("is at revision 5 now"));
+  EXPECT_THAT(Refusal([&] { (*store_)->Restore(id, 9, "ann"); }), ::testing::HasSubstr("has no revision 9"));
+  EXPECT_THAT(Refusal([&] { (*store_)->Restore(99, 1, "ann"); }),
+              ::testing::HasSubstr("no history of a study 99"));
+  EXPECT_EQ(Events(id), "1 created ann;2 changed bob;3 deleted eve;4 restored ann;5 restored ann;");
+
+  const std::vector<HistoryStep> steps = StepsOf((*store_)->History(), id);
+  EXPECT_TRUE(steps[0].differences.empty());
+  EXPECT_EQ(steps[4].differences.size(), steps[1].differences.size());
+  EXPECT_GT(steps[4].differences.size(), 4U);
+}
+
+TEST_P(History, AFailedSaveLeavesNoEntry) {
+  database::UpgradeSchema(*connection_);
+  (*store_)->AddScenario("Downtown");
+  Study study = NewStudy();
+  Save(study, 1, "ann");
+  const std::int32_t id = study.record->ID();
+  database_->BreakInserts(*connection_, "kiv_study_history", "disk on fire");
+  EXPECT_THROW(Save(study, 2, "bob"), host::DatabaseError);
+  EXPECT_THROW((*store_)->Remove(id, "bob"), host::DatabaseError);
+  EXPECT_THROW((*store_)->Restore(id, 1, "bob"), Error);
+  database_->MendInserts(*connection_, "kiv_study_history");
+  EXPECT_EQ((*store_)->Load(id).revision, 1);
+  EXPECT_EQ(Events(id), "1 created ann;");
+}
+
+TEST_P(History, BeginsWithWhatIsThereWhenADatabaseIsUpgraded) {
+  constexpr int kBeforeHistory = 6;
+  database::UpgradeSchema(*connection_, kBeforeHistory);
+  (*store_)->AddScenario("Downtown");
+  Study study = NewStudy();
+  const std::string first = Save(study, 1, "ann");
+  const std::int32_t id = study.record->ID();
+  EXPECT_THAT(Refusal([&] { (void)Events(id); }), ::testing::HasSubstr("older layout"));
+  database::UpgradeSchema(*connection_);
+  store_.emplace(connection_);
+  EXPECT_THAT(Refusal([&] { (void)Events(id); }), ::testing::HasSubstr("no history of a study"));
+  Save(study, 2, "bob");
+  Save(study, 3, "bob");
+  EXPECT_EQ(Events(id), "1 known ann;2 changed bob;3 changed bob;");
+  (*store_)->Restore(id, 1, "ann");
+  EXPECT_EQ(Stored(id), first);
+}
+
+std::string NameOf(const ::testing::TestParamInfo<History::ParamType>& parameter) {
+  const auto& [engine, kind] = parameter.param;
+  std::string name = engine.name + kind;
+  std::erase(name, ' ');
+  return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, History,
+                         ::testing::Combine(::testing::ValuesIn(test::Engines()),
+                                            ::testing::ValuesIn(test::RegisterRichStudies())),
+                         NameOf);
+
+TEST(StudyDifference, IsToldFieldByFieldAndEntryByEntry) {
+  const std::string before =
+      R"({"name": "A", "scenario": null, "durationMinutes": 30, "data": {"Path": "/d", "Gone": 1,
+          "Cells": [{"InstanceId": 7, "SystemId": 1, "CellId": 4, "Antennas": [
+                       {"InstanceId": 0, "AntennaId": 1, "Selected": "N"}, {"InstanceId": 0, "AntennaId": 2, "Selected": "N"}]},
+                    {"InstanceId": 8, "SystemId": 1, "CellId": 5, "Antennas": []}],
+          "Modes": [{"PlmMode": 2, "Channels": [1, 2, 3]}], "DNs": [{"Dn": "5551", "DataFile": "a"}]}})";
+  const std::string after =
+      R"({"name": "B", "scenario": "S", "durationMinutes": 30, "data": {"Path": "/d", "Come": 2,
+          "Cells": [{"InstanceId": 9, "SystemId": 1, "CellId": 6, "Antennas": []},
+                    {"InstanceId": 7, "SystemId": 1, "CellId": 4, "Antennas": [
+                       {"InstanceId": 0, "AntennaId": 2, "Selected": "Y"}, {"InstanceId": 0, "AntennaId": 1, "Selected": "N"}]}],
+          "Modes": [{"PlmMode": 2, "Channels": [3, 2, 4, 5]}], "DNs": [{"Dn": "5551", "DataFile": "b"}]}})";
+  const std::vector<StudyDifference> differences = DifferencesBetween(before, after);
+  std::vector<std::string> told;
+  for (const StudyDifference& difference : differences) {
+    told.push_back(difference.place + " " + DifferenceText(difference));
+  }
+  EXPECT_THAT(told, ::testing::ElementsAre("name A -> B", "scenario (nothing) -> S", "Come (nothing) -> 2",
+                                           "Cells 1-4: Antennas 2: Selected N -> Y",
+                                           "Cells 1-5 removed: InstanceId 8, SystemId 1, CellId 5",
+                                           "Cells 1-6 added: InstanceId 9, SystemId 1, CellId 6",
+                                           "Modes 2: Channels removed: 1", "Modes 2: Channels added: 4, 5",
+                                           "DNs 5551: DataFile a -> b", "Gone 1 -> (nothing)"));
+  EXPECT_EQ(SummaryOf(differences), "name, scenario, Come, Cells (3), Modes (2), DNs (1), Gone");
+  EXPECT_TRUE(DifferencesBetween(before, before).empty());
+  EXPECT_EQ(DifferencesBetween({}, after).size(), 9U);
+}
+
+}  // namespace
+}  // namespace kiv::client

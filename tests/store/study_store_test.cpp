@@ -1,0 +1,231 @@
+#include "store/studies/study_store.h"
+
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+#include "core/study_kinds.h"
+#include "database/schema.h"
+#include "hom/detail_tab.h"
+#include "hom/general_tab.h"
+#include "hom/hom_studies.h"
+#include "session/study_session.h"
+#include "support/engine.h"
+#include "support/fake_host.h"
+#include "support/temp_folder.h"
+
+namespace kiv::client {
+namespace {
+
+enum class Layout { Earlier, Newest };
+
+/// The program's store on a real database, with the rest of the host faked.
+class Store : public ::testing::TestWithParam<std::tuple<test::Engine, Layout>> {
+ protected:
+  Store() {
+    RegisterHomStudies();
+    if (std::get<Layout>(GetParam()) == Layout::Earlier) {
+      database::UpgradeSchema(*connection_, 1);
+    } else {
+      database::UpgradeSchema(*connection_);
+    }
+    Install(connection_);
+    scenario_ = store_->AddScenario("Down'town");
+  }
+
+  void Install(std::shared_ptr<database::Connection> connection) {
+    MSQL::ReleaseDatabase();
+    host::Services services = host::InstalledServices();
+    services.openDatabase = [connection] { return connection; };
+    services.errorReporter = errors_;
+    host::InstallServices(services);
+    store_ = std::make_unique<StudyStore>(connection, errors_);
+  }
+
+  /// A new session with valid input.
+  std::unique_ptr<StudySession> NewSession() {
+    host_.documents->documents = store_->Scenarios();
+    auto session = std::make_unique<StudySession>(*store_, store_->New("HOM Study"));
+    General(*session).fdocCBScenario.SelectID(scenario_);
+    General(*session).XDest.SetPath(folder_.Path());
+    session->SetName("It's \"quoted\" \\ ; -- \u20AC");
+    return session;
+  }
+  std::unique_ptr<StudySession> Reopened(std::int32_t id) {
+    return std::make_unique<StudySession>(*store_, store_->Load(id));
+  }
+  static XKivHomGen& General(StudySession& session) { return dynamic_cast<XKivHomGen&>(*session.Tabs()[0]); }
+  static XKivHomDetail& Detail(StudySession& session) {
+    return dynamic_cast<XKivHomDetail&>(*session.Tabs()[1]);
+  }
+  std::string Text(const std::string& query) {
+    const auto rows = connection_->OpenQuery(query, 5);
+    return rows->EndOfFile() ? "no row" : ToText(rows->FieldAt(0));
+  }
+
+  test::FakeHost host_;
+  test::TempFolder folder_;
+  std::shared_ptr<ErrorLog> errors_ = std::make_shared<ErrorLog>();
+  const std::unique_ptr<test::TestDatabase> database_ = std::get<test::Engine>(GetParam()).start();
+  const std::shared_ptr<database::SqlConnection> connection_ = database_->Connect();
+  std::unique_ptr<StudyStore> store_;
+  std::int32_t scenario_ = 0;
+};
+
+std::string NameOf(const ::testing::TestParamInfo<Store::ParamType>& parameter) {
+  const auto& [engine, layout] = parameter.param;
+  return engine.name + (layout == Layout::Earlier ? "EarlierLayout" : "NewestLayout");
+}
+
+INSTANTIATE_TEST_SUITE_P(Layouts, Store,
+                         ::testing::Combine(::testing::ValuesIn(test::Engines()),
+                                            ::testing::Values(Layout::Earlier, Layout::Newest)),
+                         NameOf);
+
+TEST_P(Store, AStudyIsStoredReopenedAndChanged) {
+  const auto session = NewSession();
+  EXPECT_TRUE(session->Modified());
+  ASSERT_TRUE(session->Save("ann")) << host_.TakeMessage();
+  EXPECT_FALSE(session->Modified());
+  EXPECT_EQ(host_.settings->remembered["HomDuration"], "30");
+
+  const auto again = Reopened(session->ID());
+  EXPECT_EQ(again->Name(), session->Name());
+  EXPECT_EQ(General(*again).fdocCBScenario.SelectedID(), scenario_);
+  EXPECT_EQ(General(*again).XDest.Filename(), "h$YY$MM$DD$HH$MI.hom");
+  General(*again).txtDuration.SetText("90");
+  Detail(*again).cmdCDMA.Click();
+  EXPECT_TRUE(again->Modified());
+  ASSERT_TRUE(again->Save("bob"));
+
+  const auto studies = store_->List();
+  ASSERT_EQ(studies.size(), 1U);
+  EXPECT_EQ(studies[0].scenario, "Down'town");
+  EXPECT_EQ(studies[0].duration, 90);
+  EXPECT_EQ(studies[0].modifiedBy, "bob");
+  EXPECT_EQ(Text("SELECT SoftDrop FROM KIV_HomStudy"), "Y");
+  EXPECT_EQ(Text("SELECT count(*) FROM KIV_HomStudy"), "1");
+}
+
+TEST_P(Store, ARefusedTabStoresNothing) {
+  const auto session = NewSession();
+  General(*session).txtDuration.SetText("5");
+  std::string shownTab;
+  session->TabRequired.Connect([&](const std::string& name) { shownTab = name; });
+  EXPECT_FALSE(session->Save("ann"));
+  EXPECT_EQ(host_.TakeMessage(), "Study Duration must be between 10 and 1439 minutes inclusive.");
+  EXPECT_EQ(shownTab, "XKivHomGen");
+  EXPECT_TRUE(store_->List().empty());
+  session->SetName("  ");
+  EXPECT_THROW(session->Save("ann"), StoreError);
+}
+
+TEST_P(Store, AFailedSaveLeavesNothingBehindAndKeepsTheInput) {
+  const auto session = NewSession();
+  database_->BreakInserts(*connection_, "KIV_HomStudy", "disk on fire");
+  try {
+    session->Save("ann");
+    FAIL() << "stored on a broken table";
+  } catch (const host::DatabaseError& error) {
+    EXPECT_EQ(FailureText(error), "disk on fire");
+  }
+  EXPECT_TRUE(store_->List().empty());
+  EXPECT_TRUE(session->IsNew());
+  EXPECT_EQ(session->ID(), 0);
+  EXPECT_TRUE(session->Modified());
+  database_->MendInserts(*connection_, "KIV_HomStudy");
+  EXPECT_TRUE(session->Save("ann"));
+  EXPECT_EQ(store_->List().size(), 1U);
+}
+
+TEST_P(Store, ACopyIsAStudyOfItsOwn) {
+  const auto session = NewSession();
+  ASSERT_TRUE(session->Save("ann"));
+  const std::int32_t original = session->ID();
+  General(*session).txtDuration.SetText("77");
+  ASSERT_TRUE(session->SaveCopy("The copy", "ann"));
+  EXPECT_NE(session->ID(), original);
+  EXPECT_EQ(session->Name(), "The copy");
+  General(*session).txtDuration.SetText("78");
+  ASSERT_TRUE(session->Save("ann"));
+  EXPECT_EQ(store_->Load(original).record->Duration(), 30);
+  EXPECT_EQ(store_->Load(session->ID()).record->Duration(), 78);
+}
+
+TEST_P(Store, TheLaterOfTwoSavesIsTold) {
+  const auto first = NewSession();
+  ASSERT_TRUE(first->Save("ann"));
+  const auto second = Reopened(first->ID());
+  General(*second).txtDuration.SetText("60");
+  ASSERT_TRUE(second->Save("bob"));
+  General(*first).txtDuration.SetText("61");
+  EXPECT_THROW(first->Save("ann"), StudyConflict);
+  EXPECT_EQ(store_->Load(first->ID()).record->Duration(), 60);
+  EXPECT_TRUE(first->Modified());
+  first->Reload();
+  EXPECT_EQ(General(*first).txtDuration.Text(), "60");
+  EXPECT_TRUE(first->Save("ann"));
+
+  store_->Remove(first->ID(), "ann");
+  EXPECT_THROW(second->Save("bob"), StudyConflict);
+  EXPECT_EQ(Text("SELECT count(*) FROM KIV_HomStudy"), "0");
+  EXPECT_TRUE(second->SaveCopy("Saved after all", "bob"));
+}
+
+TEST_P(Store, StudiesThatCannotBeReadAreNotEdited) {
+  EXPECT_THROW(store_->Load(999), StoreError);
+  const auto session = NewSession();
+  ASSERT_TRUE(session->Save("ann"));
+  connection_->ExecuteSql("ALTER TABLE KIV_HomStudy RENAME TO gone");
+  EXPECT_THROW(store_->Load(session->ID()), StoreError);
+}
+
+TEST_P(Store, MissingDataOfAKindAreNoticedAndStoredAgain) {
+  const auto session = NewSession();
+  ASSERT_TRUE(session->Save("ann"));
+  connection_->ExecuteSql("DELETE FROM KIV_HomStudy");
+  const auto again = Reopened(session->ID());
+  EXPECT_EQ(again->Data(), KindData::Missing);
+  General(*again).XDest.SetPath(folder_.Path());
+  General(*again).XDest.SetFilename("night");
+  Detail(*again).chkAMPS.Click();
+  ASSERT_TRUE(again->Save("ann")) << host_.TakeMessage();
+  EXPECT_EQ(again->Data(), KindData::Complete);
+  EXPECT_EQ(Text("SELECT DataFile FROM KIV_HomStudy"), "night.hom");
+  EXPECT_FALSE(again->IsNew());
+
+  connection_->ExecuteSql("DELETE FROM KIV_HomStudy");  // this time while the study is open
+  General(*again).XDest.SetFilename("day");
+  ASSERT_TRUE(again->Save("ann"));
+  EXPECT_EQ(Text("SELECT DataFile FROM KIV_HomStudy"), "day.hom");
+}
+
+TEST_P(Store, AScenarioThatWasDeletedMeanwhileIsTold) {
+  const auto session = NewSession();
+  store_->RemoveScenario(scenario_);
+  EXPECT_THROW(session->Save("ann"), ScenarioDeleted);
+  EXPECT_TRUE(session->IsNew());
+  EXPECT_TRUE(store_->List().empty());
+  scenario_ = store_->AddScenario("Harbour");
+  host_.documents->documents = store_->Scenarios();
+  host_.documents->DocumentsChanged.Raise();
+  General(*session).fdocCBScenario.SelectID(scenario_);
+  EXPECT_TRUE(session->Save("ann")) << host_.TakeMessage();
+}
+
+TEST_P(Store, ScenariosHaveNamesOfTheirOwn) {
+  EXPECT_THROW(store_->AddScenario("   "), StoreError);
+  EXPECT_THROW(store_->AddScenario(" DOWN'town "), StoreError);
+  const std::int32_t other = store_->AddScenario("Airport");
+  EXPECT_THROW(store_->RenameScenario(other, "Down'town"), StoreError);
+  store_->RenameScenario(other, "AIRPORT");  // its own name in another case
+  EXPECT_EQ(store_->Scenarios().front().name, "AIRPORT");
+
+  ASSERT_TRUE(NewSession()->Save("ann"));
+  EXPECT_THROW(store_->RemoveScenario(scenario_), StoreError);
+  store_->RemoveScenario(other);
+  EXPECT_EQ(store_->Scenarios().size(), 1U);
+}
+
+}  // namespace
+}  // namespace kiv::client

@@ -1,0 +1,163 @@
+// Files with studies, and the history of studies, through the window.
+
+#include <gmock/gmock.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QFile>
+#include <QLabel>
+#include <QTableView>
+#include <QTableWidget>
+
+#include "client/window/editor_view.h"
+#include "client/window/main_window.h"
+#include "client/window/study_list.h"
+#include "client/window/window_program.h"
+#include "hom/hom_data.h"
+#include "support/temp_folder.h"
+#include "support/user_hand.h"
+
+namespace kiv::client {
+namespace {
+
+class StudyFilesWindow : public ::testing::Test {
+ protected:
+  StudyFilesWindow() {
+    StartWithWindow(program_);
+    program_.Settings().File().clear();
+    window_ = std::make_unique<MainWindow>(program_);
+    window_->show();
+    QApplication::setActiveWindow(window_.get());
+    window_->OpenDatabase(folder_.File("studies.db"), Program::WhenMissing::Create);
+    for (const char* name : {"First", "Second"}) {
+      Study study = program_.Store().New("HOM Study");
+      study.name = name;
+      study.record->SetDuration(30);
+      study.record->HomData()->SetToAmps("Y");
+      study.record->HomData()->SetPath(folder_.Path());
+      study.record->HomData()->SetDataFile("h$YY$MM$DD$HH$MI.hom");
+      std::vector<NamedStudy> all = {{study, "Downtown"}};
+      program_.Store().AddAll(all, "ann");
+    }
+    window_->OpenDatabase(folder_.File("studies.db"), Program::WhenMissing::Refuse);
+  }
+
+  QString Text(const QString& file) const {
+    QFile read(file);
+    EXPECT_TRUE(read.open(QIODevice::ReadOnly));
+    return QString::fromUtf8(read.readAll());
+  }
+  void Write(const QString& file, const QString& text) const {
+    QFile written(file);
+    EXPECT_TRUE(written.open(QIODevice::WriteOnly));
+    written.write(text.toUtf8());
+  }
+  void Select(const std::vector<int>& rows) {
+    QItemSelectionModel& selection = *window_->List().View().selectionModel();
+    selection.clear();
+    for (const int row : rows) {
+      selection.select(window_->List().View().model()->index(row, 0),
+                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+  }
+  void Trigger(const QString& text) const {
+    for (auto* action : window_->findChildren<QAction*>()) {
+      if (action->text().remove('&') == text) return action->trigger();
+    }
+    ADD_FAILURE() << text.toStdString();
+  }
+  void InHistory(const std::function<void(QTableWidget& revisions)>& work) {
+    user_.During([this] { Trigger("History..."); },
+                 [&](QWidget&) { work(*qobject_cast<QTableWidget*>(user_.Find("revisions"))); });
+  }
+  QString Result() const { return qobject_cast<QLabel*>(user_.Find("importResult"))->text(); }
+
+  test::TempFolder folder_;
+  Program program_;
+  std::unique_ptr<MainWindow> window_;
+  UserHand user_{qEnvironmentVariable("KIV_PICTURES")};
+};
+
+TEST_F(StudyFilesWindow, SelectedStudiesAreExportedCorrectedAndImported) {
+  const QString file = QString::fromStdString(folder_.File("studies.json"));
+  Select({});
+  window_->ExportStudies(file);
+  EXPECT_EQ(Text(file).count("\"name\""), 2);
+  Select({1});
+  window_->ExportStudies(file);
+  EXPECT_EQ(Text(file).count("\"name\""), 1);
+  const QString good = Text(file);
+  EXPECT_TRUE(good.contains("\"name\": \"Second\""));
+
+  Write(file, QString(good).replace("Minutes\": 30", "Minutes\": 5").replace("Downtown", "Harbour"));
+  user_.During([&] { window_->ImportStudies({file}); },
+               [&](QWidget&) {
+                 EXPECT_TRUE(Result().startsWith("1 problem found.")) << Result().toStdString();
+                 user_.TakePicture("import-refused");
+                 auto& problems = *qobject_cast<QTableView*>(user_.Find("importProblems"));
+                 problems.selectRow(0);
+                 problems.setFocus();
+                 user_.Press(Qt::Key_C, Qt::ControlModifier);
+                 EXPECT_THAT(
+                     QApplication::clipboard()->text().toStdString(),
+                     ::testing::HasSubstr("studies.json: study 1 \"Second\": General: Study Duration"));
+                 Write(file, QString(good).replace("Downtown", "Harbour"));
+                 user_.Click("importCheck");
+                 EXPECT_TRUE(Result().contains("makes the scenario \"Harbour\"")) << Result().toStdString();
+                 user_.TakePicture("import-good");
+                 user_.Click("importRun");
+               });
+  const auto studies = program_.Store().List();
+  ASSERT_EQ(studies.size(), 3U);
+  EXPECT_EQ(studies[2].name, "Second");
+  EXPECT_EQ(studies[2].scenario, "Harbour");
+  EXPECT_EQ(window_->List().View().model()->rowCount(), 3);
+}
+
+TEST_F(StudyFilesWindow, AStateAndADeletedStudyComeBack) {
+  StudyStore& store = program_.Store();
+  EditorView* editor = window_->OpenStudy(1);
+  ASSERT_NE(editor, nullptr);
+  editor->Session().SetName("First, renamed");
+  ASSERT_TRUE(editor->Save());
+  InHistory([this](QTableWidget& revisions) {
+    EXPECT_FALSE(user_.Find("restore")->isEnabled()) << "the newest is there already";
+    EXPECT_TRUE(revisions.item(0, 4)->text().startsWith("name, "));
+    const auto& differences = *qobject_cast<QTableWidget*>(user_.Find("differences"));
+    EXPECT_EQ(differences.item(0, 2)->text(), "First");
+    EXPECT_EQ(differences.item(0, 3)->text(), "First, renamed");
+    user_.TakePicture("history");
+    revisions.selectRow(1);
+    user_.Click("restore");
+  });
+  EXPECT_EQ(editor->Session().Name(), "First");
+  EXPECT_FALSE(editor->Session().Modified());
+
+  // What somebody has typed stays, and the restored state is not saved over.
+  editor->Session().SetName("Typed");
+  user_.During([&] { Trigger("History..."); },
+               {[&](QWidget&) {
+                  qobject_cast<QTableWidget*>(user_.Find("revisions"))->selectRow(1);
+                  user_.Click("restore");
+                },
+                [](QWidget& told) { told.close(); }});
+  EXPECT_EQ(editor->Session().Name(), "Typed");
+  EXPECT_EQ(store.Load(1).name, "First, renamed");
+
+  store.Remove(2, "eve");
+  user_.During([&] { Trigger("Deleted Studies..."); },
+               [&](QWidget& dialog) {
+                 EXPECT_EQ(qobject_cast<QTableWidget*>(user_.Find("deletedStudies"))->item(0, 2)->text(),
+                           "Second");
+                 user_.TakePicture("deleted");
+                 user_.Click("restoreDeleted");
+                 EXPECT_FALSE(user_.Find("restoreDeleted")->isEnabled());
+                 dialog.close();
+               });
+  EXPECT_EQ(store.Load(2).name, "Second");
+  EXPECT_EQ(window_->List().View().model()->rowCount(), 2);
+}
+
+}  // namespace
+}  // namespace kiv::client

@@ -1,0 +1,340 @@
+// The whole program through its window, with a user's keys and clicks, on real database files.
+
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTabWidget>
+#include <QTableView>
+#include <array>
+#include <filesystem>
+#include <fstream>
+
+#include "client/window/study_list.h"
+#include "database/sqlite/sqlite_database.h"
+#include "host/constants.h"
+#include "session/study_session.h"
+#include "support/open_folder.h"
+#include "support/ordinary_user.h"
+#include "support/window_fixture.h"
+
+namespace kiv::client {
+namespace {
+
+TEST_F(Window, EveryRefusalOfAHomStudyIsShownInOrderAndLeadsToItsField) {
+  Open();
+  window_->NewStudy("HOM Study");
+  const auto refused = [this](const char* message, const char* field) {
+    EXPECT_EQ(RefusalOfSave(), message);
+    EXPECT_EQ(FocusName(), field);
+  };
+  user_.Fill("txtFilename", "");
+  user_.Fill("txtDuration", "");
+  refused("Please select a scenario.", "fdocCBScenario");
+  user_.During([&] { user_.Click("cmdNewScenario"); },
+               [&](QWidget&) {
+                 user_.Type("Downtown");
+                 user_.Press(Qt::Key_Return);
+               });
+  refused("Data File Destination Path is a required field.", "txtPath");
+  user_.Fill("txtPath", "/dev/shm");
+  refused("Only hard disks and network drives are valid data file destination.", "txtPath");
+  user_.Fill("txtPath", QString::fromStdString(folder_.File("none")));
+  refused("Data File Destination Path does not exist.", "txtPath");
+  user_.Fill("txtPath", QString::fromStdString(folder_.Path()));
+  refused("Data File Destination Filename is a required field.", "txtFilename");
+  user_.Fill("txtFilename", "$x. y");  // neither the dot nor the blank arrives
+  refused("The first character of the filename must be AlphaNumeric. ", "txtFilename");
+  user_.Fill("txtFilename", "abcdefghijkl");
+  refused(
+      "A filename must have at least 1 but no more than 11 characters\r\n"
+      "and cannot include any of the following characters: \\ / : * ? \" < > |",
+      "txtFilename");
+  user_.Fill("txtFilename", "night");
+  refused("Study Duration must be numeric.", "txtDuration");
+  user_.Fill("txtDuration", "1440");
+  refused("Study Duration must be between 10 and 1439 minutes inclusive.", "txtDuration");
+  user_.Fill("txtDuration", "1439");
+  user_.ClickTab("tabs", 1);
+  user_.Click("chkAMPS");
+  user_.ClickTab("tabs", 2);
+  refused("You must select at least one Handoff Type.", "chkAMPS");
+  EXPECT_EQ(window_->findChild<QTabWidget*>("tabs")->currentIndex(), 1);
+  user_.Click("cmdTDMA");
+  user_.ClickTab("tabs", 2);
+  user_.Click("chkCollectData");
+  user_.ClickTab("tabs", 0);
+  refused("OMP-FX Directory is a required field.", "txtCurStdPath");
+  user_.Fill("txtCurStdPath", "a&b");
+  refused(
+      "OMP-FX Directory cannot include any of the following characters:  *!~?+;\"'${}<>[]()^&|\\# <blank>",
+      "txtCurStdPath");
+  user_.Fill("txtCurStdPath", "/omp");
+  user_.Fill("txtCurStdDatafile", "a b");
+  refused("OMP-FX Filename cannot contain spaces.", "txtCurStdDatafile");
+  user_.Fill("txtCurStdDatafile", "ab");
+  user_.Fill("studyName", " ");
+  EXPECT_NE(RefusalOfSave().find("Please give the study a name."), std::string::npos);
+  user_.Fill("studyName", "Nights");
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  ASSERT_EQ(program_->Store().List().size(), 1U);
+  EXPECT_EQ(program_->Store().List()[0].name, "Nights");
+}
+
+TEST_F(Window, UnsavedInputIsAskedAbout) {
+  Open();
+  StartStudy();
+  const auto close = [this] { user_.Press(Qt::Key_W, Qt::ControlModifier); };
+  Answer(close, "Cancel");
+  ASSERT_NE(window_->CurrentEditor(), nullptr);
+  Answer([this] { window_->close(); }, "Cancel");
+  EXPECT_TRUE(window_->isVisible());
+  Answer(close, "Save");
+  EXPECT_EQ(window_->CurrentEditor(), nullptr);
+  ASSERT_EQ(program_->Store().List().size(), 1U);
+
+  window_->OpenStudy(program_->Store().List()[0].id);
+  close();  // nothing changed, nothing asked
+  EXPECT_EQ(window_->CurrentEditor(), nullptr);
+  window_->OpenStudy(program_->Store().List()[0].id);
+  user_.Fill("txtDuration", "99");
+  Answer(close, "Discard");
+  EXPECT_EQ(program_->Store().List()[0].duration, 30);
+}
+
+TEST_F(Window, AMissingOrForeignDatabaseIsExplainedOnThePage) {
+  window_->OpenDatabase(database_, Program::WhenMissing::Refuse);
+  EXPECT_TRUE(StartText().contains("does not exist")) << StartText().toStdString();
+  PressButton(*window_, "Create It");
+  EXPECT_TRUE(program_->HasDatabase());
+  EXPECT_TRUE(StartText().contains(QString::fromStdString(database_)));
+
+  const std::string foreign = folder_.File("letter.txt");
+  std::ofstream(foreign) << "Dear Sir";
+  const QString message =
+      user_.MessageDuring([&] { window_->OpenDatabase(foreign, Program::WhenMissing::Refuse); });
+  EXPECT_TRUE(message.contains("not a study database")) << message.toStdString();
+}
+
+TEST_F(Window, ADatabaseThatCannotBeOpenedLeavesTheOpenOne) {
+  Open();
+  StartStudy();
+  const std::string message =
+      user_
+          .MessageDuring(
+              [this] { window_->OpenDatabase(folder_.File("none.db"), Program::WhenMissing::Refuse); })
+          .toStdString();
+  EXPECT_NE(message.find("does not exist"), std::string::npos) << message;
+  EXPECT_EQ(message.find("kivstudy init"), std::string::npos) << message;
+  ASSERT_NE(window_->CurrentEditor(), nullptr);
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(program_->Store().List().size(), 1U);
+  EXPECT_EQ(program_->Store().Database().Name(), database_);
+}
+
+TEST_F(Window, WithoutADisplayTheCommandsAreNamed) {
+  const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+  const std::array names = {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"};
+  for (const char* name : names) qunsetenv(name);
+  testing::internal::CaptureStderr();
+  const int exitCode = RunWindow(0, nullptr, {});
+  const std::string message = testing::internal::GetCapturedStderr();
+  qputenv("QT_QPA_PLATFORM", platform);
+  EXPECT_EQ(exitCode, kRefused);
+  EXPECT_NE(message.find("kivstudy --help"), std::string::npos) << message;
+}
+
+TEST_F(Window, NamesAreShownAsTheyAre) {
+  Open();
+  StartStudy();
+  const QString name = "R&D <b>downtown</b> in the early hours of the day";
+  user_.Fill("studyName", name);
+  QTabWidget& editors = *qobject_cast<QTabWidget*>(window_->centralWidget());
+  EXPECT_TRUE(editors.tabText(1).startsWith("R&&D <b>")) << editors.tabText(1).toStdString();
+  EXPECT_TRUE(editors.tabText(1).endsWith(" *"));
+  EXPECT_LT(editors.tabText(1).size(), name.size());
+  user_.During([this] { user_.Press(Qt::Key_W, Qt::ControlModifier); },
+               [&](QWidget& question) {
+                 EXPECT_EQ(qobject_cast<QMessageBox*>(&question)->textFormat(), Qt::PlainText);
+                 PressButton(question, "Cancel");
+               });
+}
+
+TEST_F(Window, AStudyWithoutDataIsToldAndStoredAgain) {
+  Open();
+  StartStudy();
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  user_.Press(Qt::Key_W, Qt::ControlModifier);
+  program_->Store().Database().ExecuteSql("DELETE FROM KIV_HomStudy");
+  const std::string message = user_.MessageDuring([this] { window_->OpenStudy(1); }).toStdString();
+  EXPECT_NE(message.find("are missing"), std::string::npos) << message;
+  user_.Fill("txtPath", QString::fromStdString(folder_.Path()));
+  user_.Fill("txtFilename", "n$ID");
+  user_.ClickTab("tabs", 1);
+  user_.Click("chkAMPS");
+  user_.ClickTab("tabs", 0);
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(program_->Store().Load(1).kindData, KindData::Complete);
+}
+
+TEST_F(Window, ADeletedScenarioLeavesTheChooser) {
+  Open();
+  StartStudy();
+  program_->Store().AddScenario("Harbour");
+  program_->Store().RemoveScenario(program_->Store().Scenarios()[0].id);
+  EXPECT_NE(RefusalOfSave().find("Choose another one"), std::string::npos);
+  user_.Choose("fdocCBScenario", "Harbour");
+  user_.Fill("txtFilename", "a$ID");
+  EXPECT_TRUE(Preview().contains("a0000000.hom")) << Preview().toStdString();
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(program_->Store().List().size(), 1U);
+  EXPECT_TRUE(Preview().contains("a0000001.hom")) << Preview().toStdString();
+}
+
+TEST_F(Window, ALockedDatabaseCostsNoInput) {
+  Open();
+  StartStudy();
+  const auto other = database::SqliteDatabase::Open(database_, database::OpenMode::MustExist);
+  other->ExecuteSql("BEGIN EXCLUSIVE");
+  const std::string message = RefusalOfSave();
+  EXPECT_NE(message.find("in use by another program"), std::string::npos) << message;
+  EXPECT_EQ(qobject_cast<QLineEdit*>(user_.Find("txtPath"))->text().toStdString(), folder_.Path());
+  other->ExecuteSql("COMMIT");
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(program_->Store().List().size(), 1U);
+}
+
+TEST_F(Window, AReadOnlyDatabaseCanBeReadAndSaysWhyNotWritten) {
+  const test::OpenFolder open;
+  database_ = open.File("studies.db");
+  Open();
+  StartStudy();
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  user_.Press(Qt::Key_W, Qt::ControlModifier);
+  using std::filesystem::perms;
+  std::filesystem::permissions(database_, perms::owner_read | perms::group_read | perms::others_read);
+  const test::AsOrdinaryUser user;
+  Open();
+  ASSERT_NE(window_->OpenStudy(1), nullptr);
+  user_.Fill("txtDuration", "77");
+  for (const char* button : {"save", "saveCopy"}) {
+    EXPECT_FALSE(user_.Find(button)->isEnabled());
+    EXPECT_TRUE(user_.Find(button)->toolTip().contains("read-only"));
+  }
+  Answer([this] { user_.Press(Qt::Key_W, Qt::ControlModifier); }, "Discard");
+  for (const auto* action : window_->findChildren<QAction*>()) {
+    EXPECT_FALSE(action->text().startsWith("New &") && action->isEnabled()) << action->text().toStdString();
+  }
+}
+
+TEST_F(Window, TheLaterOfTwoEditorsMaySaveACopy) {
+  Open();
+  StartStudy();
+  user_.Press(Qt::Key_S, Qt::ControlModifier);
+  StudySession elsewhere(program_->Store(), program_->Store().Load(1));
+  elsewhere.SetName("Changed elsewhere");
+  ASSERT_TRUE(elsewhere.Save("bob"));
+  user_.Fill("txtDuration", "55");
+  user_.During([this] { user_.Press(Qt::Key_S, Qt::ControlModifier); },
+               {[](QWidget& conflict) { PressButton(conflict, "Save as Copy..."); },
+                [this](QWidget&) { user_.Press(Qt::Key_Return); }});
+  const auto studies = program_->Store().List();
+  ASSERT_EQ(studies.size(), 2U);
+  EXPECT_EQ(studies[0].name, "Changed elsewhere");
+  EXPECT_EQ(studies[1].duration, 55);
+}
+
+TEST_F(Window, StudiesAreFoundSortedAndDeleted) {
+  Open();
+  for (const char* name : {"Bravo", "alpha", "Charlie"}) {
+    StartStudy();
+    user_.Fill("studyName", name);
+    user_.Press(Qt::Key_S, Qt::ControlModifier);
+    user_.Press(Qt::Key_W, Qt::ControlModifier);
+  }
+  const QAbstractItemModel& shown = *window_->List().View().model();
+  const auto name = [&](int row) { return shown.index(row, StudyTable::kName).data().toString(); };
+  window_->List().View().sortByColumn(StudyTable::kName, Qt::AscendingOrder);
+  EXPECT_EQ(name(0) + name(1) + name(2), "alphaBravoCharlie");
+  user_.Press(Qt::Key_F, Qt::ControlModifier);
+  user_.Type("downtown CHAR");
+  ASSERT_EQ(shown.rowCount(), 1);
+  EXPECT_EQ(name(0), "Charlie");
+  window_->List().SelectStudy(3);
+  user_.Press(Qt::Key_Delete, Qt::ControlModifier);  // in the box it deletes words
+  EXPECT_EQ(program_->Store().List().size(), 3U);
+  window_->OpenStudy(3);
+  qobject_cast<QTabWidget*>(window_->centralWidget())->setCurrentIndex(0);
+  window_->List().View().setFocus();
+  user_.During([this] { user_.Press(Qt::Key_Delete, Qt::ControlModifier); },
+               [](QWidget& question) {
+                 const QString text = qobject_cast<QMessageBox*>(&question)->text();
+                 EXPECT_TRUE(text.contains("\"Charlie\"") && text.contains("open in an editor"));
+                 PressButton(question, "Delete");
+               });
+  EXPECT_EQ(program_->Store().List().size(), 2U);
+  EXPECT_EQ(qobject_cast<QTabWidget*>(window_->centralWidget())->count(), 1);
+}
+
+TEST_F(Window, SettingsAndScenariosAreChangedInTheirDialogs) {
+  Open();
+  const auto trigger = [this](const QString& text) {
+    for (auto* action : window_->findChildren<QAction*>()) {
+      if (action->text().remove('&') == text) return action->trigger();
+    }
+    FAIL() << "no action " << text.toStdString();
+  };
+  user_.During([&] { trigger("Settings..."); },
+               [&](QWidget&) {
+                 user_.Fill("applicationTitle", "Network Studies");
+                 user_.Fill("phoneNumberMask", "###-####");
+                 user_.Press(Qt::Key_Return);
+               });
+  EXPECT_EQ(window_->windowTitle(), "Network Studies");
+  EXPECT_EQ(program_->Settings().General(host::kPhoneNumberMask), "###-####");
+
+  program_->Store().AddScenario("Downtown");
+  window_->NewStudy("HOM Study");
+  user_.Choose("fdocCBScenario", "Downtown");
+  user_.During([&] { trigger("Scenarios..."); },
+               [&](QWidget& dialog) {
+                 user_.During([&] { PressButton(dialog, "Rename..."); },
+                              [&](QWidget&) {
+                                user_.Press(Qt::Key_A, Qt::ControlModifier);
+                                user_.Type("Harbour");
+                                user_.Press(Qt::Key_Return);
+                              });
+                 PressButton(dialog, "Close");
+               });
+  EXPECT_EQ(program_->Store().Scenarios()[0].name, "Harbour");
+  EXPECT_EQ(qobject_cast<QComboBox*>(user_.Find("fdocCBScenario"))->currentText(), "Harbour");
+}
+
+TEST_F(Window, AFailingButtonOfAPageIsTold) {
+  Open();
+  StartStudy();
+  QString told;
+  user_.During([this] { user_.Click("cmdNewScenario"); }, {[this](QWidget&) {
+                                                             user_.Type("downtown");
+                                                             user_.Press(Qt::Key_Return);
+                                                           },
+                                                           [&](QWidget& message) {
+                                                             told =
+                                                                 qobject_cast<QMessageBox*>(&message)->text();
+                                                             user_.Press(Qt::Key_Return);
+                                                           }});
+  EXPECT_EQ(told, "There is already a scenario named \"downtown\". Choose another name.");
+}
+
+}  // namespace
+}  // namespace kiv::client
+
+int main(int argc, char** argv) {
+  ::testing::InitGoogleTest(&argc, argv);
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const kiv::test::TempFolder settings;  // Qt asks once in a process where settings are
+  qputenv("XDG_CONFIG_HOME", settings.Path().c_str());
+  const kiv::client::Application application(argc, argv);
+  return RUN_ALL_TESTS();
+}
