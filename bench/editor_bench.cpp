@@ -17,7 +17,7 @@
 namespace kiv::bench {
 namespace {
 
-using client::Study;
+using store::Study;
 
 /// Milliseconds from making a window's contents to the end of its first paint.
 double TimeToFirstPaint(const std::function<QWidget*()>& make) {
@@ -29,9 +29,9 @@ double TimeToFirstPaint(const std::function<QWidget*()>& make) {
          });
 }
 
-Study StoreStudy(client::StudyStore& store, const std::string& kind, const std::string& folder,
-                 const std::string& file) {
-  Study study = store.New(kind);
+store::Study StoreStudy(store::StudyStore& store, const std::string& kind, const std::string& folder,
+                        const std::string& file) {
+  store::Study study = store.New(kind);
   study.name = "Downtown";
   study.record->SetScenarioID(store.Scenarios().front().id);
   study.record->SetDuration(30);
@@ -48,14 +48,15 @@ Study StoreStudy(client::StudyStore& store, const std::string& kind, const std::
 }
 
 /// Measures both by turns and prints the ratio.
-void Compare(client::Program& program, const Study& study, const std::function<QWidget*()>& makePlain) {
+void Compare(client::Program& program, const store::Study& study,
+             const std::function<QWidget*()>& makePlain) {
   constexpr int kRounds = 201;
   std::vector<double> plain;
   std::vector<double> ours;
   for (int round = 0; round < kRounds; ++round) {
     plain.push_back(TimeToFirstPaint(makePlain));
     ours.push_back(TimeToFirstPaint([&]() -> QWidget* {
-      auto session = std::make_unique<client::StudySession>(program.Store(), study);
+      auto session = std::make_unique<session::StudySession>(program.Store(), study);
       return new client::EditorView(program, std::move(session));
     }));
   }
@@ -83,8 +84,8 @@ int Measure(int argc, char** argv) {
   const Kind kinds[] = {{"HOM Study", "h$YY$MM$DD$HH$MI", ".hom", MakePlainHomForm},
                         {"PLM Study", "p$YY$MM$DD$HH$MI", ".plm", MakePlainPlmForm}};
   for (const Kind& kind : kinds) {
-    const Study study = StoreStudy(program.Store(), kind.name, folder.path().toStdString(),
-                                   (kind.file + kind.extension).toStdString());
+    const store::Study study = StoreStudy(program.Store(), kind.name, folder.path().toStdString(),
+                                          (kind.file + kind.extension).toStdString());
     Compare(program, study, [&] {
       return kind.makePlain({"Downtown", {"Downtown"}, folder.path(), kind.file, kind.extension, "30"});
     });

@@ -25,7 +25,7 @@ constexpr int kLayoutBeforeHistory = 6;
 
 std::vector<double> Saves(const std::shared_ptr<database::Connection>& connection) {
   test::TestStore store(connection);
-  client::Study study = store->New(std::string(kVcsStudy));
+  store::Study study = store->New(std::string(kVcsStudy));
   study.name = "Downtown";
   FillVcsaStudy(*study.record->SubRecordAs<CKivVcsData>(), kCells);
   store->Save(study, "bench");

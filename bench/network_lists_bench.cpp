@@ -164,14 +164,14 @@ class NetworkTree : public Candidate {
       : connection_(std::move(connection)) {}
   QWidget& Make() override {
     tree_ = std::make_unique<client::EntityTree>(drag_);
-    tree_->SetEntities(client::NetworkEntities::Load(*connection_));
+    tree_->SetEntities(store::NetworkEntities::Load(*connection_));
     return *tree_;
   }
   QAbstractItemView& View() override { return tree_->View(); }
   void Sort(int column, Qt::SortOrder order) override { tree_->View().sortByColumn(column, order); }
   int Search() override {
     tree_->findChild<QLineEdit*>(QStringLiteral("networkSearch"))->setText(QLatin1String(kWords));
-    return static_cast<int>(tree_->Model().ShownCount(client::EntityKind::Cell));
+    return static_cast<int>(tree_->Model().ShownCount(store::EntityKind::Cell));
   }
 
  private:
@@ -293,7 +293,7 @@ int Run() {
   const auto open = [&] { return database::OpenStudyDatabase(file, database::OpenMode::CreateIfMissing); };
   MeasureAlone([&] {
     samples::WriteNetwork({.systems = 8, .ecps = 400, .cells = kCells}, network);
-    client::ImportNetwork(*open(), network);
+    store::ImportNetwork(*open(), network);
     return Measured();
   });
   PrintContest("Tree of 100,000 cells, read from SQLite",

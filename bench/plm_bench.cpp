@@ -22,8 +22,8 @@ constexpr int kRounds = 31;
 constexpr std::int32_t kModes[] = {2, 3, 5, 6};
 constexpr std::int32_t kChannels = 1999;
 
-client::Study StoreStudy(client::StudyStore& store) {
-  client::Study study = store.New("PLM Study");
+store::Study StoreStudy(store::StudyStore& store) {
+  store::Study study = store.New("PLM Study");
   study.name = "All channels";
   CKivPlmData& data = *study.record->PlmData();
   data.Initialize(0, "/data", "p$YY$MM$DD$HH$MI.plm", "data");
@@ -52,8 +52,8 @@ int Measure() {
   client::Program program;
   program.Start({});
   program.OpenDatabase(file, client::Program::WhenMissing::Create);
-  client::StudyStore& store = program.Store();
-  client::Study study = StoreStudy(store);
+  store::StudyStore& store = program.Store();
+  store::Study study = StoreStudy(store);
   const std::int32_t id = study.record->ID();
   sqlite3* plainDatabase = OpenPlain(file.c_str());
 

@@ -89,7 +89,7 @@ class Subject {
 
   std::shared_ptr<RecordingConnection> connection_;
   test::TestStore store_;
-  client::Study study_;
+  store::Study study_;
   Texts saving_;
   Texts loading_;
 };

@@ -85,7 +85,8 @@ void FillDatabase(const std::string& name) {
       numbers + std::to_string(kStudies) +
       ") INSERT INTO kiv_study (kind, name, scenario_id, duration, polling_interval, retrieve_delay, "
       "revision, "
-      "modified_by, modified_at) SELECT CASE i % 2 WHEN 0 THEN 'HOM Study' ELSE 'PLM Study' END, "
+      "modified_by, modified_at) SELECT CASE i % 2 WHEN 0 THEN 'HOM store::Study' ELSE 'PLM store::Study' "
+      "END, "
       "'Handoffs of cluster ' || (i * 7919 % 100000), 1 + i % 200, 10 + i % 1400, -1, -1, 1, "
       "'user' || (i % 30), '2026-0' || (1 + i % 9) || '-1' || (i % 7) || 'T0' || (i % 8) || ':05:00Z' FROM "
       "n");

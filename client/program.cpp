@@ -74,7 +74,7 @@ class Program::Scenarios : public host::DocumentLibrary {
 };
 
 Program::Program()
-    : errors_(std::make_shared<ErrorLog>()),
+    : errors_(std::make_shared<store::ErrorLog>()),
       settings_(std::make_shared<UserSettings>()),
       drag_(std::make_shared<EntityDrag>()),
       session_(std::make_shared<LoginSession>()) {}
@@ -93,7 +93,7 @@ void Program::Start(UserInterface userInterface) {
   host::InstallServices(
       {.openDatabase = [this] { return connection_; },
        .errorReporter = errors_,
-       .messageBox = std::move(userInterface.messageBox),
+       .messageBoxes = std::move(userInterface.messageBoxes),
        .settings = settings_,
        .session = session_,
        .documents = std::make_shared<Scenarios>(*this, std::move(userInterface.askForScenarioName)),
@@ -112,7 +112,7 @@ std::shared_ptr<database::SqlConnection> Program::Connect(const std::string& pat
 void Program::Use(std::shared_ptr<database::SqlConnection> connection) {
   connection_ = std::move(connection);
   MSQL::ReleaseDatabase();
-  store_ = std::make_unique<StudyStore>(connection_, errors_);
+  store_ = std::make_unique<store::StudyStore>(connection_, errors_);
 }
 
 void Program::OpenDatabase(const std::string& path, WhenMissing whenMissing) {
@@ -123,7 +123,7 @@ bool Program::HasOlderLayout() const {
   return database::SchemaVersion(*connection_) < database::NewestSchemaVersion();
 }
 
-StudyStore& Program::Store() const {
+store::StudyStore& Program::Store() const {
   if (!store_) throw Error(ErrorNumber::ObjectNotSet, "No study database is open.");
   return *store_;
 }

@@ -16,13 +16,13 @@ namespace kiv::client {
 
 /// What differs between the window and the command line.
 struct UserInterface {
-  std::shared_ptr<host::MessageBox> messageBox;
+  std::shared_ptr<host::MessageBoxes> messageBoxes;
   std::shared_ptr<host::FolderChooser> folderChooser;
   std::shared_ptr<host::Beeper> beeper;
   /// Asks for the name of a new scenario; nothing when the user changed his mind.
   std::function<std::optional<std::string>()> askForScenarioName;
   /// Tells the user of a failure that nobody else tells.
-  ErrorLog::Teller tellFailure;
+  store::ErrorLog::Teller tellFailure;
 };
 
 /// The program as a host of the library: its database, its settings and the services that the library needs.
@@ -50,7 +50,7 @@ class Program {
   bool IsReadOnly() const { return connection_ && connection_->ReadOnly(); }
   bool HasDatabase() const { return store_ != nullptr; }
   /// Raises error 91 when no database is open.
-  StudyStore& Store() const;
+  store::StudyStore& Store() const;
 
   UserSettings& Settings() { return *settings_; }
   /// What is being dragged out of the configuration entity tree.
@@ -66,12 +66,12 @@ class Program {
  private:
   class Scenarios;
 
-  std::shared_ptr<ErrorLog> errors_;
+  std::shared_ptr<store::ErrorLog> errors_;
   std::shared_ptr<UserSettings> settings_;
   std::shared_ptr<EntityDrag> drag_;
   std::shared_ptr<host::Session> session_;
   std::shared_ptr<database::SqlConnection> connection_;
-  std::unique_ptr<StudyStore> store_;
+  std::unique_ptr<store::StudyStore> store_;
 };
 
 }  // namespace kiv::client

@@ -50,7 +50,7 @@ bool CheckList::Enforce() const {
 }
 
 void Tell(const Problem& problem) {
-  host::MessageBox& messages = host::TheMessageBox();
+  host::MessageBoxes& messages = host::TheMessageBoxes();
   messages.Show(problem.message, problem.style, messages.ApplicationTitle());
   if (problem.control) problem.control->SetFocus();
 }

@@ -15,7 +15,7 @@ namespace {
 enum MenuItem : std::size_t { kRemove, kRemoveAll, kSelectAll };
 
 void Refuse(const std::string& text) {
-  host::MessageBox& messages = host::TheMessageBox();
+  host::MessageBoxes& messages = host::TheMessageBoxes();
   messages.Show(text, host::MessageStyle::Critical, messages.ApplicationTitle());
 }
 

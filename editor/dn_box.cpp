@@ -2,9 +2,9 @@
 
 #include <utility>
 
+#include "base/flag_guard.h"
 #include "base/utf16.h"
 #include "core/kiv_study_ctls.h"
-#include "editor/flag_guard.h"
 #include "host/constants.h"
 #include "host/services.h"
 
@@ -62,7 +62,7 @@ std::string XDnBox::Problem() const {
 bool XDnBox::IsValid(const std::string& title) {
   const std::string problem = Problem();
   if (problem.empty()) return true;
-  host::TheMessageBox().Show(problem, host::MessageStyle::Critical, title);
+  host::TheMessageBoxes().Show(problem, host::MessageStyle::Critical, title);
   edit.SetFocus();
   return false;
 }

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "base/error.h"
+#include "base/flag_guard.h"
 #include "core/study_data.h"
 #include "editor/check_list.h"
 #include "editor/dyna_tab_control.h"
-#include "editor/flag_guard.h"
 #include "ui/control.h"
 #include "ui/layout.h"
 

@@ -32,7 +32,7 @@ struct PrintingDatabase : host::Database {
   bool FieldToBoolean(const Variant& field) const override { return host::RenderedAsTrue(field); }
 };
 
-struct ConsoleMessages : host::MessageBox, host::ErrorReporter {
+struct ConsoleMessages : host::MessageBoxes, host::ErrorReporter {
   void Show(const std::string& text, host::MessageStyle, const std::string&) override {
     std::cout << text << '\n';
   }
@@ -93,7 +93,7 @@ int main() {
   const auto messages = std::make_shared<ConsoleMessages>();
   host::InstallServices({.openDatabase = [] { return std::make_shared<PrintingDatabase>(); },
                          .errorReporter = messages,
-                         .messageBox = messages,
+                         .messageBoxes = messages,
                          .settings = std::make_shared<NothingRemembered>(),
                          .session = std::make_shared<Operator>(),
                          .documents = std::make_shared<OneScenario>(),

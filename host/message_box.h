@@ -8,9 +8,9 @@ namespace kiv::host {
 enum class MessageStyle : int { Critical = 16, Warning = 48 };
 
 /// Messages to the user, with an OK button.
-class MessageBox {
+class MessageBoxes {
  public:
-  virtual ~MessageBox() = default;
+  virtual ~MessageBoxes() = default;
 
   /// Returns when the user has read the message.
   virtual void Show(const std::string& text, MessageStyle style, const std::string& title) = 0;

@@ -31,8 +31,8 @@ const Services& InstalledServices() {
 ErrorReporter& TheErrorReporter() {
   return Required(Slot().errorReporter, "error reporter");
 }
-MessageBox& TheMessageBox() {
-  return Required(Slot().messageBox, "message box");
+MessageBoxes& TheMessageBoxes() {
+  return Required(Slot().messageBoxes, "message box");
 }
 Settings& TheSettings() {
   return Required(Slot().settings, "settings");

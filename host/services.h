@@ -19,7 +19,7 @@ namespace kiv::host {
 struct Services {
   std::function<std::shared_ptr<Database>()> openDatabase;  ///< called once, on first use
   std::shared_ptr<ErrorReporter> errorReporter;
-  std::shared_ptr<MessageBox> messageBox;
+  std::shared_ptr<MessageBoxes> messageBoxes;
   std::shared_ptr<Settings> settings;
   std::shared_ptr<Session> session;
   std::shared_ptr<DocumentLibrary> documents;
@@ -36,7 +36,7 @@ const Services& InstalledServices();
 
 /// Access to one service. Each raises error 91 when the host has not given it.
 ErrorReporter& TheErrorReporter();
-MessageBox& TheMessageBox();
+MessageBoxes& TheMessageBoxes();
 Settings& TheSettings();
 Session& TheSession();
 DocumentLibrary& TheDocuments();

@@ -187,8 +187,8 @@ void XKivPlmCdma::StoreDetails(CKivPlmMode& mode) const {
 
 bool XKivPlmCdma::MayCheckMore() {
   if (CheckedCount() <= kMostModes) return true;
-  host::TheMessageBox().Show("Only two CDMA modes are allowed for one study.", host::MessageStyle::Critical,
-                             Study()->EditorName() + " Editor");
+  host::TheMessageBoxes().Show("Only two CDMA modes are allowed for one study.", host::MessageStyle::Critical,
+                               Study()->EditorName() + " Editor");
   return false;
 }
 

@@ -183,7 +183,7 @@ void DistributionPanel::CheckDefaults() const {
                                    : numbers.total.value_or(0) > kMostChannels ? wording_.totalTooLarge
                                                                                : std::string_view();
   if (message.empty()) return;
-  host::MessageBox& messages = host::TheMessageBox();
+  host::MessageBoxes& messages = host::TheMessageBoxes();
   messages.Show(ModeName(Number()) + std::string(message), host::MessageStyle::Critical,
                 messages.ApplicationTitle());
 }

@@ -9,10 +9,10 @@
 
 namespace kiv::qt {
 
-MessageBox::MessageBox(std::function<std::string()> applicationTitle)
+MessageBoxes::MessageBoxes(std::function<std::string()> applicationTitle)
     : applicationTitle_(std::move(applicationTitle)) {}
 
-void MessageBox::Show(const std::string& text, host::MessageStyle style, const std::string& title) {
+void MessageBoxes::Show(const std::string& text, host::MessageStyle style, const std::string& title) {
   const auto icon = style == host::MessageStyle::Critical ? QMessageBox::Critical : QMessageBox::Warning;
   // The window below may be closed, with its box, while the message is shown.
   const QPointer<QMessageBox> box =

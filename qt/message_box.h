@@ -8,10 +8,10 @@
 namespace kiv::qt {
 
 /// Messages as modal boxes over the active window.
-class MessageBox : public host::MessageBox {
+class MessageBoxes : public host::MessageBoxes {
  public:
   /// `applicationTitle` is asked for each message.
-  explicit MessageBox(std::function<std::string()> applicationTitle);
+  explicit MessageBoxes(std::function<std::string()> applicationTitle);
 
   void Show(const std::string& text, host::MessageStyle style, const std::string& title) override;
   std::string ApplicationTitle() const override { return applicationTitle_(); }

@@ -15,7 +15,7 @@ namespace kiv::samples {
 
 namespace {
 
-using client::NetworkTableId;
+using store::NetworkTableId;
 
 constexpr std::array<std::string_view, 8> kSystemNames = {"Northgate", "Riverside", "Lakeland",  "Eastmoor",
                                                           "Westfield", "Highlands", "Southport", "Midvale"};
@@ -59,9 +59,9 @@ class CsvFile {
  public:
   using Value = std::variant<std::int32_t, std::string>;
 
-  CsvFile(const std::string& folder, const client::NetworkTable& table)
-      : path_(std::filesystem::path(folder) / client::FileNameOf(table)), out_(path_, std::ios::binary) {
-    for (const client::NetworkColumn& column : table.columns) Add(std::string(column.name));
+  CsvFile(const std::string& folder, const store::NetworkTable& table)
+      : path_(std::filesystem::path(folder) / store::FileNameOf(table)), out_(path_, std::ios::binary) {
+    for (const store::NetworkColumn& column : table.columns) Add(std::string(column.name));
     EndLine();
   }
 
@@ -109,8 +109,8 @@ struct Place {
 class NetworkMaker {
  public:
   NetworkMaker(const NetworkSize& size, const std::string& folder) : size_(size), dice_(size.seed) {
-    files_.reserve(client::kNetworkTableCount);
-    for (const client::NetworkTable& table : client::NetworkTables()) files_.emplace_back(folder, table);
+    files_.reserve(store::kNetworkTableCount);
+    for (const store::NetworkTable& table : store::NetworkTables()) files_.emplace_back(folder, table);
   }
 
   void Make() {
@@ -120,8 +120,8 @@ class NetworkMaker {
     for (std::int32_t system = 1; system <= size_.systems; ++system) {
       const std::int32_t instance = nextEntity_++;
       const std::string name(kSystemNames[static_cast<std::size_t>(system - 1) % kSystemNames.size()]);
-      File(NetworkTableId::Entities)
-          .AddLine({instance, std::string(client::kSystemKind), "", system, "", "", name, ""});
+      File(store::NetworkTableId::Entities)
+          .AddLine({instance, std::string(store::kSystemKind), "", system, "", "", name, ""});
       const std::int32_t ecps = Share(size_.ecps, size_.systems, system - 1);
       for (std::int32_t ecp = 1; ecp <= ecps; ++ecp) AddEcp({system, ecp, 0}, instance, ecpsDone++);
     }
@@ -134,19 +134,19 @@ class NetworkMaker {
     return all / among + (index < all % among ? 1 : 0);
   }
 
-  CsvFile& File(NetworkTableId id) { return files_[static_cast<std::size_t>(id)]; }
+  CsvFile& File(store::NetworkTableId id) { return files_[static_cast<std::size_t>(id)]; }
 
   void AddEcp(const Place& place, std::int32_t systemInstance, std::int32_t index) {
     const std::int32_t instance = nextEntity_++;
     const std::string name(kTowns[static_cast<std::size_t>(index) % kTowns.size()]);
-    File(NetworkTableId::Entities)
+    File(store::NetworkTableId::Entities)
         .AddLine(
-            {instance, std::string(client::kEcpKind), systemInstance, place.system, place.ecp, "", name, ""});
+            {instance, std::string(store::kEcpKind), systemInstance, place.system, place.ecp, "", name, ""});
     AddFeatures(place, instance, index);
     for (std::int32_t cgsa = 1; cgsa <= kCgsasOfEcp; ++cgsa) {
       const std::int32_t carriers = 2 + dice_.Roll(3);
       for (std::int32_t carrier = 1; carrier <= carriers; ++carrier) {
-        File(NetworkTableId::CgsaCarriers).AddLine({carrier, place.system, place.ecp, cgsa});
+        File(store::NetworkTableId::CgsaCarriers).AddLine({carrier, place.system, place.ecp, cgsa});
       }
     }
     Place cell = place;
@@ -172,7 +172,7 @@ class NetworkMaker {
     const std::string f430 = any();
     const std::string f545 = any();
     const std::string f559 = any();
-    File(NetworkTableId::Features)
+    File(store::NetworkTableId::Features)
         .AddLine({instance, host, f121, flag(which != kNoTrace), f276, f297, f368, f430,
                   flag(which == kManyNumbers), f545, f559});
   }
@@ -182,13 +182,13 @@ class NetworkMaker {
     name += " " + std::string(dice_.Pick(kStreets));
     name += dice_.Pick(kSides);
     const std::string technology(dice_.Pick(kTechnologies));
-    File(NetworkTableId::Entities)
-        .AddLine({nextEntity_++, std::string(client::kCellKind), ecpInstance, place.system, place.ecp,
+    File(store::NetworkTableId::Entities)
+        .AddLine({nextEntity_++, std::string(store::kCellKind), ecpInstance, place.system, place.ecp,
                   place.cell, name, technology});
     const std::string key =
         std::to_string(place.system) + "-" + std::to_string(place.ecp) + "-" + std::to_string(place.cell);
-    File(NetworkTableId::Contexts).AddLine({1, key, systemInstance});
-    File(NetworkTableId::Contexts).AddLine({client::kOwnerContext, key, ecpInstance});
+    File(store::NetworkTableId::Contexts).AddLine({1, key, systemInstance});
+    File(store::NetworkTableId::Contexts).AddLine({store::kOwnerContext, key, ecpInstance});
     AddAntennas(place);
     if (technology.find("CDMA") != std::string::npos) AddCarriers(place);
   }
@@ -197,20 +197,21 @@ class NetworkMaker {
     const std::int32_t antennas = 3 + dice_.Roll(4);
     for (std::int32_t antenna = 1; antenna <= antennas; ++antenna) {
       const std::int32_t instance = dice_.OneIn(20) ? 0 : nextAntenna_++;  // some were never registered
-      File(NetworkTableId::Antennas)
+      File(store::NetworkTableId::Antennas)
           .AddLine({instance, place.system, place.ecp, place.cell, antenna, dice_.OneIn(12) ? "n" : "y"});
     }
   }
 
   void AddCarriers(const Place& place) {
     const std::int32_t cgsa = 1 + dice_.Roll(kCgsasOfEcp);
-    File(NetworkTableId::CgsaCells).AddLine({place.system, place.ecp, cgsa, place.cell});
+    File(store::NetworkTableId::CgsaCells).AddLine({place.system, place.ecp, cgsa, place.cell});
     if (dice_.OneIn(3)) return;  // it has the carriers of its CGSA
     const std::int32_t carriers = 1 + dice_.Roll(3);
     std::int32_t key = 0;
     for (std::int32_t carrier = 1; carrier <= carriers; ++carrier) {
       for (std::int32_t channels = 2 + dice_.Roll(3); channels > 0; --channels) {
-        File(NetworkTableId::CarrierChannels).AddLine({carrier, place.system, place.ecp, place.cell, ++key});
+        File(store::NetworkTableId::CarrierChannels)
+            .AddLine({carrier, place.system, place.ecp, place.cell, ++key});
       }
     }
   }

@@ -1,6 +1,6 @@
 #include "session/scenario_strip.h"
 
-namespace kiv::client {
+namespace kiv::session {
 
 ScenarioStrip::ScenarioStrip()
     : Tab("ScenarioStrip", "Scenario"),
@@ -25,4 +25,4 @@ ui::LayoutItem ScenarioStrip::Layout() {
   return Form({Field("S&cenario:", {Single(fdocCBScenario), Single(cmdNewScenario)})});
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::session

@@ -4,7 +4,7 @@
 #include "editor/tab.h"
 #include "ui/buttons.h"
 
-namespace kiv::client {
+namespace kiv::session {
 
 /// The scenario of a study whose own tabs do not ask for it: a tab without a page, shown above the pages.
 class ScenarioStrip : public Tab {
@@ -23,4 +23,4 @@ class ScenarioStrip : public Tab {
   void ShowStoredStudy() override;
 };
 
-}  // namespace kiv::client
+}  // namespace kiv::session

@@ -12,7 +12,7 @@
 #include "store/exchange/study_files.h"
 #include "store/exchange/study_json.h"
 
-namespace kiv::client {
+namespace kiv::session {
 
 namespace {
 
@@ -20,7 +20,7 @@ namespace {
 /// while this lives.
 class PlannedScenarios {
  public:
-  explicit PlannedScenarios(const StudyStore& store)
+  explicit PlannedScenarios(const store::StudyStore& store)
       : store_(store), before_(host::InstalledServices()), documents_(std::make_shared<Library>()) {
     documents_->inner = before_.documents;
     documents_->all = store.Scenarios();
@@ -62,7 +62,7 @@ class PlannedScenarios {
     }
   };
 
-  const StudyStore& store_;
+  const store::StudyStore& store_;
   host::Services before_;
   std::shared_ptr<Library> documents_;
   std::vector<std::string> names_;
@@ -70,7 +70,7 @@ class PlannedScenarios {
 
 struct CheckedFiles {
   StudyImportReport report;
-  std::vector<NamedStudy> studies;
+  std::vector<store::NamedStudy> studies;
 };
 
 /// What the editor writes for a box that is checked or not; a new study may have nothing yet.
@@ -79,7 +79,8 @@ bool IsChoice(const Variant& value) {
 }
 
 /// The tabs work on the record that they are given, so it is one that nobody stores.
-std::vector<std::string> ProblemsOfStored(StudyStore& store, Study study, std::int32_t scenario) {
+std::vector<std::string> ProblemsOfStored(store::StudyStore& store, store::Study study,
+                                          std::int32_t scenario) {
   study.record->SetScenarioID(scenario);
   study.record->SetIsNew(false);  // it is shown as it is, without what a new one is proposed
   const auto record = study.record;
@@ -97,23 +98,23 @@ std::vector<std::string> ProblemsOfStored(StudyStore& store, Study study, std::i
   return texts;
 }
 
-void CheckFile(StudyStore& store, const std::string& file, PlannedScenarios& scenarios,
+void CheckFile(store::StudyStore& store, const std::string& file, PlannedScenarios& scenarios,
                CheckedFiles& checked) {
   StudyImportReport& report = checked.report;
   std::string text;
   try {
-    text = ReadStudyFile(file);
-  } catch (const StoreError& error) {
+    text = store::ReadStudyFile(file);
+  } catch (const store::StoreError& error) {
     report.problems.push_back({file, {}, error.what()});
     return;
   }
-  ExportContent content = ReadExport(text);
-  for (TextProblem& problem : content.problems) {
+  store::ExportContent content = store::ReadExport(text);
+  for (store::TextProblem& problem : content.problems) {
     report.problems.push_back({file, std::move(problem.study), std::move(problem.reason)});
   }
-  ExportContent toStore = ReadExport(text);
+  store::ExportContent toStore = store::ReadExport(text);
   for (std::size_t i = 0; i < content.studies.size(); ++i) {
-    NamedStudy& named = content.studies[i];
+    store::NamedStudy& named = content.studies[i];
     report.studies.push_back({file, named.study.record->AppName(), named.study.name, 0});
     for (std::string& problem :
          ProblemsOfStored(store, std::move(named.study), scenarios.Find(named.scenario))) {
@@ -123,7 +124,7 @@ void CheckFile(StudyStore& store, const std::string& file, PlannedScenarios& sce
   }
 }
 
-CheckedFiles Check(StudyStore& store, const std::vector<std::string>& files) {
+CheckedFiles Check(store::StudyStore& store, const std::vector<std::string>& files) {
   PlannedScenarios scenarios(store);
   CheckedFiles checked;
   for (const std::string& file : files) CheckFile(store, file, scenarios, checked);
@@ -135,11 +136,11 @@ CheckedFiles Check(StudyStore& store, const std::vector<std::string>& files) {
 
 }  // namespace
 
-StudyImportReport CheckStudies(StudyStore& store, const std::vector<std::string>& files) {
+StudyImportReport CheckStudies(store::StudyStore& store, const std::vector<std::string>& files) {
   return Check(store, files).report;
 }
 
-StudyImportReport ImportStudies(StudyStore& store, const std::vector<std::string>& files,
+StudyImportReport ImportStudies(store::StudyStore& store, const std::vector<std::string>& files,
                                 const std::string& user) {
   CheckedFiles checked = Check(store, files);
   StudyImportReport& report = checked.report;
@@ -152,4 +153,4 @@ StudyImportReport ImportStudies(StudyStore& store, const std::vector<std::string
   return report;
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::session

@@ -6,7 +6,7 @@
 
 #include "store/studies/study_store.h"
 
-namespace kiv::client {
+namespace kiv::session {
 
 /// What is wrong with a study of a file, or with the file as a whole.
 struct ImportProblem {
@@ -32,11 +32,11 @@ struct StudyImportReport {
 };
 
 /// Checks every study by the rules of its editor and stores nothing.
-StudyImportReport CheckStudies(StudyStore& store, const std::vector<std::string>& files);
+StudyImportReport CheckStudies(store::StudyStore& store, const std::vector<std::string>& files);
 
 /// Checks them and, when all are good, stores every one as a new study, all or none. A database that fails
 /// raises host::DatabaseError and has none of them.
-StudyImportReport ImportStudies(StudyStore& store, const std::vector<std::string>& files,
+StudyImportReport ImportStudies(store::StudyStore& store, const std::vector<std::string>& files,
                                 const std::string& user);
 
-}  // namespace kiv::client
+}  // namespace kiv::session

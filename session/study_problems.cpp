@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace kiv::client {
+namespace kiv::session {
 
 namespace {
 
@@ -20,8 +20,8 @@ std::string OneLine(std::string text) {
 
 std::vector<StudyProblem> ProblemsOf(const StudySession& session) {
   std::vector<StudyProblem> problems;
-  if (session.Data() == KindData::Missing)
-    problems.push_back({kWholeStudy, {}, MissingDataText(session.ID())});
+  if (session.Data() == store::KindData::Missing)
+    problems.push_back({kWholeStudy, {}, store::MissingDataText(session.ID())});
   if (const auto problem = session.NameProblem()) problems.push_back({kWholeStudy, "studyName", *problem});
   for (const Tab* tab : session.HeaderAndTabs()) {
     for (const Problem& problem : tab->Problems()) {
@@ -35,4 +35,4 @@ std::string ProblemText(const StudyProblem& problem) {
   return problem.tab + ": " + problem.message;
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::session

@@ -6,7 +6,7 @@
 #include "host/message_box.h"
 #include "session/study_session.h"
 
-namespace kiv::client {
+namespace kiv::session {
 
 /// One thing that keeps a study from being saved.
 struct StudyProblem {
@@ -22,4 +22,4 @@ std::vector<StudyProblem> ProblemsOf(const StudySession& session);
 /// `Tab: message`
 std::string ProblemText(const StudyProblem& problem);
 
-}  // namespace kiv::client
+}  // namespace kiv::session

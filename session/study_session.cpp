@@ -8,7 +8,7 @@
 #include "host/editor_context.h"
 #include "session/scenario_strip.h"
 
-namespace kiv::client {
+namespace kiv::session {
 
 namespace {
 
@@ -19,7 +19,7 @@ std::optional<std::string> ProblemOfName(const std::string& name) {
 }
 
 void RequireName(const std::string& name) {
-  if (const auto problem = ProblemOfName(name)) throw StoreError(*problem);
+  if (const auto problem = ProblemOfName(name)) throw store::StoreError(*problem);
 }
 
 }  // namespace
@@ -45,10 +45,10 @@ class StudySession::Context : public host::EditorContext {
   StudySession* session_;
 };
 
-StudySession::StudySession(StudyStore& store, Study study)
+StudySession::StudySession(store::StudyStore& store, store::Study study)
     : store_(store), study_(std::move(study)), context_(std::make_shared<Context>(*this)) {
   const StudyEditor* editor = FindStudyEditor(Kind());
-  if (!editor) throw UnknownKind(Kind());
+  if (!editor) throw store::UnknownKind(Kind());
   if (IsNew() && study_.name.empty()) study_.name = "New " + Kind();
   if (editor->scenarioChoice == ScenarioChoice::ByHost) header_ = std::make_unique<ScenarioStrip>();
   tabs_ = editor->createTabs();
@@ -138,4 +138,4 @@ void StudySession::Reload() {
   SetModified(false);
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::session

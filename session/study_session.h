@@ -9,13 +9,13 @@
 #include "editor/tab.h"
 #include "store/studies/study_store.h"
 
-namespace kiv::client {
+namespace kiv::session {
 
 /// One study being edited: its record and its tabs, without any window.
 class StudySession {
  public:
   /// Makes the kind's tabs and fills them from the study.
-  StudySession(StudyStore& store, Study study);
+  StudySession(store::StudyStore& store, store::Study study);
   StudySession(const StudySession&) = delete;
   StudySession& operator=(const StudySession&) = delete;
   ~StudySession();
@@ -28,7 +28,7 @@ class StudySession {
   void SetName(const std::string& name);
   /// What is wrong with the name, if anything.
   std::optional<std::string> NameProblem() const;
-  KindData Data() const { return study_.kindData; }
+  store::KindData Data() const { return study_.kindData; }
   const CKivStudyData& Record() const { return *study_.record; }
   /// The pages of the editor.
   const std::vector<std::unique_ptr<Tab>>& Tabs() const { return tabs_; }
@@ -64,12 +64,12 @@ class StudySession {
   void TakeAsStored();
   void SetModified(bool modified);
 
-  StudyStore& store_;
-  Study study_;
+  store::StudyStore& store_;
+  store::Study study_;
   std::shared_ptr<Context> context_;
   std::unique_ptr<Tab> header_;
   std::vector<std::unique_ptr<Tab>> tabs_;
   bool modified_ = false;
 };
 
-}  // namespace kiv::client
+}  // namespace kiv::session

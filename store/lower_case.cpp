@@ -3,7 +3,7 @@
 #include <QString>
 #include <algorithm>
 
-namespace kiv::client {
+namespace kiv::store {
 
 std::string LowerCase(std::string_view text) {
   const bool ascii = std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
@@ -15,4 +15,4 @@ std::string LowerCase(std::string_view text) {
   return lowered;
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

@@ -2,7 +2,7 @@
 
 #include "database/statement_error.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 std::string FailureText(const std::exception& failure) {
   using database::FailureCause;
@@ -27,4 +27,4 @@ std::string FailureText(const std::exception& failure) {
   return failure.what();
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

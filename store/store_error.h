@@ -5,7 +5,7 @@
 
 #include "base/error.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 /// A request that the store refuses; the text is one message for the user.
 class StoreError : public Error {
@@ -45,4 +45,4 @@ class UnknownKind : public StoreError {
 /// One sentence or two for the user: what went wrong and what to do about it.
 std::string FailureText(const std::exception& failure);
 
-}  // namespace kiv::client
+}  // namespace kiv::store

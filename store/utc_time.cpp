@@ -2,7 +2,7 @@
 
 #include <ctime>
 
-namespace kiv::client {
+namespace kiv::store {
 
 std::string UtcNow() {
   const std::time_t now = std::time(nullptr);
@@ -13,4 +13,4 @@ std::string UtcNow() {
   return text;
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

@@ -7,7 +7,7 @@
 
 #include "store/store_error.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 std::string FileName(const std::filesystem::path& path) {
   const std::u8string name = path.filename().u8string();
@@ -28,4 +28,4 @@ std::string ReadWholeFile(const std::filesystem::path& path) {
   return bytes;
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

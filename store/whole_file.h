@@ -3,11 +3,11 @@
 #include <filesystem>
 #include <string>
 
-namespace kiv::client {
+namespace kiv::store {
 
 std::string FileName(const std::filesystem::path& path);
 
 /// The bytes of a file. Raises StoreError with the system's reason.
 std::string ReadWholeFile(const std::filesystem::path& path);
 
-}  // namespace kiv::client
+}  // namespace kiv::store

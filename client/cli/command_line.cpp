@@ -21,7 +21,7 @@ namespace kiv::client {
 namespace {
 
 /// Messages of the library when there is no window.
-class MessagesAsLines : public host::MessageBox {
+class MessagesAsLines : public host::MessageBoxes {
  public:
   explicit MessagesAsLines(std::ostream& err) : err_(err) {}
   void Show(const std::string& text, host::MessageStyle, const std::string&) override {
@@ -62,7 +62,7 @@ struct Options {
 int Init(Program& program, const Options& options, std::ostream& out) {
   program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Create);
   if (program.HasOlderLayout()) {
-    throw StoreError(
+    throw store::StoreError(
         "The study database " + program.Store().Database().Name() +
         " is write-protected and keeps its older layout; nothing was changed. Ask for permission "
         "to write the file, then run init again.");
@@ -81,19 +81,20 @@ int List(Program& program, const Options& options, std::ostream& out) {
 }
 
 int Show(Program& program, const Options& options, std::ostream& out) {
-  const Study study = program.Store().Load(options.id);
+  const store::Study study = program.Store().Load(options.id);
   PrintStudy(study, program.Store().Scenarios(), options.Format(), out);
   switch (study.kindData) {
-    case KindData::Complete: break;
-    case KindData::Missing: throw StoreError(MissingDataText(options.id));
-    case KindData::Unknown:
-      throw StoreError("This version of the program cannot show the data of the kind \"" +
-                       study.record->AppName() + "\".");
+    case store::KindData::Complete: break;
+    case store::KindData::Missing: throw store::StoreError(store::MissingDataText(options.id));
+    case store::KindData::Unknown:
+      throw store::StoreError("This version of the program cannot show the data of the kind \"" +
+                              study.record->AppName() + "\".");
   }
   return kOk;
 }
 
-int Report(const StudyImportReport& report, const Options& options, std::ostream& out, std::ostream& err) {
+int Report(const session::StudyImportReport& report, const Options& options, std::ostream& out,
+           std::ostream& err) {
   PrintStudyImport(report, options.Format(), out, err);
   return report.problems.empty() ? kOk : kRefused;
 }
@@ -102,9 +103,9 @@ int Report(const StudyImportReport& report, const Options& options, std::ostream
 int Validate(Program& program, const Options& options, std::ostream& out, std::ostream& err) {
   std::int32_t id = 0;
   if (!CLI::detail::lexical_cast(options.idOrFile, id)) {
-    return Report(CheckStudies(program.Store(), {options.idOrFile}), options, out, err);
+    return Report(session::CheckStudies(program.Store(), {options.idOrFile}), options, out, err);
   }
-  const StudySession session(program.Store(), program.Store().Load(id));
+  const session::StudySession session(program.Store(), program.Store().Load(id));
   return PrintProblems(session, options.Format(), out) == 0 ? kOk : kRefused;
 }
 
@@ -129,30 +130,30 @@ int Restore(Program& program, const Options& options, std::ostream& out) {
 }
 
 int Export(Program& program, const Options& options, std::ostream& out) {
-  const std::string text = ExportStudies(program.Store(), options.ids);
+  const std::string text = store::ExportStudies(program.Store(), options.ids);
   if (options.output == kStandardOutput) {
     out << text;
   } else {
-    WriteStudyFile(options.output, text);
+    store::WriteStudyFile(options.output, text);
   }
   return kOk;
 }
 
 int Import(Program& program, const Options& options, std::ostream& out, std::ostream& err) {
-  StudyStore& store = program.Store();
-  return Report(options.dryRun ? CheckStudies(store, options.files)
-                               : ImportStudies(store, options.files, program.UserName()),
+  store::StudyStore& store = program.Store();
+  return Report(options.dryRun ? session::CheckStudies(store, options.files)
+                               : session::ImportStudies(store, options.files, program.UserName()),
                 options, out, err);
 }
 
 int ImportNetworkFolder(Program& program, const Options& options, std::ostream& out, std::ostream& err) {
-  const ImportProgress progress = ProgressOnTerminal(err);
-  NetworkReport report;
+  const store::ImportProgress progress = ProgressOnTerminal(err);
+  store::NetworkReport report;
   if (options.dryRun) {
-    report = CheckNetwork(options.folder, progress);
+    report = store::CheckNetwork(options.folder, progress);
   } else {
     program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Refuse);
-    report = ImportNetwork(program.Store().Database(), options.folder, progress);
+    report = store::ImportNetwork(program.Store().Database(), options.folder, progress);
   }
   PrintNetworkReport(report, options.Format(), out, err);
   return report.badLines.empty() ? kOk : kRefused;
@@ -160,7 +161,7 @@ int ImportNetworkFolder(Program& program, const Options& options, std::ostream& 
 
 /// One message for each refusal.
 int Refuse(const std::exception& error, std::ostream& err) {
-  err << TerminalText(FailureText(error));
+  err << TerminalText(store::FailureText(error));
   const auto* notOpened = dynamic_cast<const database::OpenError*>(&error);
   if (notOpened && notOpened->CanBeCreated()) {
     err << " To do so: " << TerminalText(notOpened->CreateCommand());
@@ -262,7 +263,7 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
 
   try {
     Program program;
-    program.Start({.messageBox = std::make_shared<MessagesAsLines>(err),
+    program.Start({.messageBoxes = std::make_shared<MessagesAsLines>(err),
                    .folderChooser = nullptr,
                    .beeper = std::make_shared<Silence>(),
                    .askForScenarioName = nullptr,

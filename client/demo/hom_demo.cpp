@@ -61,7 +61,7 @@ void ReopenAndChange(const UserHand& user, MainWindow& window) {
 
 void PrintStoredRow(const Program& program, std::int32_t id) {
   const auto row = Rows(program, "SELECT * FROM KIV_HomStudy WHERE Id = " + std::to_string(id));
-  const Study study = program.Store().Load(id);
+  const store::Study study = program.Store().Load(id);
   std::cout << "The stored row of KIV_HomStudy:\n";
   for (const NamedValue& field : study.record->SubRecord()->StoredFields()) {
     std::cout << "  " << field.name << " = " << ToText(row->Field(field.name)) << '\n';

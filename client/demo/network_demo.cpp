@@ -13,7 +13,7 @@ void ShowNetworkImport(MainWindow& window, const UserHand& user) {
                 user.TakePicture("16-network-imported");
                 dialog.close();
               });
-  Expect(window.Network().Model().ShownCount(EntityKind::Ecp) == 12,
+  Expect(window.Network().Model().ShownCount(store::EntityKind::Ecp) == 12,
          "The ECPs and their cells are in the tree.");
 }
 

@@ -11,23 +11,24 @@ namespace kiv::client {
 
 namespace {
 
-using Kind = StudyDifference::Kind;
+using Kind = store::StudyDifference::Kind;
 
-Json JsonOf(const std::vector<StudyDifference>& differences) {
-  Json list = Json::array();
-  for (const StudyDifference& difference : differences) {
-    list.push_back({{"place", difference.place},
-                    {"change", ChangeWord(difference.kind)},
-                    {"before", difference.kind == Kind::Added ? Json() : Json(difference.before)},
-                    {"after", difference.kind == Kind::Removed ? Json() : Json(difference.after)}});
+store::Json JsonOf(const std::vector<store::StudyDifference>& differences) {
+  store::Json list = store::Json::array();
+  for (const store::StudyDifference& difference : differences) {
+    list.push_back(
+        {{"place", difference.place},
+         {"change", ChangeWord(difference.kind)},
+         {"before", difference.kind == Kind::Added ? store::Json() : store::Json(difference.before)},
+         {"after", difference.kind == Kind::Removed ? store::Json() : store::Json(difference.after)}});
   }
   return list;
 }
 
-Json JsonOf(const HistoryEntry& entry) {
+store::Json JsonOf(const store::HistoryEntry& entry) {
   return {{"id", entry.study},
           {"revision", entry.revision},
-          {"event", EventName(entry.event)},
+          {"event", store::EventName(entry.event)},
           {"changedBy", entry.changedBy},
           {"changedAt", entry.changedAt},
           {"kind", entry.kind},
@@ -50,13 +51,13 @@ std::string ChangeWord(Kind kind) {
   return {};
 }
 
-std::vector<HistoryStep> StepsOf(const StudyHistory& history, std::int32_t study) {
+std::vector<HistoryStep> StepsOf(const store::StudyHistory& history, std::int32_t study) {
   std::vector<HistoryStep> steps;
   std::string before;
-  for (HistoryEntry& entry : history.Entries(study)) {
+  for (store::HistoryEntry& entry : history.Entries(study)) {
     HistoryStep& step = steps.emplace_back();
     std::string after = history.Content(study, entry.revision);
-    if (!before.empty() && !after.empty()) step.differences = DifferencesBetween(before, after);
+    if (!before.empty() && !after.empty()) step.differences = store::DifferencesBetween(before, after);
     // What a deletion took is compared with what a restoration brings back.
     if (!after.empty()) before = std::move(after);
     step.entry = std::move(entry);
@@ -64,7 +65,7 @@ std::vector<HistoryStep> StepsOf(const StudyHistory& history, std::int32_t study
   return steps;
 }
 
-std::string DifferenceText(const StudyDifference& difference) {
+std::string DifferenceText(const store::StudyDifference& difference) {
   switch (difference.kind) {
     case Kind::Changed: return ValueText(difference.before) + " -> " + ValueText(difference.after);
     case Kind::Added: return "added: " + difference.after;
@@ -74,46 +75,47 @@ std::string DifferenceText(const StudyDifference& difference) {
 }
 
 void PrintHistory(const std::vector<HistoryStep>& steps, OutputFormat format, std::ostream& out) {
-  Json list = Json::array();
+  store::Json list = store::Json::array();
   std::vector<std::vector<std::string>> lines = {{"REVISION", "WHEN", "WHO", "WHAT", "CHANGED"}};
   for (const HistoryStep& step : steps) {
-    const HistoryEntry& entry = step.entry;
+    const store::HistoryEntry& entry = step.entry;
     list.push_back(JsonOf(entry));
     list.back()["changes"] = JsonOf(step.differences);
-    lines.push_back({std::to_string(entry.revision), LocalTimeText(entry.changedAt), entry.changedBy,
-                     std::string(EventName(entry.event)), SummaryOf(step.differences)});
+    lines.push_back({std::to_string(entry.revision), store::LocalTimeText(entry.changedAt), entry.changedBy,
+                     std::string(store::EventName(entry.event)), store::SummaryOf(step.differences)});
   }
   if (format == OutputFormat::Json) {
-    out << ShownJson(list) << '\n';
+    out << store::ShownJson(list) << '\n';
   } else {
     PrintTable(std::move(lines), out);
   }
 }
 
-void PrintDifferences(const std::vector<StudyDifference>& differences, OutputFormat format,
+void PrintDifferences(const std::vector<store::StudyDifference>& differences, OutputFormat format,
                       std::ostream& out) {
   if (format == OutputFormat::Json) {
-    out << ShownJson(JsonOf(differences)) << '\n';
+    out << store::ShownJson(JsonOf(differences)) << '\n';
     return;
   }
   if (differences.empty()) out << "Nothing was changed.\n";
   std::vector<std::vector<std::string>> lines;
-  for (const StudyDifference& difference : differences) {
+  for (const store::StudyDifference& difference : differences) {
     lines.push_back({difference.place, DifferenceText(difference)});
   }
   PrintTable(std::move(lines), out);
 }
 
-void PrintDeletedStudies(const std::vector<HistoryEntry>& studies, OutputFormat format, std::ostream& out) {
-  Json list = Json::array();
+void PrintDeletedStudies(const std::vector<store::HistoryEntry>& studies, OutputFormat format,
+                         std::ostream& out) {
+  store::Json list = store::Json::array();
   std::vector<std::vector<std::string>> lines = {{"ID", "KIND", "NAME", "DELETED BY", "DELETED AT"}};
-  for (const HistoryEntry& entry : studies) {
+  for (const store::HistoryEntry& entry : studies) {
     list.push_back(JsonOf(entry));
     lines.push_back({std::to_string(entry.study), entry.kind, entry.name, entry.changedBy,
-                     LocalTimeText(entry.changedAt)});
+                     store::LocalTimeText(entry.changedAt)});
   }
   if (format == OutputFormat::Json) {
-    out << ShownJson(list) << '\n';
+    out << store::ShownJson(list) << '\n';
   } else {
     PrintTable(std::move(lines), out);
   }

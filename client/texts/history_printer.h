@@ -13,24 +13,25 @@ namespace kiv::client {
 
 /// One entry, and what it changed.
 struct HistoryStep {
-  HistoryEntry entry;
-  std::vector<StudyDifference> differences;
+  store::HistoryEntry entry;
+  std::vector<store::StudyDifference> differences;
 };
 
 /// The history of a study with what each entry changed, oldest first. The first entry that is kept changed
 /// nothing that is known.
-std::vector<HistoryStep> StepsOf(const StudyHistory& history, std::int32_t study);
+std::vector<HistoryStep> StepsOf(const store::StudyHistory& history, std::int32_t study);
 
 /// `changed`, `added` or `removed`
-std::string ChangeWord(StudyDifference::Kind kind);
+std::string ChangeWord(store::StudyDifference::Kind kind);
 
 /// What a difference says: `45 -> 60`, `added: ...`, `removed: ...`
-std::string DifferenceText(const StudyDifference& difference);
+std::string DifferenceText(const store::StudyDifference& difference);
 
 void PrintHistory(const std::vector<HistoryStep>& steps, OutputFormat format, std::ostream& out);
 /// One entry, field by field.
-void PrintDifferences(const std::vector<StudyDifference>& differences, OutputFormat format,
+void PrintDifferences(const std::vector<store::StudyDifference>& differences, OutputFormat format,
                       std::ostream& out);
-void PrintDeletedStudies(const std::vector<HistoryEntry>& studies, OutputFormat format, std::ostream& out);
+void PrintDeletedStudies(const std::vector<store::HistoryEntry>& studies, OutputFormat format,
+                         std::ostream& out);
 
 }  // namespace kiv::client

@@ -9,13 +9,13 @@
 #include <nlohmann/json.hpp>
 
 #include "client/texts/terminal_text.h"
+#include "store/exchange/json.h"
 
 namespace kiv::client {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-using Outcome = NetworkReport::Outcome;
+using Outcome = store::NetworkReport::Outcome;
 
 std::string_view OutcomeWord(Outcome outcome) {
   switch (outcome) {
@@ -31,33 +31,34 @@ std::string Counted(std::size_t count, const std::string& one) {
   return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
 }
 
-void PrintJson(const NetworkReport& report, std::ostream& out) {
-  Json tables = Json::array();
-  for (const NetworkReport::Table& table : report.tables) {
+void PrintJson(const store::NetworkReport& report, std::ostream& out) {
+  store::Json tables = store::Json::array();
+  for (const store::NetworkReport::Table& table : report.tables) {
     tables.push_back({{"table", table.name}, {"rows", table.rows}});
   }
-  Json badLines = Json::array();
-  for (const BadLine& bad : report.badLines) {
-    badLines.push_back(
-        {{"file", bad.file}, {"line", bad.line == 0 ? Json() : Json(bad.line)}, {"reason", bad.reason}});
+  store::Json badLines = store::Json::array();
+  for (const store::BadLine& bad : report.badLines) {
+    badLines.push_back({{"file", bad.file},
+                        {"line", bad.line == 0 ? store::Json() : store::Json(bad.line)},
+                        {"reason", bad.reason}});
   }
-  const Json all = {{"outcome", OutcomeWord(report.outcome)},
-                    {"tables", tables},
-                    {"badLines", badLines},
-                    {"unknownFiles", report.unknownFiles}};
+  const store::Json all = {{"outcome", OutcomeWord(report.outcome)},
+                           {"tables", tables},
+                           {"badLines", badLines},
+                           {"unknownFiles", report.unknownFiles}};
   // A value from a file may be anything; a bad byte must not keep the rest from being printed.
-  out << all.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+  out << all.dump(2, ' ', false, store::Json::error_handler_t::replace) << '\n';
 }
 
 }  // namespace
 
-std::string BadLineText(const BadLine& badLine) {
+std::string BadLineText(const store::BadLine& badLine) {
   const std::string place =
       badLine.line == 0 ? badLine.file : badLine.file + ":" + std::to_string(badLine.line);
   return place + ": " + badLine.reason;
 }
 
-std::string OutcomeText(const NetworkReport& report) {
+std::string OutcomeText(const store::NetworkReport& report) {
   switch (report.outcome) {
     case Outcome::Good: return "Every line is good. Nothing was written.";
     case Outcome::Imported: return "The network is imported.";
@@ -69,32 +70,32 @@ std::string OutcomeText(const NetworkReport& report) {
   return {};
 }
 
-void PrintNetworkReport(const NetworkReport& report, OutputFormat format, std::ostream& out,
+void PrintNetworkReport(const store::NetworkReport& report, OutputFormat format, std::ostream& out,
                         std::ostream& err) {
   if (format == OutputFormat::Json) return PrintJson(report, out);
   std::size_t width = 0;
-  for (const NetworkReport::Table& table : report.tables) width = std::max(width, table.name.size());
-  for (const NetworkReport::Table& table : report.tables) {
+  for (const store::NetworkReport::Table& table : report.tables) width = std::max(width, table.name.size());
+  for (const store::NetworkReport::Table& table : report.tables) {
     out << std::left << std::setw(static_cast<int>(width)) << table.name << std::right << std::setw(10)
         << table.rows << '\n';
   }
   for (const std::string& file : report.unknownFiles) {
     err << TerminalText(file) << ": ignored, it is not one of the files of a network\n";
   }
-  for (const BadLine& bad : report.badLines) err << TerminalText(BadLineText(bad)) << '\n';
+  for (const store::BadLine& bad : report.badLines) err << TerminalText(BadLineText(bad)) << '\n';
   (report.outcome == Outcome::Refused ? err : out) << OutcomeText(report) << '\n';
 }
 
-ImportProgress ProgressOnTerminal(std::ostream& stream) {
+store::ImportProgress ProgressOnTerminal(std::ostream& stream) {
   if (&stream != &std::cerr || isatty(STDERR_FILENO) == 0) return {};
   return [&stream, shown = std::string()](std::string_view step, double done) mutable {
     std::string text = std::to_string(static_cast<int>(done * 100)) + " % " + std::string(step);
-    if (text == shown) return ImportChoice::GoOn;
+    if (text == shown) return store::ImportChoice::GoOn;
     // At the end the line is cleared, for the results come next.
     constexpr const char* kClearLine = "\r\x1B[K";
     stream << kClearLine << (done < 1 ? text : "") << std::flush;
     shown = std::move(text);
-    return ImportChoice::GoOn;
+    return store::ImportChoice::GoOn;
   };
 }
 

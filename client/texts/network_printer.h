@@ -10,16 +10,16 @@
 namespace kiv::client {
 
 /// A bad line as compilers name one: `file:line: reason`.
-std::string BadLineText(const BadLine& badLine);
+std::string BadLineText(const store::BadLine& badLine);
 
 /// One or two sentences on the whole.
-std::string OutcomeText(const NetworkReport& report);
+std::string OutcomeText(const store::NetworkReport& report);
 
 /// Text: results to `out`, what is bad to `err`. JSON: everything to `out`.
-void PrintNetworkReport(const NetworkReport& report, OutputFormat format, std::ostream& out,
+void PrintNetworkReport(const store::NetworkReport& report, OutputFormat format, std::ostream& out,
                         std::ostream& err);
 
 /// Shows the progress on the last line of a terminal; says nothing when the stream is none.
-ImportProgress ProgressOnTerminal(std::ostream& stream);
+store::ImportProgress ProgressOnTerminal(std::ostream& stream);
 
 }  // namespace kiv::client

@@ -9,7 +9,7 @@ namespace kiv::client {
 
 namespace {
 
-using Outcome = StudyImportReport::Outcome;
+using Outcome = session::StudyImportReport::Outcome;
 
 std::string Counted(std::size_t count, const std::string& one, const std::string& many) {
   return std::to_string(count) + " " + (count == 1 ? one : many);
@@ -24,7 +24,7 @@ const char* OutcomeWord(Outcome outcome) {
   return "";
 }
 
-std::string ScenarioText(const StudyImportReport& report) {
+std::string ScenarioText(const session::StudyImportReport& report) {
   if (report.newScenarios.empty() || report.outcome == Outcome::Refused) return {};
   std::string names;
   for (const std::string& name : report.newScenarios) names += (names.empty() ? "\"" : ", \"") + name + "\"";
@@ -32,34 +32,34 @@ std::string ScenarioText(const StudyImportReport& report) {
          std::string(report.newScenarios.size() == 1 ? "scenario " : "scenarios ") + names + ".";
 }
 
-void PrintJson(const StudyImportReport& report, std::ostream& out) {
-  Json studies = Json::array();
-  for (const StudyImportReport::Entry& study : report.studies) {
+void PrintJson(const session::StudyImportReport& report, std::ostream& out) {
+  store::Json studies = store::Json::array();
+  for (const session::StudyImportReport::Entry& study : report.studies) {
     studies.push_back({{"file", study.file},
                        {"kind", study.kind},
                        {"name", study.name},
-                       {"id", study.id == 0 ? Json() : Json(study.id)}});
+                       {"id", study.id == 0 ? store::Json() : store::Json(study.id)}});
   }
-  Json problems = Json::array();
-  for (const ImportProblem& problem : report.problems) {
+  store::Json problems = store::Json::array();
+  for (const session::ImportProblem& problem : report.problems) {
     problems.push_back({{"file", problem.file},
-                        {"study", problem.study.empty() ? Json() : Json(problem.study)},
+                        {"study", problem.study.empty() ? store::Json() : store::Json(problem.study)},
                         {"reason", problem.reason}});
   }
-  out << ShownJson({{"outcome", OutcomeWord(report.outcome)},
-                    {"studies", studies},
-                    {"newScenarios", report.newScenarios},
-                    {"problems", problems}})
+  out << store::ShownJson({{"outcome", OutcomeWord(report.outcome)},
+                           {"studies", studies},
+                           {"newScenarios", report.newScenarios},
+                           {"problems", problems}})
       << '\n';
 }
 
 }  // namespace
 
-std::string ImportProblemText(const ImportProblem& problem) {
+std::string ImportProblemText(const session::ImportProblem& problem) {
   return problem.file + ": " + (problem.study.empty() ? "" : problem.study + ": ") + problem.reason;
 }
 
-std::string OutcomeText(const StudyImportReport& report) {
+std::string OutcomeText(const session::StudyImportReport& report) {
   const std::string studies = Counted(report.studies.size(), "study is ", "studies are ");
   switch (report.outcome) {
     case Outcome::Good: return studies + "good. Nothing was stored." + ScenarioText(report);
@@ -71,15 +71,15 @@ std::string OutcomeText(const StudyImportReport& report) {
   return {};
 }
 
-void PrintStudyImport(const StudyImportReport& report, OutputFormat format, std::ostream& out,
+void PrintStudyImport(const session::StudyImportReport& report, OutputFormat format, std::ostream& out,
                       std::ostream& err) {
   if (format == OutputFormat::Json) return PrintJson(report, out);
   if (report.outcome == Outcome::Imported) {
-    for (const StudyImportReport::Entry& study : report.studies) {
+    for (const session::StudyImportReport::Entry& study : report.studies) {
       out << "Study " << study.id << " \"" << TerminalText(study.name) << "\"\n";
     }
   }
-  for (const ImportProblem& problem : report.problems)
+  for (const session::ImportProblem& problem : report.problems)
     err << TerminalText(ImportProblemText(problem)) << '\n';
   (report.outcome == Outcome::Refused ? err : out) << TerminalText(OutcomeText(report)) << '\n';
 }

@@ -10,13 +10,13 @@
 namespace kiv::client {
 
 /// `file: study 2 "Night": reason`
-std::string ImportProblemText(const ImportProblem& problem);
+std::string ImportProblemText(const session::ImportProblem& problem);
 
 /// One or two sentences on the whole, and one on the scenarios that are new.
-std::string OutcomeText(const StudyImportReport& report);
+std::string OutcomeText(const session::StudyImportReport& report);
 
 /// Text: results to `out`, what is wrong to `err`. JSON: everything to `out`.
-void PrintStudyImport(const StudyImportReport& report, OutputFormat format, std::ostream& out,
+void PrintStudyImport(const session::StudyImportReport& report, OutputFormat format, std::ostream& out,
                       std::ostream& err);
 
 }  // namespace kiv::client

@@ -17,7 +17,7 @@ std::string MinutesText(std::int32_t minutes) {
   return minutes == CKivStudyData::kNotGiven ? std::string() : std::to_string(minutes);
 }
 
-std::string PlainText(const Json& value) {
+std::string PlainText(const store::Json& value) {
   if (value.is_null()) return {};
   return value.is_string() ? value.get<std::string>() : value.dump();
 }
@@ -32,7 +32,7 @@ void PrintField(const std::string& indent, const std::string& name, const std::s
 /// Every entry under its name, without what is not set; nothing but values in one line.
 void PrintList(const StoredList& list, const std::string& indent, std::ostream& out) {
   const std::string inner = indent + "  ";
-  if (IsPlain(list)) {
+  if (store::IsPlain(list)) {
     std::string values;
     for (const StoredEntry& entry : list.entries) {
       values += (values.empty() ? "" : ", ") + ToText(entry.fields[0].value);
@@ -62,43 +62,43 @@ std::string ScenarioName(const std::vector<host::Document>& scenarios, std::int3
 
 }  // namespace
 
-void PrintStudies(const std::vector<StudySummary>& studies, OutputFormat format, std::ostream& out) {
+void PrintStudies(const std::vector<store::StudySummary>& studies, OutputFormat format, std::ostream& out) {
   if (format == OutputFormat::Json) {
-    Json list = Json::array();
-    for (const StudySummary& study : studies) {
+    store::Json list = store::Json::array();
+    for (const store::StudySummary& study : studies) {
       list.push_back({{"id", study.id},
                       {"kind", study.kind},
                       {"name", study.name},
                       {"scenario", study.scenario},
-                      {"durationMinutes", NumberOrNull(study.duration)},
+                      {"durationMinutes", store::NumberOrNull(study.duration)},
                       {"modifiedBy", study.modifiedBy},
                       {"modifiedAt", study.modifiedAt}});
     }
-    out << ShownJson(list) << '\n';
+    out << store::ShownJson(list) << '\n';
     return;
   }
   std::vector<std::vector<std::string>> lines = {
       {"ID", "KIND", "NAME", "SCENARIO", "MINUTES", "CHANGED BY", "CHANGED AT"}};
   lines.reserve(studies.size() + 1);
-  for (const StudySummary& study : studies) {
+  for (const store::StudySummary& study : studies) {
     lines.push_back({std::to_string(study.id), study.kind, study.name, study.scenario,
                      MinutesText(study.duration), study.modifiedBy, study.modifiedAt});
   }
   PrintTable(std::move(lines), out);
 }
 
-void PrintStudy(const Study& study, const std::vector<host::Document>& scenarios, OutputFormat format,
+void PrintStudy(const store::Study& study, const std::vector<host::Document>& scenarios, OutputFormat format,
                 std::ostream& out) {
   const CKivStudyData& record = *study.record;
-  Json json = {{"id", record.ID()}, {"revision", study.revision}};
-  json.update(ContentOf(study, ScenarioName(scenarios, record.ScenarioID())));
+  store::Json json = {{"id", record.ID()}, {"revision", study.revision}};
+  json.update(store::ContentOf(study, ScenarioName(scenarios, record.ScenarioID())));
   if (format == OutputFormat::Json) {
-    out << ShownJson(json) << '\n';
+    out << store::ShownJson(json) << '\n';
     return;
   }
-  json.erase(key::kData);
+  json.erase(store::key::kData);
   for (const auto& [name, value] : json.items()) PrintField({}, name, PlainText(value), out);
-  if (study.kindData != KindData::Complete) return;
+  if (study.kindData != store::KindData::Complete) return;
   out << '\n';
   for (const NamedValue& field : record.SubRecord()->StoredFields()) {
     PrintField({}, std::string(field.name), ToText(field.value), out);
@@ -110,19 +110,20 @@ void PrintStudy(const Study& study, const std::vector<host::Document>& scenarios
   }
 }
 
-std::size_t PrintProblems(const StudySession& session, OutputFormat format, std::ostream& out) {
-  const std::vector<StudyProblem> problems = ProblemsOf(session);
+std::size_t PrintProblems(const session::StudySession& session, OutputFormat format, std::ostream& out) {
+  const std::vector<session::StudyProblem> problems = session::ProblemsOf(session);
   if (format == OutputFormat::Json) {
-    Json list = Json::array();
-    for (const StudyProblem& problem : problems) {
+    store::Json list = store::Json::array();
+    for (const session::StudyProblem& problem : problems) {
       list.push_back({{"tab", problem.tab},
                       {"control", problem.control},
                       {"severity", problem.style == host::MessageStyle::Warning ? "warning" : "error"},
                       {"message", problem.message}});
     }
-    out << ShownJson(list) << '\n';
+    out << store::ShownJson(list) << '\n';
   } else {
-    for (const StudyProblem& problem : problems) out << TerminalText(ProblemText(problem)) << '\n';
+    for (const session::StudyProblem& problem : problems)
+      out << TerminalText(session::ProblemText(problem)) << '\n';
     if (problems.empty()) out << "Study " << session.ID() << " is valid.\n";
   }
   return problems.size();

@@ -13,14 +13,14 @@ namespace kiv::client {
 
 enum class OutputFormat { Text, Json };
 
-void PrintStudies(const std::vector<StudySummary>& studies, OutputFormat format, std::ostream& out);
+void PrintStudies(const std::vector<store::StudySummary>& studies, OutputFormat format, std::ostream& out);
 
 /// What belongs to the study's kind is left out when the study has none.
-void PrintStudy(const Study& study, const std::vector<host::Document>& scenarios, OutputFormat format,
+void PrintStudy(const store::Study& study, const std::vector<host::Document>& scenarios, OutputFormat format,
                 std::ostream& out);
 
 /// Everything that keeps the study from being saved: its name and every failing check of every tab; and
 /// missing data. Returns how many there are.
-std::size_t PrintProblems(const StudySession& session, OutputFormat format, std::ostream& out);
+std::size_t PrintProblems(const session::StudySession& session, OutputFormat format, std::ostream& out);
 
 }  // namespace kiv::client

@@ -42,7 +42,7 @@ XDDListView* FindDropList(const ui::Container& container) {
 
 }  // namespace
 
-EditorView::EditorView(Program& program, std::unique_ptr<StudySession> session, QWidget* parent)
+EditorView::EditorView(Program& program, std::unique_ptr<session::StudySession> session, QWidget* parent)
     : QWidget(parent),
       program_(program),
       session_(std::move(session)),
@@ -160,7 +160,7 @@ void EditorView::ShowState() {
   if (name_->text() != name) name_->setText(name);
   QString state = session_->IsNew() ? QStringLiteral("New study, not saved yet")
                                     : QStringLiteral("Study %1").arg(session_->ID());
-  if (session_->Data() == KindData::Missing) state += QStringLiteral(", its stored data are missing");
+  if (session_->Data() == store::KindData::Missing) state += QStringLiteral(", its stored data are missing");
   if (session_->Modified() && !session_->IsNew()) state += QStringLiteral(", unsaved changes");
   if (program_.IsReadOnly()) state += QStringLiteral(" (read-only)");
   state_->setText(state);
@@ -195,13 +195,14 @@ bool EditorView::Attempt(Action action) {
   bool stored = false;
   try {
     stored = action();
-  } catch (const StudyConflict& conflict) {
+  } catch (const store::StudyConflict& conflict) {
     ResolveConflict(conflict);
-  } catch (const ScenarioDeleted& error) {
+  } catch (const store::ScenarioDeleted& error) {
     Tell(error.what());
     program_.AnnounceScenarios();
   } catch (const std::exception& error) {
-    Tell(std::string("The study was not saved: ") + FailureText(error) + "\r\n\r\nYour input is still here.");
+    Tell(std::string("The study was not saved: ") + store::FailureText(error) +
+         "\r\n\r\nYour input is still here.");
     if (session_->NameProblem()) name_->setFocus();
   }
   ShowMarks();
@@ -224,11 +225,11 @@ bool EditorView::StoreCopy() {
   return name && session_->SaveCopy(*name, program_.UserName());
 }
 
-void EditorView::ResolveConflict(const StudyConflict& conflict) {
+void EditorView::ResolveConflict(const store::StudyConflict& conflict) {
   Question question(program_, QMessageBox::Warning, QString::fromStdString(conflict.what()),
                     QMessageBox::Cancel, this);
   const QPushButton* reload = nullptr;
-  if (conflict.Why() == StudyConflict::Reason::Changed) {
+  if (conflict.Why() == store::StudyConflict::Reason::Changed) {
     reload = question.addButton(QStringLiteral("&Reload"), QMessageBox::DestructiveRole);
   }
   const QPushButton* copy = question.addButton(QStringLiteral("Save as Co&py..."), QMessageBox::AcceptRole);

@@ -23,11 +23,11 @@ namespace kiv::client {
 /// A study in the window: its name, a page for each tab, live marks on what is wrong, and its buttons.
 class EditorView : public QWidget {
  public:
-  EditorView(Program& program, std::unique_ptr<StudySession> session, QWidget* parent = nullptr);
+  EditorView(Program& program, std::unique_ptr<session::StudySession> session, QWidget* parent = nullptr);
   ~EditorView() override;
 
-  StudySession& Session() { return *session_; }
-  const StudySession& Session() const { return *session_; }
+  session::StudySession& Session() { return *session_; }
+  const session::StudySession& Session() const { return *session_; }
 
   /// Stores the study. A refusal or a failure is told to the user, whose input stays; false then.
   bool Save();
@@ -61,11 +61,11 @@ class EditorView : public QWidget {
   void ShowMarks();
   template <class Action>
   bool Attempt(Action action);
-  void ResolveConflict(const StudyConflict& conflict);
+  void ResolveConflict(const store::StudyConflict& conflict);
   bool StoreCopy();
 
   Program& program_;
-  std::unique_ptr<StudySession> session_;
+  std::unique_ptr<session::StudySession> session_;
   QLineEdit* name_;
   QLabel* state_;
   QTabWidget* tabs_;

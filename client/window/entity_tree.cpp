@@ -135,11 +135,11 @@ void EntityTree::AddActions() {
   view_->addAction(add_);
   connect(add_, &QAction::triggered, this, [this] { addToStudy_(SelectedNodes()); });
   connect(view_, &QTreeView::doubleClicked, this, [this](const QModelIndex& index) {
-    if (model_.Entities().Kind(model_.EntityAt(index)) == EntityKind::Cell) add_->trigger();
+    if (model_.Entities().Kind(model_.EntityAt(index)) == store::EntityKind::Cell) add_->trigger();
   });
 }
 
-void EntityTree::SetEntities(NetworkEntities entities) {
+void EntityTree::SetEntities(store::NetworkEntities entities) {
   const bool empty = entities.Count() == 0;
   model_.SetEntities(std::move(entities));
   if (empty) {
@@ -177,15 +177,15 @@ std::vector<QModelIndex> EntityTree::SelectedRows() const {
 }
 
 EntityTree::Nodes EntityTree::SelectedNodes() const {
-  const NetworkEntities& entities = model_.Entities();
+  const store::NetworkEntities& entities = model_.Entities();
   const std::vector<QModelIndex> rows = SelectedRows();
   Nodes nodes;
   if (rows.empty()) return nodes;
   const QModelIndex current = view_->currentIndex();
   const bool currentCounts = current.isValid() && view_->selectionModel()->isSelected(current);
-  const EntityKind kind = entities.Kind(model_.EntityAt(currentCounts ? current : rows.front()));
+  const store::EntityKind kind = entities.Kind(model_.EntityAt(currentCounts ? current : rows.front()));
   for (const QModelIndex& row : rows) {
-    const NetworkEntities::Number entity = model_.EntityAt(row);
+    const store::NetworkEntities::Number entity = model_.EntityAt(row);
     if (entities.Kind(entity) == kind) nodes.push_back(entities.Node(entity));
   }
   return nodes;
@@ -213,7 +213,7 @@ void EntityTree::DragSelection() {
   auto* mimeData = new QMimeData;
   mimeData->setData(QLatin1String(host::kConfigEntityTreeFormat), keys);
   const host::DraggedNode& first = nodes.front();
-  const EntityPath path{first.systemId, first.ecpId, first.cellId};
+  const store::EntityPath path{first.systemId, first.ecpId, first.cellId};
   const QPointer<QDrag> drag = new QDrag(this);
   drag->setMimeData(mimeData);
   drag->setPixmap(DragPicture(nodes.size() == 1 ? QString::fromStdString(path.Text())
@@ -225,7 +225,7 @@ void EntityTree::DragSelection() {
 }
 
 void EntityTree::Search(const QString& text) {
-  model_.SetSearch(EntitySearch(text.toStdString()));
+  model_.SetSearch(store::EntitySearch(text.toStdString()));
 }
 
 void EntityTree::GoToFound() {
@@ -268,7 +268,7 @@ void EntityTree::SaveState() {
 void EntityTree::RestoreState() {
   ShowCount();
   if (model_.Searching()) {
-    const bool few = model_.ShownCount(EntityKind::Cell) <= kMostCellsOpened;
+    const bool few = model_.ShownCount(store::EntityKind::Cell) <= kMostCellsOpened;
     few ? view_->expandAll() : view_->expandToDepth(0);
   } else {
     VisitBranches([this](const QModelIndex& branch) {
@@ -283,13 +283,13 @@ void EntityTree::RestoreState() {
 }
 
 void EntityTree::ShowCount() {
-  const std::size_t cells = model_.ShownCount(EntityKind::Cell);
+  const std::size_t cells = model_.ShownCount(store::EntityKind::Cell);
   if (!model_.Searching()) {
-    count_->setText(CountText(model_.ShownCount(EntityKind::System), QStringLiteral("system")) +
+    count_->setText(CountText(model_.ShownCount(store::EntityKind::System), QStringLiteral("system")) +
                     QStringLiteral(", ") +
-                    CountText(model_.ShownCount(EntityKind::Ecp), QStringLiteral("ECP")) +
+                    CountText(model_.ShownCount(store::EntityKind::Ecp), QStringLiteral("ECP")) +
                     QStringLiteral(", ") + CountText(cells, QStringLiteral("cell")));
-  } else if (model_.ShownCount(EntityKind::System) == 0) {
+  } else if (model_.ShownCount(store::EntityKind::System) == 0) {
     count_->setText(QStringLiteral("Nothing found"));
   } else {
     count_->setText(CountText(cells, QStringLiteral("cell")) + QStringLiteral(" found"));

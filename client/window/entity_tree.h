@@ -25,7 +25,7 @@ class EntityTree : public QWidget {
   explicit EntityTree(EntityDrag& drag, QWidget* parent = nullptr);
 
   /// Shows a network; what was open or selected stays so where it still exists.
-  void SetEntities(NetworkEntities entities);
+  void SetEntities(store::NetworkEntities entities);
   /// Shows that there is no database to read a network from.
   void ShowNoDatabase();
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr unsigned kKindBits = 2;
 
-quintptr InternalId(EntityKind kind, std::size_t parent) {
+quintptr InternalId(store::EntityKind kind, std::size_t parent) {
   return parent << kKindBits | static_cast<quintptr>(kind);
 }
 
@@ -20,14 +20,14 @@ QString ToQt(std::string_view text) {
 
 }  // namespace
 
-void EntityTreeModel::SetEntities(NetworkEntities entities) {
+void EntityTreeModel::SetEntities(store::NetworkEntities entities) {
   beginResetModel();
   entities_ = std::move(entities);
   Rebuild();
   endResetModel();
 }
 
-void EntityTreeModel::SetSearch(const EntitySearch& search) {
+void EntityTreeModel::SetSearch(const store::EntitySearch& search) {
   beginResetModel();
   search_ = search;
   Rebuild();
@@ -49,14 +49,14 @@ void EntityTreeModel::Rebuild() {
   cells_.clear();
   const auto place = [this](Number entity) {
     switch (entities_.Kind(entity)) {
-      case EntityKind::System:
+      case store::EntityKind::System:
         systems_.push_back({entity, static_cast<std::uint32_t>(ecps_.size()), 0, 0});
         break;
-      case EntityKind::Ecp:
+      case store::EntityKind::Ecp:
         ++systems_.back().count;
         ecps_.push_back({entity, static_cast<std::uint32_t>(cells_.size()), 0, 0});
         break;
-      case EntityKind::Cell:
+      case store::EntityKind::Cell:
         ++ecps_.back().count;
         cells_.push_back(entity);
         break;
@@ -103,8 +103,8 @@ bool EntityTreeModel::Before(Number left, Number right) const {
   }
 }
 
-EntityKind EntityTreeModel::KindOf(const QModelIndex& index) {
-  return static_cast<EntityKind>(index.internalId() & ((1U << kKindBits) - 1));
+store::EntityKind EntityTreeModel::KindOf(const QModelIndex& index) {
+  return static_cast<store::EntityKind>(index.internalId() & ((1U << kKindBits) - 1));
 }
 
 std::size_t EntityTreeModel::ParentOf(const QModelIndex& index) {
@@ -113,20 +113,20 @@ std::size_t EntityTreeModel::ParentOf(const QModelIndex& index) {
 
 const EntityTreeModel::Branch& EntityTreeModel::BranchAt(const QModelIndex& index) const {
   const auto row = static_cast<std::size_t>(index.row());
-  if (KindOf(index) == EntityKind::System) return systems_[row];
+  if (KindOf(index) == store::EntityKind::System) return systems_[row];
   return ecps_[systems_[ParentOf(index)].first + row];
 }
 
-NetworkEntities::Number EntityTreeModel::EntityAt(const QModelIndex& index) const {
-  if (KindOf(index) != EntityKind::Cell) return BranchAt(index).entity;
+store::NetworkEntities::Number EntityTreeModel::EntityAt(const QModelIndex& index) const {
+  if (KindOf(index) != store::EntityKind::Cell) return BranchAt(index).entity;
   return cells_[ecps_[ParentOf(index)].first + static_cast<std::size_t>(index.row())];
 }
 
-std::size_t EntityTreeModel::ShownCount(EntityKind kind) const {
+std::size_t EntityTreeModel::ShownCount(store::EntityKind kind) const {
   switch (kind) {
-    case EntityKind::System: return systems_.size();
-    case EntityKind::Ecp: return ecps_.size();
-    case EntityKind::Cell: break;
+    case store::EntityKind::System: return systems_.size();
+    case store::EntityKind::Ecp: return ecps_.size();
+    case store::EntityKind::Cell: break;
   }
   return cells_.size();
 }
@@ -135,7 +135,7 @@ QItemSelection EntityTreeModel::RowsOf(const Instances& instances) const {
   QItemSelection rows;
   if (instances.empty()) return rows;
   // Neighbours make one range: a selection of thousands of ranges would be slow.
-  const auto select = [&](EntityKind kind, std::size_t parent, std::size_t count, auto entityOf) {
+  const auto select = [&](store::EntityKind kind, std::size_t parent, std::size_t count, auto entityOf) {
     const auto chosen = [&](std::size_t row) {
       return instances.contains(entities_.Instance(entityOf(row)));
     };
@@ -148,13 +148,14 @@ QItemSelection EntityTreeModel::RowsOf(const Instances& instances) const {
                                       createIndex(static_cast<int>(row), kColumnCount - 1, id)));
     }
   };
-  select(EntityKind::System, 0, systems_.size(), [this](std::size_t row) { return systems_[row].entity; });
+  select(store::EntityKind::System, 0, systems_.size(),
+         [this](std::size_t row) { return systems_[row].entity; });
   for (std::size_t i = 0; i < systems_.size(); ++i) {
-    select(EntityKind::Ecp, i, systems_[i].count,
+    select(store::EntityKind::Ecp, i, systems_[i].count,
            [&](std::size_t row) { return ecps_[systems_[i].first + row].entity; });
   }
   for (std::size_t i = 0; i < ecps_.size(); ++i) {
-    select(EntityKind::Cell, i, ecps_[i].count,
+    select(store::EntityKind::Cell, i, ecps_[i].count,
            [&](std::size_t row) { return cells_[ecps_[i].first + row]; });
   }
   return rows;
@@ -162,28 +163,29 @@ QItemSelection EntityTreeModel::RowsOf(const Instances& instances) const {
 
 QModelIndex EntityTreeModel::index(int row, int column, const QModelIndex& parent) const {
   if (row < 0 || column < 0 || column >= kColumnCount || row >= rowCount(parent)) return {};
-  if (!parent.isValid()) return createIndex(row, column, InternalId(EntityKind::System, 0));
+  if (!parent.isValid()) return createIndex(row, column, InternalId(store::EntityKind::System, 0));
   const auto parentRow = static_cast<std::size_t>(parent.row());
-  if (KindOf(parent) == EntityKind::System) {
-    return createIndex(row, column, InternalId(EntityKind::Ecp, parentRow));
+  if (KindOf(parent) == store::EntityKind::System) {
+    return createIndex(row, column, InternalId(store::EntityKind::Ecp, parentRow));
   }
-  return createIndex(row, column, InternalId(EntityKind::Cell, systems_[ParentOf(parent)].first + parentRow));
+  return createIndex(row, column,
+                     InternalId(store::EntityKind::Cell, systems_[ParentOf(parent)].first + parentRow));
 }
 
 QModelIndex EntityTreeModel::parent(const QModelIndex& child) const {
-  if (!child.isValid() || KindOf(child) == EntityKind::System) return {};
+  if (!child.isValid() || KindOf(child) == store::EntityKind::System) return {};
   const std::size_t place = ParentOf(child);
-  if (KindOf(child) == EntityKind::Ecp) {
-    return createIndex(static_cast<int>(place), 0, InternalId(EntityKind::System, 0));
+  if (KindOf(child) == store::EntityKind::Ecp) {
+    return createIndex(static_cast<int>(place), 0, InternalId(store::EntityKind::System, 0));
   }
   const std::size_t system = ecps_[place].parent;
   return createIndex(static_cast<int>(place - systems_[system].first), 0,
-                     InternalId(EntityKind::Ecp, system));
+                     InternalId(store::EntityKind::Ecp, system));
 }
 
 int EntityTreeModel::rowCount(const QModelIndex& parent) const {
   if (!parent.isValid()) return static_cast<int>(systems_.size());
-  if (parent.column() != 0 || KindOf(parent) == EntityKind::Cell) return 0;
+  if (parent.column() != 0 || KindOf(parent) == store::EntityKind::Cell) return 0;
   return static_cast<int>(BranchAt(parent).count);
 }
 
@@ -202,7 +204,7 @@ QVariant EntityTreeModel::data(const QModelIndex& index, int role) const {
   if (role != Qt::DisplayRole) return {};
   switch (index.column()) {
     case kElement:
-      return QString(ToQt(KindText(KindOf(index))) + QLatin1Char(' ') +
+      return QString(ToQt(store::KindText(KindOf(index))) + QLatin1Char(' ') +
                      QString::number(entities_.OwnNumber(entity)));
     case kName: return ToQt(entities_.Name(entity));
     default: return ToQt(entities_.Technology(entity));
@@ -219,7 +221,7 @@ QVariant EntityTreeModel::headerData(int section, Qt::Orientation orientation, i
 Qt::ItemFlags EntityTreeModel::flags(const QModelIndex& index) const {
   if (!index.isValid()) return Qt::NoItemFlags;
   Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled;
-  if (KindOf(index) == EntityKind::Cell) flags |= Qt::ItemNeverHasChildren;
+  if (KindOf(index) == store::EntityKind::Cell) flags |= Qt::ItemNeverHasChildren;
   return flags;
 }
 

@@ -19,15 +19,15 @@ class EntityTreeModel : public QAbstractItemModel {
 
   using QAbstractItemModel::QAbstractItemModel;
 
-  void SetEntities(NetworkEntities entities);
-  const NetworkEntities& Entities() const { return entities_; }
+  void SetEntities(store::NetworkEntities entities);
+  const store::NetworkEntities& Entities() const { return entities_; }
   /// Shows only what is found, below the entities that it belongs to.
-  void SetSearch(const EntitySearch& search);
+  void SetSearch(const store::EntitySearch& search);
   bool Searching() const { return !search_.LooksForAll(); }
 
-  NetworkEntities::Number EntityAt(const QModelIndex& index) const;
+  store::NetworkEntities::Number EntityAt(const QModelIndex& index) const;
   /// How many entities of a kind are shown.
-  std::size_t ShownCount(EntityKind kind) const;
+  std::size_t ShownCount(store::EntityKind kind) const;
   /// The shown ones among some entities, whole rows.
   QItemSelection RowsOf(const Instances& instances) const;
 
@@ -41,7 +41,7 @@ class EntityTreeModel : public QAbstractItemModel {
   void sort(int column, Qt::SortOrder order) override;
 
  private:
-  using Number = NetworkEntities::Number;
+  using Number = store::NetworkEntities::Number;
 
   /// A system with its ECPs, or an ECP with its cells.
   struct Branch {
@@ -51,7 +51,7 @@ class EntityTreeModel : public QAbstractItemModel {
     std::uint32_t parent;  ///< in the list of the level above
   };
 
-  static EntityKind KindOf(const QModelIndex& index);
+  static store::EntityKind KindOf(const QModelIndex& index);
   /// Place of the parent in its list.
   static std::size_t ParentOf(const QModelIndex& index);
   const Branch& BranchAt(const QModelIndex& index) const;
@@ -60,8 +60,8 @@ class EntityTreeModel : public QAbstractItemModel {
   void SortAll();
   bool Before(Number left, Number right) const;
 
-  NetworkEntities entities_;
-  EntitySearch search_{std::string()};
+  store::NetworkEntities entities_;
+  store::EntitySearch search_{std::string()};
   int sortColumn_ = kElement;
   Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
   std::vector<Branch> systems_;

@@ -107,10 +107,10 @@ class HistoryDialog : public QDialog {
     revisions_->setObjectName(QStringLiteral("revisions"));
     revisions_->setAccessibleName(QStringLiteral("Revisions"));
     for (auto step = steps_.rbegin(); step != steps_.rend(); ++step) {
-      const HistoryEntry& entry = step->entry;
-      revisions_->AddRow({QString::number(entry.revision), ToQt(LocalTimeText(entry.changedAt)),
-                          ToQt(entry.changedBy), ToQt(std::string(EventName(entry.event))),
-                          ToQt(SummaryOf(step->differences))});
+      const store::HistoryEntry& entry = step->entry;
+      revisions_->AddRow({QString::number(entry.revision), ToQt(store::LocalTimeText(entry.changedAt)),
+                          ToQt(entry.changedBy), ToQt(std::string(store::EventName(entry.event))),
+                          ToQt(store::SummaryOf(step->differences))});
     }
     auto* all = new QVBoxLayout(this);
     all->addWidget(revisions_, 2);
@@ -159,11 +159,11 @@ class HistoryDialog : public QDialog {
       const QSignalBlocker blocker(compare_);
       compare_->clear();
       for (std::size_t i = steps_.size(); i-- > 0;) {
-        const HistoryEntry& entry = steps_[i].entry;
-        if (i == selected || entry.event == StudyEvent::Deleted) continue;
+        const store::HistoryEntry& entry = steps_[i].entry;
+        if (i == selected || entry.event == store::StudyEvent::Deleted) continue;
         compare_->addItem(QStringLiteral("revision %1, %2, %3")
                               .arg(entry.revision)
-                              .arg(ToQt(entry.changedBy), ToQt(LocalTimeText(entry.changedAt))),
+                              .arg(ToQt(entry.changedBy), ToQt(store::LocalTimeText(entry.changedAt))),
                           static_cast<int>(i));
       }
       for (std::size_t before = selected; before-- > 0;) {
@@ -173,7 +173,7 @@ class HistoryDialog : public QDialog {
         break;
       }
     }
-    const bool deleted = Selected().entry.event == StudyEvent::Deleted;
+    const bool deleted = Selected().entry.event == store::StudyEvent::Deleted;
     const bool isNewest = selected + 1 == steps_.size();
     restore_->setEnabled(!deleted && !isNewest);
     LockWhenReadOnly(program_, *restore_);
@@ -187,7 +187,7 @@ class HistoryDialog : public QDialog {
   void ShowDifferences() {
     differences_->setRowCount(0);
     const QVariant other = compare_->currentData();
-    if (!other.isValid() || Selected().entry.event == StudyEvent::Deleted) return;
+    if (!other.isValid() || Selected().entry.event == store::StudyEvent::Deleted) return;
     try {
       const auto before = static_cast<std::size_t>(other.toInt());
       const auto caption = [this](std::size_t step) {
@@ -195,8 +195,8 @@ class HistoryDialog : public QDialog {
       };
       differences_->horizontalHeaderItem(kBefore)->setText(caption(before));
       differences_->horizontalHeaderItem(kAfter)->setText(caption(SelectedIndex()));
-      for (const StudyDifference& difference :
-           DifferencesBetween(ContentOf(before), ContentOf(SelectedIndex()))) {
+      for (const store::StudyDifference& difference :
+           store::DifferencesBetween(ContentOf(before), ContentOf(SelectedIndex()))) {
         differences_->AddRow({ToQt(difference.place), ToQt(ChangeWord(difference.kind)),
                               ToQt(difference.before), ToQt(difference.after)});
       }
@@ -259,9 +259,9 @@ class DeletedStudiesDialog : public QDialog {
   void Fill() {
     studies_ = program_.Store().History().DeletedStudies();
     list_->setRowCount(0);
-    for (const HistoryEntry& study : studies_) {
+    for (const store::HistoryEntry& study : studies_) {
       list_->AddRow({QString::number(study.study), ToQt(study.kind), ToQt(study.name), ToQt(study.changedBy),
-                     ToQt(LocalTimeText(study.changedAt))});
+                     ToQt(store::LocalTimeText(study.changedAt))});
     }
     nothing_->setVisible(studies_.empty());
     for (QPushButton* button : {history_, restore_}) button->setEnabled(!studies_.empty());
@@ -270,7 +270,7 @@ class DeletedStudiesDialog : public QDialog {
     list_->setFocus();
   }
 
-  const HistoryEntry& Selected() const {
+  const store::HistoryEntry& Selected() const {
     return studies_[static_cast<std::size_t>(std::max(list_->currentRow(), 0))];
   }
 
@@ -280,7 +280,7 @@ class DeletedStudiesDialog : public QDialog {
   }
 
   void Restore() {
-    const HistoryEntry& deleted = Selected();
+    const store::HistoryEntry& deleted = Selected();
     const std::int32_t study = deleted.study;
     if (Restored(program_, study, deleted.revision - 1)) Take(study);
   }
@@ -299,7 +299,7 @@ class DeletedStudiesDialog : public QDialog {
   QLabel* nothing_;
   QPushButton* history_;
   QPushButton* restore_;
-  std::vector<HistoryEntry> studies_;
+  std::vector<store::HistoryEntry> studies_;
   std::vector<std::int32_t> restored_;
 };
 

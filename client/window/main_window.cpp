@@ -159,7 +159,7 @@ void MainWindow::ImportNetwork() {
 }
 
 void MainWindow::RefreshNetwork() {
-  network_->SetEntities(NetworkEntities::Load(program_.Store().Database()));
+  network_->SetEntities(store::NetworkEntities::Load(program_.Store().Database()));
 }
 
 void MainWindow::AddEditorActions(QMenu& study) {
@@ -303,8 +303,8 @@ void MainWindow::ShowStudies() {
 }
 
 EditorView* MainWindow::NewStudy(const std::string& kind) {
-  StudyStore& store = program_.Store();
-  return AddEditor(std::make_unique<StudySession>(store, store.New(kind)));
+  store::StudyStore& store = program_.Store();
+  return AddEditor(std::make_unique<session::StudySession>(store, store.New(kind)));
 }
 
 EditorView* MainWindow::FindEditor(std::int32_t id) const {
@@ -322,14 +322,14 @@ EditorView* MainWindow::OpenStudy(std::int32_t id) {
     return editor;
   }
   Guarded([&] {
-    StudyStore& store = program_.Store();
-    editor = AddEditor(std::make_unique<StudySession>(store, store.Load(id)));
-    if (editor->Session().Data() == KindData::Missing) Tell(MissingDataText(id));
+    store::StudyStore& store = program_.Store();
+    editor = AddEditor(std::make_unique<session::StudySession>(store, store.Load(id)));
+    if (editor->Session().Data() == store::KindData::Missing) Tell(store::MissingDataText(id));
   });
   return editor;
 }
 
-EditorView* MainWindow::AddEditor(std::unique_ptr<StudySession> session) {
+EditorView* MainWindow::AddEditor(std::unique_ptr<session::StudySession> session) {
   const QIcon icon = KindIcon(session->Kind());
   auto* editor = new EditorView(program_, std::move(session), tabs_);
   editor->TitleChanged.Connect([this, editor] { ShowTitle(*editor); });

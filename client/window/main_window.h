@@ -14,6 +14,10 @@ class QLabel;
 class QStackedWidget;
 class QTabWidget;
 
+namespace kiv::session {
+class StudySession;
+}
+
 namespace kiv::client {
 
 class EditorView;
@@ -57,7 +61,7 @@ class MainWindow : public QMainWindow {
   QAction* AddAction(class QMenu& menu, const QString& text, const QKeySequence& keys,
                      std::function<void()> run);
   void ChooseDatabase(bool create);
-  EditorView* AddEditor(std::unique_ptr<class StudySession> session);
+  EditorView* AddEditor(std::unique_ptr<session::StudySession> session);
   EditorView* FindEditor(std::int32_t id) const;
   /// Shows the name of the study on the tab of its editor.
   void ShowTitle(const EditorView& editor);

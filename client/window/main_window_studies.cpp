@@ -79,7 +79,7 @@ std::vector<std::int32_t> MainWindow::SelectedStudies() const {
 }
 
 void MainWindow::ExportStudies(const QString& file) {
-  WriteStudyFile(file.toStdString(), client::ExportStudies(program_.Store(), SelectedStudies()));
+  store::WriteStudyFile(file.toStdString(), store::ExportStudies(program_.Store(), SelectedStudies()));
 }
 
 void MainWindow::ImportStudies(const QStringList& files) {

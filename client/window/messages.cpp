@@ -6,12 +6,12 @@
 namespace kiv::client {
 
 void Tell(const std::string& text) {
-  host::MessageBox& messages = host::TheMessageBox();
+  host::MessageBoxes& messages = host::TheMessageBoxes();
   messages.Show(text, host::MessageStyle::Critical, messages.ApplicationTitle());
 }
 
 void TellFailure(const std::exception& failure) {
-  Tell(FailureText(failure));
+  Tell(store::FailureText(failure));
 }
 
 }  // namespace kiv::client

@@ -29,10 +29,10 @@ QString ToQt(const std::string& text) {
   return QString::fromStdString(text);
 }
 
-std::vector<FaultList::Fault> FaultsOf(const std::vector<BadLine>& badLines) {
+std::vector<FaultList::Fault> FaultsOf(const std::vector<store::BadLine>& badLines) {
   std::vector<FaultList::Fault> faults;
   faults.reserve(badLines.size());
-  for (const BadLine& bad : badLines) {
+  for (const store::BadLine& bad : badLines) {
     faults.push_back({ToQt(bad.file), bad.line == 0 ? QString() : QString::number(bad.line), ToQt(bad.reason),
                       ToQt(BadLineText(bad))});
   }
@@ -134,9 +134,9 @@ class NetworkDialog : public QDialog {
     ShowBadLines({});
     result_->hide();
     try {
-      Show(RunWithProgress([&](const ImportProgress& progress) {
-        return tryFirst_->isChecked() ? CheckNetwork(folder, progress)
-                                      : ImportNetwork(program_.Store().Database(), folder, progress);
+      Show(RunWithProgress([&](const store::ImportProgress& progress) {
+        return tryFirst_->isChecked() ? store::CheckNetwork(folder, progress)
+                                      : store::ImportNetwork(program_.Store().Database(), folder, progress);
       }));
     } catch (const std::exception& error) {
       TellFailure(error);
@@ -144,7 +144,7 @@ class NetworkDialog : public QDialog {
   }
 
   template <class Action>
-  NetworkReport RunWithProgress(Action action) {
+  store::NetworkReport RunWithProgress(Action action) {
     constexpr int kSteps = 1000;
     QProgressDialog progress(QStringLiteral("Reading the files"), QStringLiteral("&Cancel"), 0, kSteps, this);
     progress.setObjectName(QStringLiteral("networkProgress"));
@@ -157,18 +157,18 @@ class NetworkDialog : public QDialog {
     return action([&](std::string_view step, double done) {
       progress.setLabelText(QString::fromUtf8(step.data(), static_cast<qsizetype>(step.size())));
       progress.setValue(static_cast<int>(done * kSteps));
-      return progress.wasCanceled() ? ImportChoice::Cancel : ImportChoice::GoOn;
+      return progress.wasCanceled() ? store::ImportChoice::Cancel : store::ImportChoice::GoOn;
     });
   }
 
-  void Show(const NetworkReport& report) {
-    imported_ = imported_ || report.outcome == NetworkReport::Outcome::Imported;
+  void Show(const store::NetworkReport& report) {
+    imported_ = imported_ || report.outcome == store::NetworkReport::Outcome::Imported;
     if (report.badLines.empty()) {
       program_.Settings().File().setValue(QLatin1String(kFolderKey), folder_->text().trimmed());
     }
     QString text = ToQt(OutcomeText(report));
     if (report.badLines.empty()) {
-      for (const NetworkReport::Table& table : report.tables) {
+      for (const store::NetworkReport::Table& table : report.tables) {
         text += QStringLiteral("\n%1: %L2").arg(ToQt(table.name)).arg(table.rows);
       }
     }
@@ -180,10 +180,10 @@ class NetworkDialog : public QDialog {
     ShowBadLines(report.badLines);
     resize(width(), std::max(height(), all_->totalHeightForWidth(width())));  // every line of the text
     // After a good try the next thing to do is the import itself.
-    if (report.outcome == NetworkReport::Outcome::Good) tryFirst_->setChecked(false);
+    if (report.outcome == store::NetworkReport::Outcome::Good) tryFirst_->setChecked(false);
   }
 
-  void ShowBadLines(const std::vector<BadLine>& badLines) {
+  void ShowBadLines(const std::vector<store::BadLine>& badLines) {
     list_->setVisible(!badLines.empty());
     copy_->setVisible(!badLines.empty());
     list_->SetFaults(FaultsOf(badLines));

@@ -17,12 +17,12 @@ namespace kiv::client {
 
 namespace {
 
-using Outcome = StudyImportReport::Outcome;
+using Outcome = session::StudyImportReport::Outcome;
 
-std::vector<FaultList::Fault> FaultsOf(const std::vector<ImportProblem>& problems) {
+std::vector<FaultList::Fault> FaultsOf(const std::vector<session::ImportProblem>& problems) {
   std::vector<FaultList::Fault> faults;
   faults.reserve(problems.size());
-  for (const ImportProblem& problem : problems) {
+  for (const session::ImportProblem& problem : problems) {
     const QString file = QString::fromStdString(problem.file);
     faults.push_back({QFileInfo(file).fileName(), QString::fromStdString(problem.study),
                       QString::fromStdString(problem.reason),
@@ -32,11 +32,11 @@ std::vector<FaultList::Fault> FaultsOf(const std::vector<ImportProblem>& problem
 }
 
 /// The studies that wait for the import, as many as a person reads.
-QString NamesOf(const StudyImportReport& report) {
+QString NamesOf(const session::StudyImportReport& report) {
   constexpr std::size_t kShown = 12;
   QString text;
   for (std::size_t i = 0; i < report.studies.size() && i < kShown; ++i) {
-    const StudyImportReport::Entry& study = report.studies[i];
+    const session::StudyImportReport::Entry& study = report.studies[i];
     text += QStringLiteral("\n%1 \"%2\"")
                 .arg(QString::fromStdString(study.kind), QString::fromStdString(study.name));
   }
@@ -69,7 +69,7 @@ class StudyImportDialog : public QDialog {
     all->addWidget(list_, 1);
     all->addWidget(MakeButtons());
     connect(copy_, &QPushButton::clicked, list_, &FaultList::CopyAll);
-    Show(CheckStudies(program_.Store(), files_));
+    Show(session::CheckStudies(program_.Store(), files_));
   }
 
   bool Imported() const { return imported_; }
@@ -91,7 +91,7 @@ class StudyImportDialog : public QDialog {
 
   void Check() {
     try {
-      Show(CheckStudies(program_.Store(), files_));
+      Show(session::CheckStudies(program_.Store(), files_));
     } catch (const std::exception& error) {
       TellFailure(error);
     }
@@ -99,7 +99,8 @@ class StudyImportDialog : public QDialog {
 
   void Import() {
     try {
-      const StudyImportReport report = client::ImportStudies(program_.Store(), files_, program_.UserName());
+      const session::StudyImportReport report =
+          session::ImportStudies(program_.Store(), files_, program_.UserName());
       imported_ = report.outcome == Outcome::Imported;
       if (imported_) {
         program_.AnnounceScenarios();
@@ -112,7 +113,7 @@ class StudyImportDialog : public QDialog {
     }
   }
 
-  void Show(const StudyImportReport& report) {
+  void Show(const session::StudyImportReport& report) {
     const bool good = report.outcome == Outcome::Good;
     QString text = QString::fromStdString(OutcomeText(report));
     if (good) {

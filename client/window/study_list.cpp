@@ -163,8 +163,8 @@ void StudyListPage::ForgetStudies() {
   table_.Clear();
 }
 
-void StudyListPage::Update(std::int32_t id, const std::optional<StudySummary>& study) {
-  table_.Replace(id, id, study ? std::vector{*study} : std::vector<StudySummary>());
+void StudyListPage::Update(std::int32_t id, const std::optional<store::StudySummary>& study) {
+  table_.Replace(id, id, study ? std::vector{*study} : std::vector<store::StudySummary>());
 }
 
 QModelIndex StudyListPage::SelectedRow() const {

@@ -29,7 +29,7 @@ class StudyListPage : public QWidget {
   /// Another database is open.
   void ForgetStudies();
   /// Shows a study as it is stored now, or no more.
-  void Update(std::int32_t id, const std::optional<StudySummary>& study);
+  void Update(std::int32_t id, const std::optional<store::StudySummary>& study);
   std::size_t StudyCount() const { return table_.Count(); }
   /// The study that the cursor is on, or the first of the selected ones.
   std::optional<std::int32_t> SelectedStudy() const;

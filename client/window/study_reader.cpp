@@ -74,7 +74,7 @@ void StudyReader::ReadFurtherPage() {
 }
 
 void StudyReader::ReadPage() {
-  std::vector<StudySummary> page = program_.Store().ListFrom(next_, pageSize_);
+  std::vector<store::StudySummary> page = program_.Store().ListFrom(next_, pageSize_);
   const bool isLast = page.size() < pageSize_ || page.back().id == Id::max();
   const std::int32_t last = isLast ? Id::max() : page.back().id;
   read_ += page.size();

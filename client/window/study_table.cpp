@@ -15,7 +15,7 @@ namespace kiv::client {
 
 namespace {
 
-QString CellText(const StudySummary& study, int column) {
+QString CellText(const store::StudySummary& study, int column) {
   switch (column) {
     case StudyTable::kId: return QString::number(study.id);
     case StudyTable::kKind: return QString::fromStdString(study.kind);
@@ -24,7 +24,7 @@ QString CellText(const StudySummary& study, int column) {
     case StudyTable::kMinutes:
       return study.duration == CKivStudyData::kNotGiven ? QString() : QString::number(study.duration);
     case StudyTable::kChangedBy: return QString::fromStdString(study.modifiedBy);
-    default: return QString::fromStdString(LocalTimeText(study.modifiedAt));
+    default: return QString::fromStdString(store::LocalTimeText(study.modifiedAt));
   }
 }
 
@@ -33,13 +33,13 @@ bool IsNumber(int column) {
 }
 
 /// What the user may look for, in lower case; no word reaches from one text to the next.
-std::string SearchText(const StudySummary& study) {
+std::string SearchText(const store::StudySummary& study) {
   std::string text = std::to_string(study.id);
   for (const std::string* part : {&study.kind, &study.name, &study.scenario, &study.modifiedBy}) {
     text += '\n';
     text += *part;
   }
-  return LowerCase(text);
+  return store::LowerCase(text);
 }
 
 /// Replaces a part of a vector; what stands behind it moves at most once.
@@ -59,9 +59,9 @@ void Splice(std::vector<Value>& all, std::size_t from, std::size_t to, std::vect
 
 }  // namespace
 
-void StudyTable::Replace(std::int32_t first, std::int32_t last, std::vector<StudySummary> studies) {
-  const auto begin = std::ranges::lower_bound(studies_, first, {}, &StudySummary::id);
-  const auto end = std::ranges::upper_bound(begin, studies_.end(), last, {}, &StudySummary::id);
+void StudyTable::Replace(std::int32_t first, std::int32_t last, std::vector<store::StudySummary> studies) {
+  const auto begin = std::ranges::lower_bound(studies_, first, {}, &store::StudySummary::id);
+  const auto end = std::ranges::upper_bound(begin, studies_.end(), last, {}, &store::StudySummary::id);
   if (std::equal(begin, end, studies.begin(), studies.end())) return;
   const auto from = static_cast<std::size_t>(begin - studies_.begin());
   const auto to = static_cast<std::size_t>(end - studies_.begin());
@@ -97,7 +97,7 @@ void StudyTable::SetWords(const QString& words) {
   beginResetModel();
   words_.clear();
   for (const QString& word : words.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-    words_.push_back(LowerCase(word.toStdString()));
+    words_.push_back(store::LowerCase(word.toStdString()));
   }
   ShowAgain();
   endResetModel();
@@ -138,19 +138,21 @@ void StudyTable::Sort() {
                  [&](Place place) { return keyOf(studies_[place]); });
   };
   switch (sortColumn_) {
-    case kKind: return sortBy([](const StudySummary& study) { return LowerCase(study.kind); });
-    case kName: return sortBy([](const StudySummary& study) { return LowerCase(study.name); });
-    case kScenario: return sortBy([](const StudySummary& study) { return LowerCase(study.scenario); });
-    case kMinutes: return sortBy([](const StudySummary& study) { return study.duration; });
-    case kChangedBy: return sortBy([](const StudySummary& study) { return LowerCase(study.modifiedBy); });
+    case kKind: return sortBy([](const store::StudySummary& study) { return store::LowerCase(study.kind); });
+    case kName: return sortBy([](const store::StudySummary& study) { return store::LowerCase(study.name); });
+    case kScenario:
+      return sortBy([](const store::StudySummary& study) { return store::LowerCase(study.scenario); });
+    case kMinutes: return sortBy([](const store::StudySummary& study) { return study.duration; });
+    case kChangedBy:
+      return sortBy([](const store::StudySummary& study) { return store::LowerCase(study.modifiedBy); });
     case kChangedAt:
-      return sortBy([](const StudySummary& study) { return std::string_view(study.modifiedAt); });
-    default: return sortBy([](const StudySummary& study) { return study.id; });
+      return sortBy([](const store::StudySummary& study) { return std::string_view(study.modifiedAt); });
+    default: return sortBy([](const store::StudySummary& study) { return study.id; });
   }
 }
 
 std::optional<int> StudyTable::RowOf(std::int32_t id) const {
-  const auto study = std::ranges::lower_bound(studies_, id, {}, &StudySummary::id);
+  const auto study = std::ranges::lower_bound(studies_, id, {}, &store::StudySummary::id);
   const auto row = std::ranges::find(shown_, static_cast<Place>(study - studies_.begin()));
   if (study == studies_.end() || study->id != id || row == shown_.end()) return std::nullopt;
   return static_cast<int>(row - shown_.begin());
@@ -165,7 +167,7 @@ int StudyTable::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant StudyTable::data(const QModelIndex& index, int role) const {
-  const StudySummary& study = At(index.row());
+  const store::StudySummary& study = At(index.row());
   if (role == Qt::DisplayRole) return CellText(study, index.column());
   if (role == Qt::DecorationRole && index.column() == kKind) return KindIcon(study.kind);
   if (role == Qt::TextAlignmentRole && IsNumber(index.column())) {

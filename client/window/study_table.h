@@ -20,14 +20,14 @@ class StudyTable : public QAbstractTableModel {
 
   /// Puts studies, which stand in the order of their identifiers, in the place of all those from one
   /// identifier to another. What changes nothing that is shown resets nothing.
-  void Replace(std::int32_t first, std::int32_t last, std::vector<StudySummary> studies);
+  void Replace(std::int32_t first, std::int32_t last, std::vector<store::StudySummary> studies);
   void Clear();
   /// Shows the studies that hold all these words.
   void SetWords(const QString& words);
 
   /// How many there are, shown or not.
   std::size_t Count() const { return studies_.size(); }
-  const StudySummary& At(int row) const { return studies_[shown_[static_cast<std::size_t>(row)]]; }
+  const store::StudySummary& At(int row) const { return studies_[shown_[static_cast<std::size_t>(row)]]; }
   /// The row that shows a study.
   std::optional<int> RowOf(std::int32_t id) const;
 
@@ -45,7 +45,7 @@ class StudyTable : public QAbstractTableModel {
   void ShowAgain();
   void Sort();
 
-  std::vector<StudySummary> studies_;  ///< by identifier
+  std::vector<store::StudySummary> studies_;  ///< by identifier
   std::vector<std::string> searchTexts_;
   std::vector<Place> shown_;
   std::vector<std::string> words_;

@@ -41,7 +41,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 }
 
 void StartWithWindow(Program& program) {
-  program.Start({.messageBox = std::make_shared<qt::MessageBox>(
+  program.Start({.messageBoxes = std::make_shared<qt::MessageBoxes>(
                      [&program] { return program.Settings().ApplicationTitle(); }),
                  .folderChooser = std::make_shared<qt::FolderChooser>(),
                  .beeper = std::make_shared<qt::Beeper>(),

@@ -7,7 +7,7 @@
 
 #include "core/conversions.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 namespace {
 
@@ -160,4 +160,4 @@ StoredEntry EntryOf(const Json& object) {
   return entry;
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

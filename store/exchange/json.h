@@ -7,7 +7,7 @@
 #include "store/studies/study.h"
 
 /// Records as JSON values, whose keys keep their order.
-namespace kiv::client {
+namespace kiv::store {
 
 using Json = nlohmann::ordered_json;
 
@@ -40,4 +40,4 @@ std::string ContentText(const Study& study, const std::string& scenario,
 /// Fields and lists of an object; what stands in it beside them is true or a fraction, which no record has.
 StoredEntry EntryOf(const Json& object);
 
-}  // namespace kiv::client
+}  // namespace kiv::store

@@ -10,7 +10,7 @@
 #include "base/utf16.h"
 #include "store/store_error.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 namespace {
 
@@ -120,4 +120,4 @@ Json ParseJson(std::string_view text) {
   }
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

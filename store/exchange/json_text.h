@@ -4,10 +4,10 @@
 
 #include "store/exchange/json.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 /// Reads JSON that anybody may have written. Raises StoreError, with line and column, for text that is no
 /// UTF-8 or no JSON, that has a key twice in one object, or that is nested or filled as no export is.
 Json ParseJson(std::string_view text);
 
-}  // namespace kiv::client
+}  // namespace kiv::store

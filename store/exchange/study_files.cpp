@@ -9,7 +9,7 @@
 #include "store/exchange/study_json.h"
 #include "store/whole_file.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 namespace {
 
@@ -69,4 +69,4 @@ std::string ReadStudyFile(const std::string& file) {
   }
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

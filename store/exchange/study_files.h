@@ -7,7 +7,7 @@
 #include "store/studies/study_store.h"
 
 /// Files with exported studies.
-namespace kiv::client {
+namespace kiv::store {
 
 /// The text of studies, ordered by their numbers; of all when none is named. Raises StoreError for one that
 /// is not there or cannot be exported.
@@ -19,4 +19,4 @@ void WriteStudyFile(const std::string& file, const std::string& text);
 /// Raises StoreError.
 std::string ReadStudyFile(const std::string& file);
 
-}  // namespace kiv::client
+}  // namespace kiv::store

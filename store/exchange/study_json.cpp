@@ -11,7 +11,7 @@
 #include "store/exchange/json_text.h"
 #include "store/store_error.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 namespace {
 
@@ -190,4 +190,4 @@ ExportContent ReadExport(std::string_view text) {
   return content;
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

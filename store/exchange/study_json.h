@@ -7,7 +7,7 @@
 #include "store/studies/study.h"
 
 /// Studies as text that files and the history keep; docs/export-format.md describes it.
-namespace kiv::client {
+namespace kiv::store {
 
 /// The text of an exported file: the same studies give the same bytes. Raises StoreError for a study that is
 /// not complete or has a text that is none.
@@ -32,4 +32,4 @@ ExportContent ReadExport(std::string_view text);
 /// it.
 NamedStudy ReadKept(const std::string& content);
 
-}  // namespace kiv::client
+}  // namespace kiv::store

@@ -7,7 +7,7 @@
 
 #include "store/exchange/json.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 namespace {
 
@@ -180,4 +180,4 @@ std::string SummaryOf(const std::vector<StudyDifference>& differences) {
   return text;
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace kiv::client {
+namespace kiv::store {
 
 /// One difference between two states of a study.
 struct StudyDifference {
@@ -23,4 +23,4 @@ std::vector<StudyDifference> DifferencesBetween(const std::string& before, const
 /// The changed fields in short, such as `name, Cells (3)`.
 std::string SummaryOf(const std::vector<StudyDifference>& differences);
 
-}  // namespace kiv::client
+}  // namespace kiv::store

@@ -10,7 +10,7 @@
 #include "core/msql.h"
 #include "store/store_error.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 namespace {
 
@@ -132,4 +132,4 @@ void StudyHistory::Add(const HistoryEntry& entry, const std::string& content) {
   connection_.ExecuteSql(sql::InsertStatement(connection_, kTable, values));
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

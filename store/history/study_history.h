@@ -8,7 +8,7 @@
 #include "database/connection.h"
 #include "store/studies/study.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 /// What happened to a study at one revision.
 enum class StudyEvent {
@@ -61,4 +61,4 @@ class StudyHistory {
   mutable std::optional<bool> kept_;
 };
 
-}  // namespace kiv::client
+}  // namespace kiv::store

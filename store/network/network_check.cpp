@@ -12,7 +12,7 @@
 #include "core/numeric_text.h"
 #include "store/network/network_csv.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 namespace {
 
@@ -340,4 +340,4 @@ void NetworkCheck::AddBadFile(const std::string& file, const std::string& reason
   badLines_.push_back({file, 0, reason});
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

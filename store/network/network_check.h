@@ -12,7 +12,7 @@
 #include "store/network/network_index.h"
 #include "store/network/network_tables.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 /// What is wrong with a line of a file, or with the file as a whole.
 struct BadLine {
@@ -50,4 +50,4 @@ class NetworkCheck {
   std::vector<BadLine> badLines_;
 };
 
-}  // namespace kiv::client
+}  // namespace kiv::store

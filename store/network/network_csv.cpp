@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace kiv::client {
+namespace kiv::store {
 
 namespace {
 
@@ -99,4 +99,4 @@ void CsvReader::ResumeAfter(std::size_t start, std::string_view fault) {
   nextLine_ = line_ + 1;
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

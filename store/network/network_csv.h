@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace kiv::client {
+namespace kiv::store {
 
 /// Reads CSV text record by record: commas, quotation marks as in RFC 4180, lines that end with LF or CRLF, a
 /// byte order mark in front. Empty lines are skipped. A record with a fault in its quotation marks ends with
@@ -46,4 +46,4 @@ class CsvReader {
   std::deque<std::string> unquoted_;  ///< values that differ from what stands in the text
 };
 
-}  // namespace kiv::client
+}  // namespace kiv::store

@@ -9,7 +9,7 @@
 #include "store/lower_case.h"
 #include "store/network/network_tables.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 namespace {
 
@@ -176,4 +176,4 @@ std::vector<NetworkEntities::Number> EntitySearch::Find(const NetworkEntities& e
   return found;
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

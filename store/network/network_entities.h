@@ -9,7 +9,7 @@
 #include "host/drag_source.h"
 #include "store/network/network_index.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 enum class EntityKind : std::uint8_t { System, Ecp, Cell };
 
@@ -87,4 +87,4 @@ class EntitySearch {
   std::vector<Word> words_;
 };
 
-}  // namespace kiv::client
+}  // namespace kiv::store

@@ -7,7 +7,7 @@
 #include "store/store_error.h"
 #include "store/whole_file.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 namespace {
 
@@ -43,4 +43,4 @@ NetworkFiles FindNetworkFiles(const std::string& utf8Folder) {
   return files;
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

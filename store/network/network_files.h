@@ -7,7 +7,7 @@
 
 #include "store/network/network_tables.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 /// The CSV files of a folder by the tables they belong to; letter case in their names does not matter.
 struct NetworkFiles {
@@ -18,4 +18,4 @@ struct NetworkFiles {
 /// Raises StoreError when the folder is none or cannot be read.
 NetworkFiles FindNetworkFiles(const std::string& utf8Folder);
 
-}  // namespace kiv::client
+}  // namespace kiv::store

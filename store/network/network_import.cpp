@@ -8,7 +8,7 @@
 #include "store/store_error.h"
 #include "store/whole_file.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 namespace {
 
@@ -172,4 +172,4 @@ NetworkReport ImportNetwork(database::Connection& connection, const std::string&
   }
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

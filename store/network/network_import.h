@@ -9,7 +9,7 @@
 #include "database/connection.h"
 #include "store/network/network_check.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 /// What came of checking or importing a folder with the files of a network configuration.
 struct NetworkReport {
@@ -39,4 +39,4 @@ NetworkReport CheckNetwork(const std::string& folder, const ImportProgress& prog
 NetworkReport ImportNetwork(database::Connection& connection, const std::string& folder,
                             const ImportProgress& progress = {});
 
-}  // namespace kiv::client
+}  // namespace kiv::store

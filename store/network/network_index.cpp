@@ -6,7 +6,7 @@
 
 #include "store/network/network_tables.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 namespace {
 
@@ -84,4 +84,4 @@ std::string EntityIndex::ProblemWithEcp(std::string_view column, std::int32_t in
   return NotThere("an ECP with " + std::string(column) + " " + std::to_string(instance));
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

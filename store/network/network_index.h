@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace kiv::client {
+namespace kiv::store {
 
 /// The numbers on the path to a system, an ECP or a cell; what is below it is 0.
 struct EntityPath {
@@ -44,4 +44,4 @@ class EntityIndex {
   std::unordered_map<std::int32_t, EntityPath> paths_;
 };
 
-}  // namespace kiv::client
+}  // namespace kiv::store

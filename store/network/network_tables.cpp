@@ -1,6 +1,6 @@
 #include "store/network/network_tables.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 namespace {
 
@@ -83,4 +83,4 @@ std::string FileNameOf(const NetworkTable& table) {
   return std::string(table.name) + ".csv";
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

@@ -8,7 +8,7 @@
 #include <vector>
 
 /// The tables of the network configuration, as they stand in the database and in CSV files.
-namespace kiv::client {
+namespace kiv::store {
 
 enum class NetworkTableId {
   Entities,
@@ -77,4 +77,4 @@ const NetworkTable& TableOf(NetworkTableId id);
 /// Name of the file of a table.
 std::string FileNameOf(const NetworkTable& table);
 
-}  // namespace kiv::client
+}  // namespace kiv::store

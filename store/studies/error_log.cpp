@@ -2,7 +2,7 @@
 
 #include "store/store_error.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 void ErrorLog::ReportError(const std::string&, const std::string&, const std::string&,
                            const std::string& message) {
@@ -40,4 +40,4 @@ void ErrorLog::Watch::RaiseFirst() const {
   if (log_.failures_.size() > start_) std::rethrow_exception(log_.failures_[start_]);
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

@@ -8,7 +8,7 @@
 
 #include "host/error_reporter.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 /// Takes what the library reports: a save or a load that watches learns whether all went well; what nobody
 /// watches is told to the user at once.
@@ -48,4 +48,4 @@ class ErrorLog : public host::ErrorReporter {
   std::vector<std::exception_ptr> failures_;
 };
 
-}  // namespace kiv::client
+}  // namespace kiv::store

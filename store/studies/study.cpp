@@ -3,7 +3,7 @@
 #include "editor/study_editors.h"
 #include "store/store_error.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 std::string MissingDataText(std::int32_t id) {
   return "The data of study " + std::to_string(id) +
@@ -25,4 +25,4 @@ Study NewStudy(const std::string& kind) {
   return study;
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

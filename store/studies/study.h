@@ -6,7 +6,7 @@
 
 #include "core/study_data.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 /// Whether the database has what belongs to a study's kind.
 enum class KindData {
@@ -51,4 +51,4 @@ inline constexpr SharedNumber kSharedNumbers[] = {
     {"retrieveDelayMinutes", &CKivStudyData::RetrieveDelay, &CKivStudyData::SetRetrieveDelay},
 };
 
-}  // namespace kiv::client
+}  // namespace kiv::store

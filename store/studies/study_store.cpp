@@ -14,7 +14,7 @@
 #include "store/local_time.h"
 #include "store/utc_time.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 namespace {
 
@@ -352,4 +352,4 @@ void StudyStore::RemoveScenario(std::int32_t id) {
   connection_->ExecuteSql("DELETE FROM kiv_scenario WHERE id = " + std::to_string(id));
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

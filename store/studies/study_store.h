@@ -13,7 +13,7 @@
 #include "store/studies/error_log.h"
 #include "store/studies/study.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 /// One line of the list of studies.
 struct StudySummary {
@@ -104,4 +104,4 @@ class StudyStore {
   std::shared_ptr<ErrorLog> errors_;
 };
 
-}  // namespace kiv::client
+}  // namespace kiv::store

@@ -10,7 +10,7 @@
 #include "store/studies/study_store.h"
 #include "store/utc_time.h"
 
-namespace kiv::client {
+namespace kiv::store {
 
 std::string StudyStore::ScenarioName(std::int32_t id) const {
   if (id == CKivStudyData::kNotGiven) return {};
@@ -99,4 +99,4 @@ std::int32_t StudyStore::Restore(std::int32_t id, std::int32_t revision, const s
   return restored;
 }
 
-}  // namespace kiv::client
+}  // namespace kiv::store

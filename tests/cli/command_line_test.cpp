@@ -57,8 +57,8 @@ class CommandLine : public ::testing::Test {
     Program program;
     program.Start({});
     program.OpenDatabase(database_, Program::WhenMissing::Create);
-    StudyStore& store = program.Store();
-    Study study = store.New("HOM Study");
+    store::StudyStore& store = program.Store();
+    store::Study study = store.New("HOM Study");
     study.name = name;
     study.record->SetScenarioID(store.Scenarios().empty() ? store.AddScenario("Downtown")
                                                           : store.Scenarios().front().id);
@@ -227,7 +227,7 @@ TEST_F(CommandLine, ShowsTheModesOfAStudyWithTheirChannels) {
     Program program;
     program.Start({});
     program.OpenDatabase(database_, Program::WhenMissing::Create);
-    Study study = program.Store().New("PLM Study");
+    store::Study study = program.Store().New("PLM Study");
     study.name = "Channels";
     const auto mode = std::make_shared<CKivPlmMode>();
     mode->SetPlmMode(3);

@@ -21,7 +21,7 @@ TEST(FolderChooser, StartsAtTheNearestFolder) {
 }
 
 TEST(MessageBox, ShowsPlainTextAndReturns) {
-  qt::MessageBox messages([] { return std::string("Title"); });
+  qt::MessageBoxes messages([] { return std::string("Title"); });
   EXPECT_EQ(messages.ApplicationTitle(), "Title");
   QString text;
   QMessageBox::Icon icon{};
@@ -38,7 +38,7 @@ TEST(MessageBox, ShowsPlainTextAndReturns) {
 }
 
 TEST(MessageBox, SurvivesTheWindowBelow) {
-  qt::MessageBox messages([] { return std::string("Title"); });
+  qt::MessageBoxes messages([] { return std::string("Title"); });
   auto* window = new QWidget;
   window->show();
   QApplication::setActiveWindow(window);

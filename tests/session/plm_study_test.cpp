@@ -21,7 +21,7 @@ namespace {
 /// The tabs of one editor, worked as a user does.
 class Hand {
  public:
-  explicit Hand(StudySession& session)
+  explicit Hand(session::StudySession& session)
       : general(dynamic_cast<XKivPlmGen&>(*session.Tabs()[0])),
         cdma(dynamic_cast<XKivPlmCdma&>(*session.Tabs()[1])),
         tdma(dynamic_cast<XKivPlmTdma&>(*session.Tabs()[2])) {}
@@ -142,17 +142,17 @@ class PlmStudies : public ::testing::TestWithParam<test::Engine> {
     host_.documents->documents = store_.Scenarios();
   }
 
-  std::unique_ptr<StudySession> NewSession() {
-    auto session = std::make_unique<StudySession>(store_, store_.New("PLM Study"));
+  std::unique_ptr<session::StudySession> NewSession() {
+    auto session = std::make_unique<session::StudySession>(store_, store_.New("PLM Study"));
     Hand hand(*session);
     hand.general.fdocCBScenario.SelectID(scenario_);
     hand.general.XDest.SetPath(folder_.Path());
     return session;
   }
-  std::unique_ptr<StudySession> Reopened(std::int32_t id) {
-    return std::make_unique<StudySession>(store_, store_.Load(id));
+  std::unique_ptr<session::StudySession> Reopened(std::int32_t id) {
+    return std::make_unique<session::StudySession>(store_, store_.Load(id));
   }
-  bool Save(StudySession& session) {
+  bool Save(session::StudySession& session) {
     const bool saved = session.Save("ann");
     EXPECT_EQ(host_.TakeMessage(), "");
     return saved;
@@ -181,10 +181,10 @@ class PlmStudies : public ::testing::TestWithParam<test::Engine> {
 
   test::FakeHost host_;
   test::TempFolder folder_;
-  std::shared_ptr<ErrorLog> errors_ = std::make_shared<ErrorLog>();
+  std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
   const std::unique_ptr<test::TestDatabase> database_ = GetParam().start();
   const std::shared_ptr<database::SqlConnection> connection_ = database_->Connect();
-  StudyStore store_{connection_, errors_};
+  store::StudyStore store_{connection_, errors_};
   std::int32_t scenario_ = 0;
 };
 

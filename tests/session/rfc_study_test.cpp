@@ -21,8 +21,8 @@ namespace {
 
 /// The tabs of one editor.
 struct Hand {
-  explicit Hand(StudySession& session)
-      : strip(dynamic_cast<ScenarioStrip&>(*session.Header())),
+  explicit Hand(session::StudySession& session)
+      : strip(dynamic_cast<session::ScenarioStrip&>(*session.Header())),
         general(dynamic_cast<XKivRfcGen&>(*session.Tabs()[0])),
         detail(dynamic_cast<XKivRfcDetail&>(*session.Tabs()[1])),
         cdma3g(dynamic_cast<XKivRfcCDMA3G&>(*session.Tabs()[2])) {}
@@ -32,7 +32,7 @@ struct Hand {
     detail.txtFilename[row].Type(file);
   }
 
-  ScenarioStrip& strip;
+  session::ScenarioStrip& strip;
   XKivRfcGen& general;
   XKivRfcDetail& detail;
   XKivRfcCDMA3G& cdma3g;
@@ -66,8 +66,8 @@ class RfcStudies : public ::testing::TestWithParam<test::Engine> {
   }
 
   /// A stored study of one ECP and its DNs.
-  std::unique_ptr<StudySession> StoredStudy(const host::DraggedNode& ecp, std::size_t firstRow) {
-    auto session = std::make_unique<StudySession>(store_, store_.New(std::string(kRfcStudy)));
+  std::unique_ptr<session::StudySession> StoredStudy(const host::DraggedNode& ecp, std::size_t firstRow) {
+    auto session = std::make_unique<session::StudySession>(store_, store_.New(std::string(kRfcStudy)));
     session->SetName("Trace");
     Hand hand(*session);
     hand.strip.fdocCBScenario.SelectID(scenario_);
@@ -79,10 +79,10 @@ class RfcStudies : public ::testing::TestWithParam<test::Engine> {
     Save(*session);
     return session;
   }
-  std::unique_ptr<StudySession> Reopened(std::int32_t id) {
-    return std::make_unique<StudySession>(store_, store_.Load(id));
+  std::unique_ptr<session::StudySession> Reopened(std::int32_t id) {
+    return std::make_unique<session::StudySession>(store_, store_.Load(id));
   }
-  void Save(StudySession& session) {
+  void Save(session::StudySession& session) {
     EXPECT_TRUE(session.Save("ann"));
     EXPECT_EQ(host_.TakeMessage(), "");
   }
@@ -99,10 +99,10 @@ class RfcStudies : public ::testing::TestWithParam<test::Engine> {
 
   test::FakeHost host_;
   test::TempFolder folder_;
-  std::shared_ptr<ErrorLog> errors_ = std::make_shared<ErrorLog>();
+  std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
   const std::unique_ptr<test::TestDatabase> database_ = GetParam().start();
   const std::shared_ptr<database::SqlConnection> connection_ = database_->Connect();
-  StudyStore store_{connection_, errors_};
+  store::StudyStore store_{connection_, errors_};
   std::int32_t scenario_ = 0;
 };
 

@@ -33,16 +33,19 @@ class VcsaStudies : public ::testing::TestWithParam<test::Engine> {
     services.openDatabase = [connection = connection_] { return connection; };
     services.errorReporter = errors_;
     host::InstallServices(services);
-    EXPECT_EQ(ImportNetwork(*connection_, KIV_SAMPLE_NETWORK).outcome, NetworkReport::Outcome::Imported);
+    EXPECT_EQ(store::ImportNetwork(*connection_, KIV_SAMPLE_NETWORK).outcome,
+              store::NetworkReport::Outcome::Imported);
   }
 
-  std::unique_ptr<StudySession> Opened(Study study) {
-    auto session = std::make_unique<StudySession>(store_, std::move(study));
+  std::unique_ptr<session::StudySession> Opened(store::Study study) {
+    auto session = std::make_unique<session::StudySession>(store_, std::move(study));
     session->NotifyTabShown("XKivVcsDetail");
     return session;
   }
-  static XKivVcsGen& General(StudySession& session) { return dynamic_cast<XKivVcsGen&>(*session.Tabs()[0]); }
-  static XKivVcsDetail& Detail(StudySession& session) {
+  static XKivVcsGen& General(session::StudySession& session) {
+    return dynamic_cast<XKivVcsGen&>(*session.Tabs()[0]);
+  }
+  static XKivVcsDetail& Detail(session::StudySession& session) {
     return dynamic_cast<XKivVcsDetail&>(*session.Tabs()[1]);
   }
   /// Opens a stored study and saves it with another duration.
@@ -63,11 +66,11 @@ class VcsaStudies : public ::testing::TestWithParam<test::Engine> {
 
   test::FakeHost host_;
   test::TempFolder folder_;
-  std::shared_ptr<ErrorLog> errors_ = std::make_shared<ErrorLog>();
+  std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
   const std::unique_ptr<test::TestDatabase> database_ = GetParam().start();
   const std::shared_ptr<database::SqlConnection> connection_ =
       database::OpenStudyDatabase(database_->Name(), database::OpenMode::CreateIfMissing);
-  StudyStore store_{connection_, errors_};
+  store::StudyStore store_{connection_, errors_};
 };
 
 INSTANTIATE_TEST_SUITE_P(Engines, VcsaStudies, ::testing::ValuesIn(test::Engines()),
@@ -78,7 +81,7 @@ TEST_P(VcsaStudies, ChoicesSurviveSavesAndChangesOfTheNetwork) {
   host_.documents->documents = store_.Scenarios();
   const auto session = Opened(store_.New(std::string(kVcsStudy)));
   session->SetName("Events");
-  dynamic_cast<ScenarioStrip&>(*session->Header()).fdocCBScenario.SelectID(scenario);
+  dynamic_cast<session::ScenarioStrip&>(*session->Header()).fdocCBScenario.SelectID(scenario);
   General(*session).XDest.SetPath(folder_.Path());
   General(*session).dlvwCell.DropNodes(kNamesakes);
   session->NotifyTabShown("XKivVcsDetail");

@@ -35,7 +35,7 @@ class Crash : public ::testing::TestWithParam<std::tuple<test::Engine, std::stri
   Crash() {
     test::RegisterRichStudies();
     test::TestStore store(Open());
-    Study study = store->New(std::get<std::string>(GetParam()));
+    store::Study study = store->New(std::get<std::string>(GetParam()));
     test::Fill(study, kNewVariant);
     store->Save(study, "ann");
     id_ = study.record->ID();
@@ -54,7 +54,7 @@ class Crash : public ::testing::TestWithParam<std::tuple<test::Engine, std::stri
   void Change(const std::function<void()>& atStart, const std::function<void()>& beforeCall) {
     const auto connection = std::make_shared<test::WatchedConnection>(Open());
     test::TestStore store(connection);
-    Study study = store->Load(id_);
+    store::Study study = store->Load(id_);
     test::Fill(study, test::Content(study) == oldContent_ ? kNewVariant : kOldVariant);
     atStart();
     connection->beforeCall = beforeCall;
@@ -153,7 +153,7 @@ TEST_P(FullDisk, LeavesTheOldStudyAndIsToldOnce) {
   for (const rlim_t limit : {rlim_t{0}, rlim_t{1000}, rlim_t{size}, rlim_t{size + 5000}}) {
     {
       test::TestStore store(Open());
-      Study study = store->Load(id_);
+      store::Study study = store->Load(id_);
       test::Fill(study, kLargeVariant);
       std::string message;
       {
@@ -161,7 +161,7 @@ TEST_P(FullDisk, LeavesTheOldStudyAndIsToldOnce) {
         try {
           store->Save(study, "bob");
         } catch (const std::exception& error) {
-          message = FailureText(error);
+          message = store::FailureText(error);
         }
       }
       EXPECT_THAT(message, testing::StartsWith("The disk of the study database is full")) << limit;
@@ -170,7 +170,7 @@ TEST_P(FullDisk, LeavesTheOldStudyAndIsToldOnce) {
     EXPECT_EQ(StoredContent(), oldContent_) << limit;
   }
   test::TestStore store(Open());
-  Study study = store->Load(id_);
+  store::Study study = store->Load(id_);
   test::Fill(study, kLargeVariant);
   store->Save(study, "bob");
   EXPECT_GT(std::filesystem::file_size(database_->Name()), size);

@@ -43,7 +43,7 @@ class ManyUsers : public ::testing::TestWithParam<test::Engine> {
   ManyUsers() : kinds_(test::RegisterRichStudies()) {
     test::TestStore store(Open());
     for (std::int32_t number = 0; number < kStudies; ++number) {
-      Study study = store->New(kinds_[static_cast<std::size_t>(number) % kinds_.size()]);
+      store::Study study = store->New(kinds_[static_cast<std::size_t>(number) % kinds_.size()]);
       SetCount(study, 0);
       store->Save(study, "ann");
       EXPECT_EQ(study.record->ID(), number + 1);
@@ -55,12 +55,12 @@ class ManyUsers : public ::testing::TestWithParam<test::Engine> {
   }
 
   /// Content that tells how often a study was changed.
-  static void SetCount(Study& study, std::int32_t count) {
+  static void SetCount(store::Study& study, std::int32_t count) {
     test::Fill(study, count % 4);
     study.record->SetRetrieveDelay(count);
   }
-  static bool IsWhole(const Study& study) {
-    Study expected = study;
+  static bool IsWhole(const store::Study& study) {
+    store::Study expected = study;
     const CKivStudyData& record = *study.record;
     expected.record = std::make_shared<CKivStudyData>();
     expected.record->InitNew(record.AppName(), record.EditorName(), record.StudyType(), record.ScenarioType(),
@@ -75,12 +75,12 @@ class ManyUsers : public ::testing::TestWithParam<test::Engine> {
     for (int save = 0; save < kSavesOfUser; ++save) {
       const auto id = static_cast<std::int32_t>(random() % kStudies) + 1;
       try {
-        Study study = store->Load(id);
+        store::Study study = store->Load(id);
         if (!IsWhole(study)) ++seen.mixtures;
         SetCount(study, study.record->RetrieveDelay() + 1);
         store->Save(study, "user" + std::to_string(user));
         ++seen.saves[static_cast<std::size_t>(id - 1)];
-      } catch (const StudyConflict&) {
+      } catch (const store::StudyConflict&) {
         ++seen.conflicts;
       } catch (const database::StatementError& error) {
         if (error.Cause() != database::FailureCause::Busy) throw;
@@ -104,7 +104,7 @@ TEST_P(ManyUsers, NoSaveIsLostOrMixedWithAnother) {
   test::TestStore store(Open());
   int saves = 0;
   for (std::int32_t number = 0; number < kStudies; ++number) {
-    const Study study = store->Load(number + 1);
+    const store::Study study = store->Load(number + 1);
     const int counted = seen->saves[static_cast<std::size_t>(number)];
     EXPECT_EQ(study.record->RetrieveDelay(), counted) << "a save of study " << number + 1 << " was lost";
     EXPECT_EQ(study.revision, counted + 1);
@@ -121,7 +121,7 @@ TEST_P(ManyUsers, NoSaveIsLostOrMixedWithAnother) {
 TEST_P(ManyUsers, ABusyStudyIsWaitedForAndThenReported) {
   const auto other = database_->Connect();
   test::TestStore store(Open());
-  Study study = store->Load(1);
+  store::Study study = store->Load(1);
   SetCount(study, 1);
   {
     const database::Transaction holder(*other);
@@ -131,7 +131,7 @@ TEST_P(ManyUsers, ABusyStudyIsWaitedForAndThenReported) {
       store->Save(study, "ann");
       ADD_FAILURE() << "stored over somebody else's transaction";
     } catch (const std::exception& error) {
-      EXPECT_THAT(FailureText(error), testing::StartsWith("The study database is in use by another"));
+      EXPECT_THAT(store::FailureText(error), testing::StartsWith("The study database is in use by another"));
     }
     EXPECT_GT(Clock::now() - start, std::chrono::seconds(3));
   }

@@ -8,7 +8,7 @@ namespace {
 /// Records as `line: field|field`, faults as `line! fault`.
 std::vector<std::string> Read(std::string_view text) {
   std::vector<std::string> records;
-  CsvReader reader(text);
+  store::CsvReader reader(text);
   while (reader.Next()) {
     std::string record = std::to_string(reader.Line()) + (reader.Fault().empty() ? ": " : "! ");
     record += reader.Fault();

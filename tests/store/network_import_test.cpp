@@ -22,7 +22,7 @@
 namespace kiv::client {
 namespace {
 
-using Outcome = NetworkReport::Outcome;
+using Outcome = store::NetworkReport::Outcome;
 using ::testing::ElementsAre;
 
 /// The smallest network that has a row in every table.
@@ -54,8 +54,8 @@ class NetworkImport : public ::testing::TestWithParam<test::Engine> {
   void AddLines(const std::string& table, const std::string& lines) const {
     Write(table, GoodFiles().at(table) + lines);
   }
-  NetworkReport Import(const ImportProgress& progress = {}) {
-    return ImportNetwork(*database_, folder_, progress);
+  store::NetworkReport Import(const store::ImportProgress& progress = {}) {
+    return store::ImportNetwork(*database_, folder_, progress);
   }
   std::string Value(const std::string& query) {
     const auto rows = database_->OpenQuery(query, 5);
@@ -64,11 +64,11 @@ class NetworkImport : public ::testing::TestWithParam<test::Engine> {
   /// Every row of every table, sorted.
   std::string Content() {
     std::multiset<std::string> lines;
-    for (const NetworkTable& table : NetworkTables()) {
+    for (const store::NetworkTable& table : store::NetworkTables()) {
       const auto rows = database_->OpenQuery("SELECT * FROM " + std::string(table.name), 5);
       for (; !rows->EndOfFile(); rows->MoveNext()) {
         std::string line(table.name);
-        for (const NetworkColumn& column : table.columns) {
+        for (const store::NetworkColumn& column : table.columns) {
           const Variant value = rows->Field(column.name);
           line += (value.IsNull() ? "NULL" : ToText(value)) + ",";
         }
@@ -77,9 +77,9 @@ class NetworkImport : public ::testing::TestWithParam<test::Engine> {
     }
     return std::accumulate(lines.begin(), lines.end(), std::string());
   }
-  static std::vector<std::string> Texts(const NetworkReport& report) {
+  static std::vector<std::string> Texts(const store::NetworkReport& report) {
     std::vector<std::string> texts;
-    for (const BadLine& bad : report.badLines) {
+    for (const store::BadLine& bad : report.badLines) {
       texts.push_back(bad.file + ":" + std::to_string(bad.line) + ": " + bad.reason);
     }
     return texts;
@@ -99,15 +99,15 @@ TEST_P(NetworkImport, TheSampleIsTheOutputOfTheMakerAndIsImported) {
   const std::string sample = KIV_SAMPLE_NETWORK;
   const std::string made = temp_.File("made");
   samples::WriteNetwork({}, made);
-  for (const NetworkTable& table : NetworkTables()) {
-    const auto file = std::filesystem::path("") / FileNameOf(table);
-    EXPECT_TRUE(ReadWholeFile(made / file) == ReadWholeFile(sample / file))
+  for (const store::NetworkTable& table : store::NetworkTables()) {
+    const auto file = std::filesystem::path("") / store::FileNameOf(table);
+    EXPECT_TRUE(store::ReadWholeFile(made / file) == store::ReadWholeFile(sample / file))
         << file << " differs: run kivstudy_make_network samples/network";
   }
-  const NetworkReport report = ImportNetwork(*database_, sample);
+  const store::NetworkReport report = store::ImportNetwork(*database_, sample);
   EXPECT_THAT(Texts(report), ElementsAre());
   ASSERT_EQ(report.outcome, Outcome::Imported);
-  for (const NetworkReport::Table& table : report.tables) {
+  for (const store::NetworkReport::Table& table : report.tables) {
     EXPECT_EQ(Value("SELECT count(*) FROM " + table.name), std::to_string(table.rows)) << table.name;
   }
 
@@ -163,11 +163,11 @@ TEST_P(NetworkImport, ReplacesTheNetworkBeforeAndKeepsStudies) {
   database_->ExecuteSql(
       "INSERT INTO kiv_study (kind, name, modified_by, modified_at) VALUES ('HOM Study', 'Kept', 'a', 'b')");
   samples::WriteNetwork({.systems = 2, .ecps = 5, .cells = 1500, .seed = 7}, temp_.File("large"));
-  ASSERT_EQ(ImportNetwork(*database_, temp_.File("large")).outcome, Outcome::Imported);
+  ASSERT_EQ(store::ImportNetwork(*database_, temp_.File("large")).outcome, Outcome::Imported);
   EXPECT_EQ(Value("SELECT count(*) FROM kiv_network"), "1507");
   Write("luc_cfg_ceqsu2_old", "");
   AddLines("kiv_network", "101,cell,10,1,2,38,\"O'Hara \"\"\xC3\x9C\"\", Lane\nSouth\",AMPS/CDMA\n");
-  const NetworkReport report = Import();
+  const store::NetworkReport report = Import();
   ASSERT_EQ(report.outcome, Outcome::Imported);
   EXPECT_THAT(report.unknownFiles, ElementsAre("luc_cfg_ceqsu2_old.csv"));
   EXPECT_EQ(test::RowsText(*database_, "instance_id", "kiv_network ORDER BY instance_id"), "1;10;100;101;");
@@ -204,7 +204,7 @@ TEST_P(NetworkImport, EveryBadLineIsNamedAndNothingIsKept) {
   AddLines("vzn_instance_context", "2,1-2-99,10\n2,1-2-40,100\n2,1-2-37,10\n2,x,1\n9,anything,77\n");
   std::filesystem::remove(folder_ + "/KIV_FAF.csv");
 
-  const NetworkReport report = Import();
+  const store::NetworkReport report = Import();
   EXPECT_EQ(report.outcome, Outcome::Refused);
   EXPECT_THAT(
       Texts(report),
@@ -242,8 +242,8 @@ TEST_P(NetworkImport, EveryBadLineIsNamedAndNothingIsKept) {
   std::filesystem::remove_all(folder_);
   std::filesystem::create_directories(folder_);
   Write("luc_cfg_ceqsu2", GoodFiles().at("luc_cfg_ceqsu2"));
-  EXPECT_EQ(Import().badLines.size(), NetworkTables().size() - 1);
-  EXPECT_THROW(ImportNetwork(*database_, folder_ + "/none"), StoreError);
+  EXPECT_EQ(Import().badLines.size(), store::NetworkTables().size() - 1);
+  EXPECT_THROW(store::ImportNetwork(*database_, folder_ + "/none"), store::StoreError);
 }
 
 TEST_P(NetworkImport, AFailureOrACancelledImportLeavesTheNetworkBefore) {
@@ -256,10 +256,10 @@ TEST_P(NetworkImport, AFailureOrACancelledImportLeavesTheNetworkBefore) {
   for (bool cancelled = true; cancelled; ++places) {
     int told = 0;
     double last = 0;
-    const NetworkReport report = Import([&](std::string_view, double done) {
+    const store::NetworkReport report = Import([&](std::string_view, double done) {
       EXPECT_GE(done, last);
       last = done;
-      return told++ == places ? ImportChoice::Cancel : ImportChoice::GoOn;
+      return told++ == places ? store::ImportChoice::Cancel : store::ImportChoice::GoOn;
     });
     cancelled = report.outcome == Outcome::Cancelled;
     if (cancelled) {
@@ -279,11 +279,13 @@ TEST_P(NetworkImport, AFailureOrACancelledImportLeavesTheNetworkBefore) {
 }
 
 TEST_P(NetworkImport, ADryRunWritesNothing) {
-  EXPECT_EQ(CheckNetwork(folder_).outcome, Outcome::Good);
-  EXPECT_EQ(CheckNetwork(folder_, [](std::string_view, double) { return ImportChoice::Cancel; }).outcome,
+  EXPECT_EQ(store::CheckNetwork(folder_).outcome, Outcome::Good);
+  EXPECT_EQ(store::CheckNetwork(folder_, [](std::string_view, double) { return store::ImportChoice::Cancel; })
+                .outcome,
             Outcome::Cancelled);
   AddLines("KIV_FAF", "10,,,,,,,,,,\n");
-  EXPECT_THAT(Texts(CheckNetwork(folder_)), ElementsAre("KIV_FAF.csv:3: line 2 has the same InstanceId 10"));
+  EXPECT_THAT(Texts(store::CheckNetwork(folder_)),
+              ElementsAre("KIV_FAF.csv:3: line 2 has the same InstanceId 10"));
 }
 
 }  // namespace

@@ -27,26 +27,26 @@ TEST_P(RoundTrip, GivesTheSameBytesAgain) {
   const auto& [engine, kind] = GetParam();
   const auto database = engine.start();
   test::TestStore store(database::OpenStudyDatabase(database->Name(), database::OpenMode::CreateIfMissing));
-  Study study = store->New(kind);
+  store::Study study = store->New(kind);
   test::Fill(study, 2);
   study.name = "It's \"quoted\" \\ ; -- \n \u20AC";
   study.record->SetScenarioID(store->AddScenario("Down'town \u6771"));
   store->Save(study, "ann");
   const std::int32_t id = study.record->ID();
 
-  const std::string text = ExportStudies(*store.operator->(), {id, id});
-  ExportContent content = ReadExport(text);
+  const std::string text = store::ExportStudies(*store.operator->(), {id, id});
+  store::ExportContent content = store::ReadExport(text);
   ASSERT_TRUE(content.problems.empty()) << content.problems[0].reason;
   ASSERT_EQ(content.studies.size(), 1U);
   store->AddAll(content.studies, "bob");
   const std::int32_t copy = content.studies[0].study.record->ID();
   EXPECT_NE(copy, id);
-  EXPECT_EQ(ExportStudies(*store.operator->(), {copy}), text);
+  EXPECT_EQ(store::ExportStudies(*store.operator->(), {copy}), text);
   EXPECT_EQ(store->Scenarios().size(), 1U);
 
   // A file that makes a scenario, and whose second study fails, leaves nothing.
-  content = ReadExport(text);
-  content.studies.push_back(ReadExport(text).studies[0]);
+  content = store::ReadExport(text);
+  content.studies.push_back(store::ReadExport(text).studies[0]);
   content.studies[0].scenario = "Harbour";
   content.studies[1].study.record->SetAppName(kind == "HOM Study" ? "PLM Study" : "HOM Study");
   EXPECT_ANY_THROW(store->AddAll(content.studies, "bob"));
@@ -70,19 +70,19 @@ INSTANTIATE_TEST_SUITE_P(Kinds, RoundTrip,
 class HostileFile : public ::testing::Test {
  protected:
   HostileFile() {
-    std::vector<NamedStudy> studies;
+    std::vector<store::NamedStudy> studies;
     for (const std::string& kind : test::RegisterRichStudies()) {
-      Study study = NewStudy(kind);
+      store::Study study = store::NewStudy(kind);
       test::Fill(study, 1);
       studies.push_back({study, "Downtown"});
     }
-    good_ = ExportText(studies);
+    good_ = store::ExportText(studies);
     EXPECT_THAT(ProblemsOf(good_), ::testing::IsEmpty());
   }
 
   static std::vector<std::string> ProblemsOf(const std::string& text) {
     std::vector<std::string> problems;
-    for (const TextProblem& problem : ReadExport(text).problems) {
+    for (const store::TextProblem& problem : store::ReadExport(text).problems) {
       problems.push_back(problem.study + ": " + problem.reason);
     }
     return problems;

@@ -22,21 +22,21 @@ class History : public ::testing::TestWithParam<std::tuple<test::Engine, std::st
   History() { test::RegisterRichStudies(); }
 
   /// Stores the study with other content; returns that content as it is read again.
-  std::string Save(Study& study, int variant, const std::string& user) {
+  std::string Save(store::Study& study, int variant, const std::string& user) {
     test::Fill(study, variant);
     (*store_)->Save(study, user);
     return Stored(study.record->ID());
   }
-  Study NewStudy() { return (*store_)->New(std::get<std::string>(GetParam())); }
+  store::Study NewStudy() { return (*store_)->New(std::get<std::string>(GetParam())); }
   std::string Stored(std::int32_t id) {
-    Study study = (*store_)->Load(id);
+    store::Study study = (*store_)->Load(id);
     return test::Content(study) + (*store_)->Scenarios().front().name;
   }
   /// Such as `1 created ann;2 changed bob;`
   std::string Events(std::int32_t id) {
     std::string text;
-    for (const HistoryEntry& entry : (*store_)->History().Entries(id)) {
-      text += std::to_string(entry.revision) + " " + std::string(EventName(entry.event)) + " " +
+    for (const store::HistoryEntry& entry : (*store_)->History().Entries(id)) {
+      text += std::to_string(entry.revision) + " " + std::string(store::EventName(entry.event)) + " " +
               entry.changedBy + ";";
     }
     return text;
@@ -44,7 +44,7 @@ class History : public ::testing::TestWithParam<std::tuple<test::Engine, std::st
   std::string Refusal(const std::function<void()>& action) {
     try {
       action();
-    } catch (const StoreError& error) {
+    } catch (const store::StoreError& error) {
       return error.what();
     }
     return "not refused";
@@ -58,7 +58,7 @@ class History : public ::testing::TestWithParam<std::tuple<test::Engine, std::st
 TEST_P(History, BringsBackEveryStateAndADeletedStudy) {
   database::UpgradeSchema(*connection_);
   const std::int32_t scenario = (*store_)->AddScenario("Downtown");
-  Study study = NewStudy();
+  store::Study study = NewStudy();
   study.record->SetScenarioID(scenario);
   const std::string first = Save(study, 1, "ann");
   const std::int32_t id = study.record->ID();
@@ -79,7 +79,7 @@ TEST_P(History, BringsBackEveryStateAndADeletedStudy) {
   EXPECT_EQ(Stored(id), second);
   EXPECT_EQ((*store_)->Load(id).revision, 5);
 
-  EXPECT_THROW((*store_)->Save(study, "bob"), StudyConflict) << "it was loaded before";
+  EXPECT_THROW((*store_)->Save(study, "bob"), store::StudyConflict) << "it was loaded before";
   EXPECT_THAT(Refusal([&] { (*store_)->Restore(id, 5, "ann"); }),
               ::testing::HasSubstr("is at revision 5 now"));
   EXPECT_THAT(Refusal([&] { (*store_)->Restore(id, 9, "ann"); }), ::testing::HasSubstr("has no revision 9"));
@@ -96,7 +96,7 @@ TEST_P(History, BringsBackEveryStateAndADeletedStudy) {
 TEST_P(History, AFailedSaveLeavesNoEntry) {
   database::UpgradeSchema(*connection_);
   (*store_)->AddScenario("Downtown");
-  Study study = NewStudy();
+  store::Study study = NewStudy();
   Save(study, 1, "ann");
   const std::int32_t id = study.record->ID();
   database_->BreakInserts(*connection_, "kiv_study_history", "disk on fire");
@@ -112,7 +112,7 @@ TEST_P(History, BeginsWithWhatIsThereWhenADatabaseIsUpgraded) {
   constexpr int kBeforeHistory = 6;
   database::UpgradeSchema(*connection_, kBeforeHistory);
   (*store_)->AddScenario("Downtown");
-  Study study = NewStudy();
+  store::Study study = NewStudy();
   const std::string first = Save(study, 1, "ann");
   const std::int32_t id = study.record->ID();
   EXPECT_THAT(Refusal([&] { (void)Events(id); }), ::testing::HasSubstr("older layout"));
@@ -151,9 +151,9 @@ TEST(StudyDifference, IsToldFieldByFieldAndEntryByEntry) {
                     {"InstanceId": 7, "SystemId": 1, "CellId": 4, "Antennas": [
                        {"InstanceId": 0, "AntennaId": 2, "Selected": "Y"}, {"InstanceId": 0, "AntennaId": 1, "Selected": "N"}]}],
           "Modes": [{"PlmMode": 2, "Channels": [3, 2, 4, 5]}], "DNs": [{"Dn": "5551", "DataFile": "b"}]}})";
-  const std::vector<StudyDifference> differences = DifferencesBetween(before, after);
+  const std::vector<store::StudyDifference> differences = store::DifferencesBetween(before, after);
   std::vector<std::string> told;
-  for (const StudyDifference& difference : differences) {
+  for (const store::StudyDifference& difference : differences) {
     told.push_back(difference.place + " " + DifferenceText(difference));
   }
   EXPECT_THAT(told, ::testing::ElementsAre("name A -> B", "scenario (nothing) -> S", "Come (nothing) -> 2",
@@ -162,9 +162,9 @@ TEST(StudyDifference, IsToldFieldByFieldAndEntryByEntry) {
                                            "Cells 1-6 added: InstanceId 9, SystemId 1, CellId 6",
                                            "Modes 2: Channels removed: 1", "Modes 2: Channels added: 4, 5",
                                            "DNs 5551: DataFile a -> b", "Gone 1 -> (nothing)"));
-  EXPECT_EQ(SummaryOf(differences), "name, scenario, Come, Cells (3), Modes (2), DNs (1), Gone");
-  EXPECT_TRUE(DifferencesBetween(before, before).empty());
-  EXPECT_EQ(DifferencesBetween({}, after).size(), 9U);
+  EXPECT_EQ(store::SummaryOf(differences), "name, scenario, Come, Cells (3), Modes (2), DNs (1), Gone");
+  EXPECT_TRUE(store::DifferencesBetween(before, before).empty());
+  EXPECT_EQ(store::DifferencesBetween({}, after).size(), 9U);
 }
 
 }  // namespace

@@ -39,23 +39,25 @@ class Store : public ::testing::TestWithParam<std::tuple<test::Engine, Layout>> 
     services.openDatabase = [connection] { return connection; };
     services.errorReporter = errors_;
     host::InstallServices(services);
-    store_ = std::make_unique<StudyStore>(connection, errors_);
+    store_ = std::make_unique<store::StudyStore>(connection, errors_);
   }
 
   /// A new session with valid input.
-  std::unique_ptr<StudySession> NewSession() {
+  std::unique_ptr<session::StudySession> NewSession() {
     host_.documents->documents = store_->Scenarios();
-    auto session = std::make_unique<StudySession>(*store_, store_->New("HOM Study"));
+    auto session = std::make_unique<session::StudySession>(*store_, store_->New("HOM Study"));
     General(*session).fdocCBScenario.SelectID(scenario_);
     General(*session).XDest.SetPath(folder_.Path());
     session->SetName("It's \"quoted\" \\ ; -- \u20AC");
     return session;
   }
-  std::unique_ptr<StudySession> Reopened(std::int32_t id) {
-    return std::make_unique<StudySession>(*store_, store_->Load(id));
+  std::unique_ptr<session::StudySession> Reopened(std::int32_t id) {
+    return std::make_unique<session::StudySession>(*store_, store_->Load(id));
   }
-  static XKivHomGen& General(StudySession& session) { return dynamic_cast<XKivHomGen&>(*session.Tabs()[0]); }
-  static XKivHomDetail& Detail(StudySession& session) {
+  static XKivHomGen& General(session::StudySession& session) {
+    return dynamic_cast<XKivHomGen&>(*session.Tabs()[0]);
+  }
+  static XKivHomDetail& Detail(session::StudySession& session) {
     return dynamic_cast<XKivHomDetail&>(*session.Tabs()[1]);
   }
   std::string Text(const std::string& query) {
@@ -65,10 +67,10 @@ class Store : public ::testing::TestWithParam<std::tuple<test::Engine, Layout>> 
 
   test::FakeHost host_;
   test::TempFolder folder_;
-  std::shared_ptr<ErrorLog> errors_ = std::make_shared<ErrorLog>();
+  std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
   const std::unique_ptr<test::TestDatabase> database_ = std::get<test::Engine>(GetParam()).start();
   const std::shared_ptr<database::SqlConnection> connection_ = database_->Connect();
-  std::unique_ptr<StudyStore> store_;
+  std::unique_ptr<store::StudyStore> store_;
   std::int32_t scenario_ = 0;
 };
 
@@ -117,7 +119,7 @@ TEST_P(Store, ARefusedTabStoresNothing) {
   EXPECT_EQ(shownTab, "XKivHomGen");
   EXPECT_TRUE(store_->List().empty());
   session->SetName("  ");
-  EXPECT_THROW(session->Save("ann"), StoreError);
+  EXPECT_THROW(session->Save("ann"), store::StoreError);
 }
 
 TEST_P(Store, AFailedSaveLeavesNothingBehindAndKeepsTheInput) {
@@ -127,7 +129,7 @@ TEST_P(Store, AFailedSaveLeavesNothingBehindAndKeepsTheInput) {
     session->Save("ann");
     FAIL() << "stored on a broken table";
   } catch (const host::DatabaseError& error) {
-    EXPECT_EQ(FailureText(error), "disk on fire");
+    EXPECT_EQ(store::FailureText(error), "disk on fire");
   }
   EXPECT_TRUE(store_->List().empty());
   EXPECT_TRUE(session->IsNew());
@@ -159,7 +161,7 @@ TEST_P(Store, TheLaterOfTwoSavesIsTold) {
   General(*second).txtDuration.SetText("60");
   ASSERT_TRUE(second->Save("bob"));
   General(*first).txtDuration.SetText("61");
-  EXPECT_THROW(first->Save("ann"), StudyConflict);
+  EXPECT_THROW(first->Save("ann"), store::StudyConflict);
   EXPECT_EQ(store_->Load(first->ID()).record->Duration(), 60);
   EXPECT_TRUE(first->Modified());
   first->Reload();
@@ -167,17 +169,17 @@ TEST_P(Store, TheLaterOfTwoSavesIsTold) {
   EXPECT_TRUE(first->Save("ann"));
 
   store_->Remove(first->ID(), "ann");
-  EXPECT_THROW(second->Save("bob"), StudyConflict);
+  EXPECT_THROW(second->Save("bob"), store::StudyConflict);
   EXPECT_EQ(Text("SELECT count(*) FROM KIV_HomStudy"), "0");
   EXPECT_TRUE(second->SaveCopy("Saved after all", "bob"));
 }
 
 TEST_P(Store, StudiesThatCannotBeReadAreNotEdited) {
-  EXPECT_THROW(store_->Load(999), StoreError);
+  EXPECT_THROW(store_->Load(999), store::StoreError);
   const auto session = NewSession();
   ASSERT_TRUE(session->Save("ann"));
   connection_->ExecuteSql("ALTER TABLE KIV_HomStudy RENAME TO gone");
-  EXPECT_THROW(store_->Load(session->ID()), StoreError);
+  EXPECT_THROW(store_->Load(session->ID()), store::StoreError);
 }
 
 TEST_P(Store, MissingDataOfAKindAreNoticedAndStoredAgain) {
@@ -185,12 +187,12 @@ TEST_P(Store, MissingDataOfAKindAreNoticedAndStoredAgain) {
   ASSERT_TRUE(session->Save("ann"));
   connection_->ExecuteSql("DELETE FROM KIV_HomStudy");
   const auto again = Reopened(session->ID());
-  EXPECT_EQ(again->Data(), KindData::Missing);
+  EXPECT_EQ(again->Data(), store::KindData::Missing);
   General(*again).XDest.SetPath(folder_.Path());
   General(*again).XDest.SetFilename("night");
   Detail(*again).chkAMPS.Click();
   ASSERT_TRUE(again->Save("ann")) << host_.TakeMessage();
-  EXPECT_EQ(again->Data(), KindData::Complete);
+  EXPECT_EQ(again->Data(), store::KindData::Complete);
   EXPECT_EQ(Text("SELECT DataFile FROM KIV_HomStudy"), "night.hom");
   EXPECT_FALSE(again->IsNew());
 
@@ -203,7 +205,7 @@ TEST_P(Store, MissingDataOfAKindAreNoticedAndStoredAgain) {
 TEST_P(Store, AScenarioThatWasDeletedMeanwhileIsTold) {
   const auto session = NewSession();
   store_->RemoveScenario(scenario_);
-  EXPECT_THROW(session->Save("ann"), ScenarioDeleted);
+  EXPECT_THROW(session->Save("ann"), store::ScenarioDeleted);
   EXPECT_TRUE(session->IsNew());
   EXPECT_TRUE(store_->List().empty());
   scenario_ = store_->AddScenario("Harbour");
@@ -214,15 +216,15 @@ TEST_P(Store, AScenarioThatWasDeletedMeanwhileIsTold) {
 }
 
 TEST_P(Store, ScenariosHaveNamesOfTheirOwn) {
-  EXPECT_THROW(store_->AddScenario("   "), StoreError);
-  EXPECT_THROW(store_->AddScenario(" DOWN'town "), StoreError);
+  EXPECT_THROW(store_->AddScenario("   "), store::StoreError);
+  EXPECT_THROW(store_->AddScenario(" DOWN'town "), store::StoreError);
   const std::int32_t other = store_->AddScenario("Airport");
-  EXPECT_THROW(store_->RenameScenario(other, "Down'town"), StoreError);
+  EXPECT_THROW(store_->RenameScenario(other, "Down'town"), store::StoreError);
   store_->RenameScenario(other, "AIRPORT");  // its own name in another case
   EXPECT_EQ(store_->Scenarios().front().name, "AIRPORT");
 
   ASSERT_TRUE(NewSession()->Save("ann"));
-  EXPECT_THROW(store_->RemoveScenario(scenario_), StoreError);
+  EXPECT_THROW(store_->RemoveScenario(scenario_), store::StoreError);
   store_->RemoveScenario(other);
   EXPECT_EQ(store_->Scenarios().size(), 1U);
 }

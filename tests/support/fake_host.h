@@ -31,7 +31,7 @@ struct FakeErrorReporter : host::ErrorReporter {
   }
 };
 
-struct FakeMessageBox : host::MessageBox {
+struct FakeMessageBox : host::MessageBoxes {
   struct Shown {
     std::string text;
     host::MessageStyle style;
@@ -159,7 +159,7 @@ struct FakeHost {
   FakeHost() {
     host::InstallServices({.openDatabase = [database = database] { return database; },
                            .errorReporter = errors,
-                           .messageBox = messages,
+                           .messageBoxes = messages,
                            .settings = settings,
                            .session = session,
                            .documents = documents,

@@ -96,7 +96,7 @@ std::vector<std::string> RegisterRichStudies() {
   return {std::string(kHomStudy), std::string(kPlmStudy), std::string(kRfcStudy), std::string(kVcsStudy)};
 }
 
-void Fill(client::Study& study, int variant) {
+void Fill(store::Study& study, int variant) {
   const std::string text = "it's variant " + std::to_string(variant);
   CKivStudyData& record = *study.record;
   study.name = text;
@@ -110,7 +110,7 @@ void Fill(client::Study& study, int variant) {
   throw std::invalid_argument(record.AppName());
 }
 
-std::string Content(const client::Study& study) {
+std::string Content(const store::Study& study) {
   const CKivStudyData& record = *study.record;
   std::string text = study.name + ';' + std::to_string(record.Duration()) + ';' +
                      std::to_string(record.PollingInterval()) + ';' + std::to_string(record.RetrieveDelay()) +

@@ -11,9 +11,9 @@ namespace kiv::test {
 std::vector<std::string> RegisterRichStudies();
 
 /// Gives a study content with long lists. Two variants differ in every field and in the length of each list.
-void Fill(client::Study& study, int variant);
+void Fill(store::Study& study, int variant);
 
 /// All that is stored of a study but its revision.
-std::string Content(const client::Study& study);
+std::string Content(const store::Study& study);
 
 }  // namespace kiv::test

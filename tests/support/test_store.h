@@ -22,12 +22,12 @@ class TestStore {
     host::InstallServices(services);
   }
 
-  client::StudyStore* operator->() { return &store_; }
+  store::StudyStore* operator->() { return &store_; }
 
  private:
   FakeHost host_;
-  std::shared_ptr<client::ErrorLog> errors_ = std::make_shared<client::ErrorLog>();
-  client::StudyStore store_;
+  std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
+  store::StudyStore store_;
 };
 
 }  // namespace kiv::test

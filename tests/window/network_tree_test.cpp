@@ -19,8 +19,8 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-NetworkEntities SmallNetwork() {
-  NetworkEntities entities;
+store::NetworkEntities SmallNetwork() {
+  store::NetworkEntities entities;
   entities.Add({1, 0, 0}, 1, "North", "");
   entities.Add({1, 1, 0}, 11, "Harbour", "");
   entities.Add({1, 1, 7}, 117, "Mill Lane", "CDMA");
@@ -56,7 +56,7 @@ TEST(EntityTreeModel, FindsNumbersPathsAndWords) {
   const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
   model.SetEntities(SmallNetwork());
   const auto found = [&model](const char* text) {
-    model.SetSearch(EntitySearch(text));
+    model.SetSearch(store::EntitySearch(text));
     return Shown(model);
   };
   EXPECT_THAT(found("  "), ElementsAre("system 1", "ECP 1-1", "cell 1-1-7", "cell 1-1-37", "ECP 1-2",
@@ -85,7 +85,7 @@ TEST(EntityTreeModel, SortsWithinWhatBelongsTogether) {
   model.sort(EntityTreeModel::kElement, Qt::DescendingOrder);
   EXPECT_THAT(Shown(model), ElementsAre("system 2", "ECP 2-1", "cell 2-1-1", "system 1", "ECP 1-2",
                                         "cell 1-2-37", "ECP 1-1", "cell 1-1-37", "cell 1-1-7"));
-  model.SetSearch(EntitySearch("37"));
+  model.SetSearch(store::EntitySearch("37"));
   model.sort(EntityTreeModel::kTechnology, Qt::DescendingOrder);
   const QModelIndex cell = model.index(0, EntityTreeModel::kTechnology, model.index(0, 0, model.index(0, 0)));
   EXPECT_EQ(cell.data().toString(), "AMPS");
@@ -101,7 +101,7 @@ TEST(EntityTreeModel, IsAskedForNoMoreThanTheViewShows) {
       return EntityTreeModel::data(index, role);
     }
   } model;
-  NetworkEntities entities;
+  store::NetworkEntities entities;
   entities.Add({1, 0, 0}, 1, "North", "");
   for (int ecp = 1; ecp <= 20; ++ecp) {
     entities.Add({1, ecp, 0}, ecp + 1, "Harbour", "");

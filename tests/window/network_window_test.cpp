@@ -45,7 +45,7 @@ class NetworkWindow : public ::testing::Test {
                  });
   }
   QString Result() const { return qobject_cast<QLabel*>(user_.Find("networkResult"))->text(); }
-  std::size_t CellsShown() { return window_->Network().Model().ShownCount(EntityKind::Cell); }
+  std::size_t CellsShown() { return window_->Network().Model().ShownCount(store::EntityKind::Cell); }
 
   test::TempFolder folder_;
   std::string network_ = folder_.File("network");

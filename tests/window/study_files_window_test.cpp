@@ -31,13 +31,13 @@ class StudyFilesWindow : public ::testing::Test {
     QApplication::setActiveWindow(window_.get());
     window_->OpenDatabase(folder_.File("studies.db"), Program::WhenMissing::Create);
     for (const char* name : {"First", "Second"}) {
-      Study study = program_.Store().New("HOM Study");
+      store::Study study = program_.Store().New("HOM Study");
       study.name = name;
       study.record->SetDuration(30);
       study.record->HomData()->SetToAmps("Y");
       study.record->HomData()->SetPath(folder_.Path());
       study.record->HomData()->SetDataFile("h$YY$MM$DD$HH$MI.hom");
-      std::vector<NamedStudy> all = {{study, "Downtown"}};
+      std::vector<store::NamedStudy> all = {{study, "Downtown"}};
       program_.Store().AddAll(all, "ann");
     }
     window_->OpenDatabase(folder_.File("studies.db"), Program::WhenMissing::Refuse);
@@ -116,7 +116,7 @@ TEST_F(StudyFilesWindow, SelectedStudiesAreExportedCorrectedAndImported) {
 }
 
 TEST_F(StudyFilesWindow, AStateAndADeletedStudyComeBack) {
-  StudyStore& store = program_.Store();
+  store::StudyStore& store = program_.Store();
   EditorView* editor = window_->OpenStudy(1);
   ASSERT_NE(editor, nullptr);
   editor->Session().SetName("First, renamed");

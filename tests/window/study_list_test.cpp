@@ -57,7 +57,7 @@ class StudyList : public ::testing::Test {
   QString Shown(int row, int column) { return Shown().index(row, column).data().toString(); }
   /// What the list shows, as the database has it.
   void ExpectAllShown() {
-    const std::vector<StudySummary> stored = program_.Store().List();
+    const std::vector<store::StudySummary> stored = program_.Store().List();
     ASSERT_EQ(Shown().rowCount(), static_cast<int>(stored.size()));
     for (int row = 0; row < Shown().rowCount(); ++row) {
       ASSERT_EQ(Shown(row, StudyTable::kId).toInt(), stored[std::size_t(row)].id);
@@ -86,7 +86,7 @@ TEST_F(StudyList, IsStoppedWorkedWithAndReadAgain) {
   // One that was not read, one that was, and one that is gone.
   for (const std::int32_t id : {1900, 50}) {
     EditorView& editor = *window_->OpenStudy(id);
-    Study changed = program_.Store().Load(id);
+    store::Study changed = program_.Store().Load(id);
     changed.name = "Changed";
     program_.Store().Save(changed, "test");
     editor.Stored.Raise();

@@ -175,7 +175,7 @@ TEST_F(Window, AStudyWithoutDataIsToldAndStoredAgain) {
   user_.Click("chkAMPS");
   user_.ClickTab("tabs", 0);
   user_.Press(Qt::Key_S, Qt::ControlModifier);
-  EXPECT_EQ(program_->Store().Load(1).kindData, KindData::Complete);
+  EXPECT_EQ(program_->Store().Load(1).kindData, store::KindData::Complete);
 }
 
 TEST_F(Window, ADeletedScenarioLeavesTheChooser) {
@@ -232,7 +232,7 @@ TEST_F(Window, TheLaterOfTwoEditorsMaySaveACopy) {
   Open();
   StartStudy();
   user_.Press(Qt::Key_S, Qt::ControlModifier);
-  StudySession elsewhere(program_->Store(), program_->Store().Load(1));
+  session::StudySession elsewhere(program_->Store(), program_->Store().Load(1));
   elsewhere.SetName("Changed elsewhere");
   ASSERT_TRUE(elsewhere.Save("bob"));
   user_.Fill("txtDuration", "55");

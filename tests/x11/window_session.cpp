@@ -48,8 +48,8 @@ std::optional<std::string> Shown(const QWidget& widget) {
 
 WindowSession::WindowSession() {
   other_ = database::OpenStudyDatabase(file_, database::OpenMode::CreateIfMissing);
-  const auto report = client::ImportNetwork(*other_, KIV_SAMPLE_NETWORK);
-  EXPECT_EQ(report.outcome, client::NetworkReport::Outcome::Imported);
+  const auto report = store::ImportNetwork(*other_, KIV_SAMPLE_NETWORK);
+  EXPECT_EQ(report.outcome, store::NetworkReport::Outcome::Imported);
   InWindows([this] {
     program_ = std::make_unique<client::Program>();
     client::StartWithWindow(*program_);
