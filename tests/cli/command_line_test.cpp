@@ -60,8 +60,8 @@ class CommandLine : public ::testing::Test {
     store::StudyStore& store = program.Store();
     store::Study study = store.New("HOM Study");
     study.name = name;
-    study.record->SetScenarioID(store.Scenarios().empty() ? store.AddScenario("Downtown")
-                                                          : store.Scenarios().front().id);
+    study.record->SetScenarioID(store.Scenarios().List().empty() ? store.Scenarios().Add("Downtown")
+                                                                 : store.Scenarios().List().front().id);
     study.record->SetDuration(duration);
     const auto data = study.record->SubRecordAs<CKivHomData>();
     data->SetPath(folder_.Path());

@@ -1,6 +1,7 @@
 // Studies that leave a database as JSON and come back.
 
 #include "store/exchange/study_files.h"
+#include "store/studies/study_export.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,7 +9,7 @@
 #include <fstream>
 #include <tuple>
 
-#include "client/texts/study_import_printer.h"
+#include "client/texts/import_text.h"
 #include "database/open.h"
 #include "store/exchange/study_json.h"
 #include "support/engine.h"
@@ -30,7 +31,7 @@ TEST_P(RoundTrip, GivesTheSameBytesAgain) {
   store::Study study = store->New(kind);
   test::Fill(study, 2);
   study.name = "It's \"quoted\" \\ ; -- \n \u20AC";
-  study.record->SetScenarioID(store->AddScenario("Down'town \u6771"));
+  study.record->SetScenarioID(store->Scenarios().Add("Down'town \u6771"));
   store->Save(study, "ann");
   const std::int32_t id = study.record->ID();
 
@@ -42,7 +43,7 @@ TEST_P(RoundTrip, GivesTheSameBytesAgain) {
   const std::int32_t copy = content.studies[0].study.record->ID();
   EXPECT_NE(copy, id);
   EXPECT_EQ(store::ExportStudies(*store.operator->(), {copy}), text);
-  EXPECT_EQ(store->Scenarios().size(), 1U);
+  EXPECT_EQ(store->Scenarios().List().size(), 1U);
 
   // A file that makes a scenario, and whose second study fails, leaves nothing.
   content = store::ReadExport(text);
@@ -51,7 +52,7 @@ TEST_P(RoundTrip, GivesTheSameBytesAgain) {
   content.studies[1].study.record->SetAppName(kind == "HOM Study" ? "PLM Study" : "HOM Study");
   EXPECT_ANY_THROW(store->AddAll(content.studies, "bob"));
   EXPECT_EQ(store->List().size(), 2U);
-  EXPECT_EQ(store->Scenarios().size(), 1U);
+  EXPECT_EQ(store->Scenarios().List().size(), 1U);
 }
 
 std::string NameOf(const ::testing::TestParamInfo<RoundTrip::ParamType>& parameter) {

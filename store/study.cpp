@@ -1,4 +1,4 @@
-#include "store/studies/study.h"
+#include "store/study.h"
 
 #include "editor/study_editors.h"
 #include "store/store_error.h"
