@@ -1,18 +1,21 @@
 // Studies that leave a database as JSON and come back.
 
 #include "store/exchange/study_files.h"
-#include "store/studies/study_export.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <tuple>
 
 #include "client/texts/import_text.h"
 #include "database/open.h"
 #include "store/exchange/study_json.h"
+#include "store/studies/study_export.h"
 #include "support/engine.h"
+#include "support/open_folder.h"
+#include "support/ordinary_user.h"
 #include "support/rich_studies.h"
 #include "support/temp_folder.h"
 #include "support/test_store.h"
@@ -66,6 +69,28 @@ INSTANTIATE_TEST_SUITE_P(Kinds, RoundTrip,
                          ::testing::Combine(::testing::ValuesIn(test::Engines()),
                                             ::testing::ValuesIn(test::RegisterRichStudies())),
                          NameOf);
+
+TEST(StudyFile, IsReplacedWholeOrNotAtAll) {
+  namespace fs = std::filesystem;
+  const test::OpenFolder folder;
+  const std::string file = folder.File("studies.json");
+  const std::string link = folder.File("link.json");
+  std::ofstream(file) << "before";
+  fs::permissions(file, fs::perms::owner_all | fs::perms::group_read);
+  fs::create_symlink("studies.json", link);
+  store::WriteStudyFile(link, "after");
+  EXPECT_EQ(store::ReadStudyFile(file), "after");
+  EXPECT_TRUE(fs::is_symlink(link));
+  EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_all | fs::perms::group_read);
+
+  fs::permissions(file, fs::perms::owner_read | fs::perms::others_read);
+  {
+    const test::AsOrdinaryUser user;
+    EXPECT_THROW(store::WriteStudyFile(file, "replaced"), store::StoreError);
+  }
+  EXPECT_EQ(store::ReadStudyFile(file), "after");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 2) << "nothing is left beside it";
+}
 
 /// The text of one exported study of each kind, which is spoilt.
 class HostileFile : public ::testing::Test {

@@ -10,6 +10,7 @@
 #include "client/texts/history_text.h"
 #include "database/open.h"
 #include "database/schema.h"
+#include "store/history/packed_text.h"
 #include "support/engine.h"
 #include "support/rich_studies.h"
 #include "support/test_store.h"
@@ -137,6 +138,23 @@ INSTANTIATE_TEST_SUITE_P(Kinds, History,
                          ::testing::Combine(::testing::ValuesIn(test::Engines()),
                                             ::testing::ValuesIn(test::RegisterRichStudies())),
                          NameOf);
+
+TEST(PackedText, IsReadAsEarlierVersionsWroteItAndNeverInflatedBeyondItsLength) {
+  const std::string content = "{\"a\":\"" + std::string(9000, 'x') + "\"}";
+  const std::string earlier =
+      "AAAjMHgB7dABDQAwCAMwL5OBm7sgIXi/"
+      "EFoJnbxUGgMGDBgwYMCAAQMGDBgwYMCAAQMGDBgwYMCAAQMGDBgwYMCAAQMHBrIfRdl9zA==";
+  EXPECT_EQ(store::Unpacked(earlier), content);
+  EXPECT_EQ(store::Unpacked(store::Packed(content)), content);
+  EXPECT_LT(store::Packed(content).size(), 200U);
+  EXPECT_EQ(store::Unpacked(store::Packed("{}")), "{}");
+  const std::string stream = earlier.substr(8);
+  for (const std::string& damaged :
+       {"AAAAAHgB" + stream, "AAAjLngB" + stream, "/////3gB" + stream, earlier.substr(0, 60),
+        std::string("AAAj"), std::string("\xFF no base64"), std::string("AAAjMHgB!")}) {
+    EXPECT_EQ(store::Unpacked(damaged), "") << damaged;
+  }
+}
 
 TEST(StudyDifference, IsToldFieldByFieldAndEntryByEntry) {
   const std::string before =
