@@ -8,7 +8,6 @@
 #include "core/study_kinds.h"
 #include "database/statement_error.h"
 #include "database/transaction.h"
-#include "editor/study_editors.h"
 #include "store/query.h"
 #include "store/times.h"
 
@@ -168,7 +167,7 @@ Study StudyStore::LoadOnce(std::int32_t id) const {
   Study study;
   try {
     study = SharedPart(id, *row);
-    if (!FindStudyEditor(study.record->AppName())) return study;
+    if (!FindStudyKind(study.record->AppName())) return study;
     LoadKindData(study);
   } catch (const StoreError& error) {
     throw StoreError(NotOpened(id, name) + error.what());
@@ -268,7 +267,7 @@ StudyStore::WrittenRow StudyStore::WriteStudyRow(const Study& study, const SaveN
   const auto row = Query(*connection_, sql::UpdateStatement(*connection_, kStudyTable, values, record.ID()) +
                                            " AND revision = " + std::to_string(study.revision) +
                                            " RETURNING revision, (SELECT count(*) FROM " +
-                                           std::string(FindStudyKind(record.AppName())->table) +
+                                           FindStudyKind(record.AppName())->table +
                                            " k WHERE k.Id = kiv_study.id)");
   if (row->EndOfFile()) throw ConflictOver(record.ID());
   return {ToInt32(row->FieldAt(0)), ToInt32(row->FieldAt(1)) > 0};
