@@ -7,10 +7,11 @@
 
 namespace kiv::store {
 
+inline constexpr int kQueryTimeoutSeconds = 60;
+
 /// Runs one of the store's own queries.
 inline std::shared_ptr<host::Recordset> Query(host::Database& database, const std::string& sql) {
-  constexpr int kTimeoutSeconds = 60;
-  return database.OpenQuery(sql, kTimeoutSeconds);
+  return database.OpenQuery(sql, kQueryTimeoutSeconds);
 }
 
 }  // namespace kiv::store

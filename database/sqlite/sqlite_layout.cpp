@@ -2,18 +2,27 @@
 
 #include <string>
 
-#include "database/schema_steps.h"
-
 namespace kiv::database {
 
 namespace {
 
 constexpr int kTimeoutSeconds = 60;
 
+constexpr SchemaWord kWords[] = {
+    {"@NUMBERED@", "INTEGER PRIMARY KEY"},
+    {"@NUMBERED_FOR_GOOD@", "INTEGER PRIMARY KEY AUTOINCREMENT"},
+    {"@UNIQUE_NAME@", "TEXT NOT NULL UNIQUE COLLATE NOCASE"},
+    {"@WITHOUT_ROWID@", " WITHOUT ROWID"},
+};
+
 }  // namespace
 
-std::span<const std::string_view> SqliteLayout::Steps() const {
-  return SqliteSchemaSteps();
+std::string_view SqliteLayout::Engine() const {
+  return "sqlite";
+}
+
+std::span<const SchemaWord> SqliteLayout::Words() const {
+  return kWords;
 }
 
 int SqliteLayout::Version(Connection& connection) const {
