@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "client/window/window_program.h"
+#include "client/window/window_settings.h"
 #include "monkey/monkey.h"
 #include "samples/network_maker.h"
 #include "session/study_session.h"
@@ -81,8 +82,8 @@ void FillStore(client::Program& program, const TempFolder& folder) {
   const std::string network = folder.File("network");
   samples::WriteNetwork({.systems = 2, .ecps = 4, .cells = 60}, network);
   store::ImportNetwork(program.Store().Database(), network);
-  program.Store().AddScenario("Downtown");
-  program.Store().AddScenario("Harbour");
+  program.Store().Scenarios().Add("Downtown");
+  program.Store().Scenarios().Add("Harbour");
   for (const std::string& kind : RichKinds()) {
     for (const int variant : {1, 2}) {
       store::Study study = program.Store().New(kind);
@@ -107,7 +108,7 @@ void Run(const Request& request) {
   const std::string database = folder.File("studies.db");
   client::Program program;
   client::StartWithWindow(program);
-  program.Settings().File().clear();
+  client::WindowSettings(program.Settings()).clear();
   {
     client::MainWindow window(program);
     window.show();
