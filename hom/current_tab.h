@@ -12,6 +12,8 @@ namespace kiv {
 /// that data file is written.
 class XKivHomCurrent : public TabOf<CKivHomData> {
  public:
+  static constexpr const char* kClassName = "XKivHomCurrent";
+
   XKivHomCurrent();
 
   void SaveData() override;

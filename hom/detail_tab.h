@@ -15,6 +15,8 @@ namespace kiv {
 /// chosen together: choosing in one group empties and locks the other.
 class XKivHomDetail : public TabOf<CKivHomData> {
  public:
+  static constexpr const char* kClassName = "XKivHomDetail";
+
   static constexpr std::size_t kTdmaBoxes = 4;
   static constexpr std::size_t kCdmaBoxes = 6;
 

@@ -18,7 +18,7 @@ const NumberRange kDuration = {"Study Duration", 10, 1439, "minutes"};  // less 
 }  // namespace
 
 XKivHomGen::XKivHomGen()
-    : TabOf("XKivHomGen", "General"),
+    : TabOf(kClassName, "General"),
       fdocCBScenario(this, "fdocCBScenario"),
       cmdNewScenario(this, "cmdNewScenario"),
       XDest(this, "XDest"),

@@ -12,6 +12,8 @@ namespace kiv {
 /// First tab of a HOM study: its scenario, its data file and how long it runs.
 class XKivHomGen : public TabOf<CKivHomData> {
  public:
+  static constexpr const char* kClassName = "XKivHomGen";
+
   XKivHomGen();
 
   void LoadState() override;

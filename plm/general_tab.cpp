@@ -21,7 +21,7 @@ const NumberRange kRetrieveDelay = {"Retrieve Delay", 1, 10, "minutes"};
 }  // namespace
 
 XKivPlmGen::XKivPlmGen()
-    : TabOf("XKivPlmGen", "General"),
+    : TabOf(kClassName, "General"),
       fdocCBScenario(this, "fdocCBScenario"),
       cmdNewScenario(this, "cmdNewScenario"),
       XDest(this, "XDest"),

@@ -13,6 +13,8 @@ namespace kiv {
 /// First tab of a PLM study: its scenario, its data file, how long it runs and what its data are tagged with.
 class XKivPlmGen : public TabOf<CKivPlmData> {
  public:
+  static constexpr const char* kClassName = "XKivPlmGen";
+
   XKivPlmGen();
 
   bool IsTabValid(const std::string& hostText) override;

@@ -25,7 +25,7 @@ constexpr DefaultsWording kMode5Wording = {
 }  // namespace
 
 XKivPlmTdma::XKivPlmTdma()
-    : ModeTab("XKivPlmTdma", "TDMA/AMPS Modes"),
+    : ModeTab(kClassName, "TDMA/AMPS Modes"),
       chkMode(this, "chkMode"),
       obModeSelector(this, "obModeSelector"),
       lblModeSelector(this, "lblModeSelector"),

@@ -19,6 +19,8 @@ namespace kiv {
 /// from 1 are used, elsewhere only row 0.
 class XKivRfcDetail : public TabOf<CKivRfcData> {
  public:
+  static constexpr const char* kClassName = "XKivRfcDetail";
+
   static constexpr std::size_t kRows = 11;
 
   XKivRfcDetail();

@@ -65,7 +65,7 @@ std::string NotActive(const CEcp& ecp) {
 }  // namespace
 
 XKivRfcGen::XKivRfcGen()
-    : TabOf("XKivRfcGen", "General"),
+    : TabOf(kClassName, "General"),
       fraEntities(this, "fraEntities"),
       optEntityType(&fraEntities, "optEntityType"),
       dlvwEntity(&fraEntities, "dlvwEntity"),

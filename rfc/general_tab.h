@@ -18,6 +18,8 @@ namespace kiv {
 /// ECP whose switch has not activated RF call trace is told to the user and does not get into the list.
 class XKivRfcGen : public TabOf<CKivRfcData> {
  public:
+  static constexpr const char* kClassName = "XKivRfcGen";
+
   static constexpr std::size_t kEntityTypes = 2;  ///< an ECP, or cells
 
   XKivRfcGen();

@@ -18,6 +18,8 @@ namespace kiv {
 /// directory number and the polling interval.
 class XKivVcsDetail : public TabOf<CKivVcsData> {
  public:
+  static constexpr const char* kClassName = "XKivVcsDetail";
+
   XKivVcsDetail();
 
   void LoadState() override;

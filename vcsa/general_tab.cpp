@@ -65,7 +65,7 @@ std::shared_ptr<CCell> WithOwnOnly(const CCell& cell) {
 }  // namespace
 
 XKivVcsGen::XKivVcsGen()
-    : TabOf("XKivVcsGen", "General"),
+    : TabOf(kClassName, "General"),
       fraCells(this, "fraCells"),
       dlvwCell(&fraCells, "dlvwCell"),
       XDest(this, "XDest"),

@@ -11,6 +11,8 @@ namespace kiv {
 /// First tab of a VCSA study: its cells, its data file, how long it runs and when its data are retrieved.
 class XKivVcsGen : public TabOf<CKivVcsData> {
  public:
+  static constexpr const char* kClassName = "XKivVcsGen";
+
   XKivVcsGen();
 
   bool IsTabValid(const std::string& hostText) override;
