@@ -1,0 +1,69 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "core/msql.h"
+#include "database/schema.h"
+#include "session/study_session.h"
+#include "store/studies/study_store.h"
+#include "support/engine.h"
+#include "support/fake_host.h"
+#include "support/rows_text.h"
+#include "support/temp_folder.h"
+
+namespace kiv::test {
+
+/// Studies through their tabs on a real database of one engine, with the rest of the host faked.
+class StudiesTest {
+ protected:
+  explicit StudiesTest(const Engine& engine, int layout = database::NewestSchemaVersion())
+      : database_(engine.start()), connection_(database_->Connect()) {
+    database::UpgradeSchema(*connection_, layout);
+    MSQL::ReleaseDatabase();
+    host::Services services = host::InstalledServices();
+    services.openDatabase = [connection = connection_] { return connection; };
+    services.errorReporter = errors_;
+    host::InstallServices(services);
+    scenario_ = AddScenario("Down'town");
+  }
+  ~StudiesTest() = default;
+
+  std::int32_t AddScenario(const std::string& name) {
+    const std::int32_t id = store_.Scenarios().Add(name);
+    host_.documents->documents = store_.Scenarios().List();
+    return id;
+  }
+  std::unique_ptr<session::StudySession> NewSession(std::string_view kind) {
+    return std::make_unique<session::StudySession>(store_, store_.New(std::string(kind)));
+  }
+  std::unique_ptr<session::StudySession> Reopened(std::int32_t id) {
+    return std::make_unique<session::StudySession>(store_, store_.Load(id));
+  }
+  bool Save(session::StudySession& session) {
+    const bool saved = session.Save("ann");
+    EXPECT_EQ(host_.TakeMessage(), "");
+    return saved;
+  }
+  std::string Rows(const std::string& columns, const std::string& table) {
+    return RowsText(*connection_, columns, table);
+  }
+
+  FakeHost host_;
+  TempFolder folder_;
+  const std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
+  const std::unique_ptr<TestDatabase> database_;
+  const std::shared_ptr<database::SqlConnection> connection_;
+  store::StudyStore store_{connection_, errors_};
+  std::int32_t scenario_ = 0;
+};
+
+/// A suite that every engine has to pass.
+class EachEngine : public ::testing::TestWithParam<Engine>, protected StudiesTest {
+ protected:
+  EachEngine() : StudiesTest(GetParam()) {}
+};
+
+}  // namespace kiv::test
