@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include "host/services.h"
+
 namespace kiv::client {
 
 namespace {
@@ -39,7 +41,7 @@ std::string UserSettings::General(const std::string& name) const {
 void UserSettings::SetGeneral(const std::string& name, const std::string& value) {
   if (General(name) == value) return;
   file_.setValue(GeneralKey(name), QString::fromStdString(value));
-  appGeneralState_StateChange.Raise();
+  host::TheEvents().appGeneralState_StateChange.Raise();
 }
 
 std::string UserSettings::ApplicationTitle() const {

@@ -105,11 +105,11 @@ class XDDListView::Rows : public ui::ListRows {
 
 XDDListView::XDDListView(ui::Container* parent, std::string name)
     : ListView(parent, std::move(name)),
-      format_(host::TheDragSource().RegisterFormat(host::kConfigEntityTreeFormat)),
       collection_(std::make_shared<EntityCollection>()),
       columns_(std::make_shared<std::vector<EntityColumn>>()) {
+  if (host::CurrentServices().dragSource) TreeFormat();  // a page that is only being designed has no host
   SetDropRule([this](const ui::DragData& data) {
-    return std::find(data.formats.begin(), data.formats.end(), format_) != data.formats.end();
+    return std::ranges::find(data.formats, TreeFormat()) != data.formats.end();
   });
   Dropped.Connect([this](const ui::DragData&) { DropNodes(host::TheDragSource().DraggedNodes()); });
   MenuItemChosen.Connect([this](std::size_t item) {
@@ -125,6 +125,11 @@ XDDListView::XDDListView(ui::Container* parent, std::string name)
     if (!MenuItems().empty()) RemoveSelected();
   });
   CheckBoxClicked.Connect([this](std::size_t row) { MoveChoice(row); });
+}
+
+std::uint16_t XDDListView::TreeFormat() {
+  if (!format_) format_ = host::TheDragSource().RegisterFormat(host::kConfigEntityTreeFormat);
+  return *format_;
 }
 
 void XDDListView::SetUsePopupMenu(bool use) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -68,6 +69,7 @@ class XDDListView : public ui::ListView {
  private:
   class Rows;
 
+  std::uint16_t TreeFormat();
   bool HasExpectedType(const host::DraggedNode& first) const;
   std::shared_ptr<CEntity> MakeEntity(const host::DraggedNode& node) const;
   bool MayAdd(const std::shared_ptr<CEntity>& entity) const;
@@ -76,7 +78,7 @@ class XDDListView : public ui::ListView {
   void Remove(const std::vector<std::shared_ptr<CEntity>>& entities);
   void MoveChoice(std::size_t row);
 
-  std::uint16_t format_;
+  std::optional<std::uint16_t> format_;  // unset until the host gave a drag source
   kiv::EntityType entityType_ = kiv::EntityType::None;
   std::int32_t maxRows_ = 0;
   std::shared_ptr<EntityCollection> collection_;

@@ -24,7 +24,7 @@ XDnBox::XDnBox(ui::Container* parent, std::string name)
     if (!rewriting_) Changed.Raise();
   });
   edit.FocusLost.Connect([this] { InitCtl(Text()); });
-  settingsChanged_ = host::TheSettings().appGeneralState_StateChange.Connect([this] { InitCtl(Text()); });
+  settingsChanged_ = host::TheEvents().appGeneralState_StateChange.Connect([this] { InitCtl(Text()); });
 }
 
 std::string XDnBox::Text() const {

@@ -14,7 +14,7 @@ DocumentChooser::DocumentChooser(ui::Container* parent, std::string name)
 void DocumentChooser::SetDocumentType(std::shared_ptr<host::DocumentType> type) {
   type_ = std::move(type);
   List(kNoDocument);
-  following_ = host::TheDocuments().DocumentsChanged.Connect([this] { Refresh(); });
+  following_ = host::TheEvents().DocumentsChanged.Connect([this] { Refresh(); });
 }
 
 void DocumentChooser::Refresh() {

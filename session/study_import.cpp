@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "core/fields.h"
-#include "host/services.h"
+#include "host/scope.h"
 #include "session/study_problems.h"
 #include "session/study_session.h"
 #include "store/exchange/study_files.h"
@@ -21,16 +21,9 @@ namespace {
 class PlannedScenarios {
  public:
   explicit PlannedScenarios(const store::StudyStore& store)
-      : store_(store), before_(host::InstalledServices()), documents_(std::make_shared<Library>()) {
-    documents_->inner = before_.documents;
-    documents_->all = store.Scenarios();
-    host::Services services = before_;
-    services.documents = documents_;
-    host::InstallServices(std::move(services));
-  }
-  PlannedScenarios(const PlannedScenarios&) = delete;
-  PlannedScenarios& operator=(const PlannedScenarios&) = delete;
-  ~PlannedScenarios() { host::InstallServices(before_); }
+      : store_(store),
+        documents_(std::make_shared<Library>(host::CurrentServices().documents, store.Scenarios())),
+        scope_({.documents = documents_}, host::Rest::AsBefore) {}
 
   /// The number of a scenario, which is planned when there is none of the name.
   std::int32_t Find(const std::string& name) {
@@ -51,6 +44,9 @@ class PlannedScenarios {
   static constexpr std::int32_t kFirstPlanned = -2;  // below what stands for no scenario
 
   struct Library : host::DocumentLibrary {
+    Library(std::shared_ptr<host::DocumentLibrary> library, std::vector<host::Document> stored)
+        : inner(std::move(library)), all(std::move(stored)) {}
+
     std::shared_ptr<host::DocumentLibrary> inner;
     std::vector<host::Document> all;
 
@@ -63,8 +59,8 @@ class PlannedScenarios {
   };
 
   const store::StudyStore& store_;
-  host::Services before_;
   std::shared_ptr<Library> documents_;
+  host::Scope scope_;
   std::vector<std::string> names_;
 };
 

@@ -76,9 +76,9 @@ class Lists : public ::testing::Test {
 
 TEST_F(Lists, TakeDropsOfTheRegisteredFormatOnly) {
   host_.dragSource->nodes = {{"Cell:1", 1, 2, 30, 1}, {"Cell:2", 1, 2, 4, 2}, {"Cell:3", 1, 2, 100, 3}};
-  host_.dragSource->numbers["text/plain"] = 7;
   Drop("text/plain");
   EXPECT_FALSE(accepted_);
+  EXPECT_EQ(host_.dragSource->formats.size(), 1U);  // a foreign format is not registered by asking
   Drop(host::kConfigEntityTreeFormat);
   EXPECT_TRUE(accepted_);
   EXPECT_EQ(Cells(), "30 4 100 ");

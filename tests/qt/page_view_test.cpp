@@ -11,7 +11,7 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
-#include "host/services.h"
+#include "host/scope.h"
 #include "qt/sample_page.h"
 
 namespace kiv {
@@ -308,12 +308,9 @@ TEST_F(Page, AnErrorGoesToTheReporter) {
     }
   };
   const auto reporter = std::make_shared<Reporter>();
-  host::Services services;
-  services.errorReporter = reporter;
-  host::InstallServices(services);
+  const host::Scope scope({.errorReporter = reporter});
   page_->chkUse.Changed.Connect([] { throw std::runtime_error("no luck"); });
   QTest::keyClick(&The<QCheckBox>(page_->chkUse), Qt::Key_Space);
-  host::InstallServices({});
   EXPECT_EQ(reporter->text, "no luck");
   EXPECT_TRUE(The<QCheckBox>(page_->chkUse).isChecked());
 }
