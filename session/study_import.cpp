@@ -22,13 +22,13 @@ class PlannedScenarios {
  public:
   explicit PlannedScenarios(const store::StudyStore& store)
       : store_(store),
-        documents_(std::make_shared<Library>(host::CurrentServices().documents, store.Scenarios())),
+        documents_(std::make_shared<Library>(host::CurrentServices().documents, store.Scenarios().List())),
         scope_({.documents = documents_}, host::Rest::AsBefore) {}
 
   /// The number of a scenario, which is planned when there is none of the name.
   std::int32_t Find(const std::string& name) {
     if (name.empty()) return CKivStudyData::kNotGiven;
-    if (const auto stored = store_.FindScenario(name)) return *stored;
+    if (const auto stored = store_.Scenarios().Find(name)) return *stored;
     const auto found = std::ranges::find(names_, sql::AsciiUpper(name),
                                          [](const std::string& planned) { return sql::AsciiUpper(planned); });
     const auto number = kFirstPlanned - static_cast<std::int32_t>(found - names_.begin());

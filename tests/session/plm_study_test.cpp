@@ -132,8 +132,8 @@ class PlmStudies : public ::testing::TestWithParam<test::Engine> {
  protected:
   PlmStudies() {
     database::UpgradeSchema(*connection_);
-    scenario_ = store_.AddScenario("Downtown");
-    host_.documents->documents = store_.Scenarios();
+    scenario_ = store_.Scenarios().Add("Downtown");
+    host_.documents->documents = store_.Scenarios().List();
   }
 
   std::unique_ptr<session::StudySession> NewSession() {

@@ -55,8 +55,8 @@ class RfcStudies : public ::testing::TestWithParam<test::Engine> {
                       "(2, '") +
           cell + "', 102)");
     }
-    scenario_ = store_.AddScenario("Downtown");
-    host_.documents->documents = store_.Scenarios();
+    scenario_ = store_.Scenarios().Add("Downtown");
+    host_.documents->documents = store_.Scenarios().List();
   }
 
   /// A stored study of one ECP and its DNs.
