@@ -6,18 +6,12 @@
 
 namespace kiv::MSQL {
 
-namespace {
-
-constexpr int kQueryTimeoutSeconds = 60;
-
-}  // namespace
-
 host::Database& Database() {
   return host::Scope::Current().TheDatabase();
 }
 
 std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql) {
-  return Database().OpenQuery(sql, kQueryTimeoutSeconds);
+  return Database().OpenQuery(sql, host::kQueryTimeoutSeconds);
 }
 
 std::shared_ptr<host::Recordset> OpenStudyRow(const std::string& sql, std::string_view kind,

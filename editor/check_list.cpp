@@ -50,8 +50,7 @@ bool CheckList::Enforce() const {
 }
 
 void Tell(const Problem& problem) {
-  host::MessageBoxes& messages = host::TheMessageBoxes();
-  messages.Show(problem.message, problem.style, messages.ApplicationTitle());
+  host::ShowMessage(problem.message, problem.style);
   if (problem.control) problem.control->SetFocus();
 }
 

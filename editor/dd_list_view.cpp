@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/ascii.h"
 #include "core/conversions.h"
 #include "host/constants.h"
 #include "host/services.h"
@@ -13,11 +14,6 @@ namespace kiv {
 namespace {
 
 enum MenuItem : std::size_t { kRemove, kRemoveAll, kSelectAll };
-
-void Refuse(const std::string& text) {
-  host::MessageBoxes& messages = host::TheMessageBoxes();
-  messages.Show(text, host::MessageStyle::Critical, messages.ApplicationTitle());
-}
 
 /// The type word of an entity's key, in lower case and as messages write it.
 struct TypeWord {
@@ -32,13 +28,6 @@ TypeWord WordOf(EntityType type) {
     case EntityType::VcsCell: return {"cell", "Cell"};
     default: return {"", "Unknown"};
   }
-}
-
-std::string LowerCase(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(), [](char character) {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-  });
-  return text;
 }
 
 /// Numbers on the way to an entity, such as 1-2-37.
@@ -159,7 +148,7 @@ bool XDDListView::HasExpectedType(const host::DraggedNode& first) const {
   constexpr std::size_t kLeastWord = 2;  // the colon stands at the third character or later
   const std::size_t colon = first.key.find(':');
   if (colon == std::string::npos || colon < kLeastWord) return false;
-  return LowerCase(first.key.substr(0, colon)) == WordOf(entityType_).inKey;
+  return AsciiLower(first.key.substr(0, colon)) == WordOf(entityType_).inKey;
 }
 
 std::shared_ptr<CEntity> XDDListView::MakeEntity(const host::DraggedNode& node) const {
@@ -172,7 +161,8 @@ void XDDListView::DropNodes(const std::vector<host::DraggedNode>& nodes) {
   if (nodes.empty()) return;
   const char* word = WordOf(entityType_).inMessage;
   if (!HasExpectedType(nodes.front())) {
-    Refuse(std::string("You have dropped the wrong element type. \r\nExpected element type: ") + word);
+    host::ShowMessage(std::string("You have dropped the wrong element type. \r\nExpected element type: ") +
+                      word);
     return;
   }
   EntityCollection& collection = Required(collection_);
@@ -180,7 +170,8 @@ void XDDListView::DropNodes(const std::vector<host::DraggedNode>& nodes) {
   for (const host::DraggedNode& node : nodes) {
     const auto entity = MakeEntity(node);
     if (collection.Contains(entity->Key())) {
-      Refuse(std::string(word) + " " + PathText(*entity) + " is already in the list and will not be added.");
+      host::ShowMessage(std::string(word) + " " + PathText(*entity) +
+                        " is already in the list and will not be added.");
       continue;
     }
     if (!MayAdd(entity)) {
@@ -207,9 +198,9 @@ bool XDDListView::MayAdd(const std::shared_ptr<CEntity>& entity) const {
   if (entityType_ == EntityType::VcsCell) return PassesVcsCellLimit(*entity);
   if (entityType_ == EntityType::RfcCell) return PassesRfcCellCheck(*entity);
   if (collection_->Count() < maxRows_) return true;
-  Refuse("You have attempted to add more than " + std::to_string(maxRows_) +
-         " ECP.\r\nRF Call Trace studies must be initiated from a sinlge ECP.\r\n"
-         "The ECP has not been added to the list.");
+  host::ShowMessage("You have attempted to add more than " + std::to_string(maxRows_) +
+                    " ECP.\r\nRF Call Trace studies must be initiated from a sinlge ECP.\r\n"
+                    "The ECP has not been added to the list.");
   return false;
 }
 
@@ -219,10 +210,11 @@ bool XDDListView::PassesVcsCellLimit(const CEntity& cell) const {
                     [&cell](const std::shared_ptr<CEntity>& other) { return other->SharesEcpWith(cell); });
   if (ofSameEcp < maxRows_) return true;
   const std::string limit = std::to_string(maxRows_);
-  Refuse("You have attempted to drop more than " + limit + " cells from ECP " + std::to_string(cell.EcpID()) +
-         "\r\nVCSA engineering guide lines recommend that no more than " + limit +
-         " cells \r\nfrom the same ECP be studied at the same time. The cells \r\n"
-         "have not been added to the list.");
+  host::ShowMessage("You have attempted to drop more than " + limit + " cells from ECP " +
+                    std::to_string(cell.EcpID()) +
+                    "\r\nVCSA engineering guide lines recommend that no more than " + limit +
+                    " cells \r\nfrom the same ECP be studied at the same time. The cells \r\n"
+                    "have not been added to the list.");
   return false;
 }
 
@@ -230,15 +222,16 @@ bool XDDListView::PassesVcsCellLimit(const CEntity& cell) const {
 bool XDDListView::PassesRfcCellCheck(const CEntity& cell) const {
   const std::string limit = std::to_string(maxRows_);
   if (collection_->Count() + 1 >= maxRows_) {
-    Refuse("You have attempted to drop more than " + limit + " cells for this study.\r\nNo more than " +
-           limit + " cells can be studied at the same time. \r\nThe cells have not been added to the list.");
+    host::ShowMessage(
+        "You have attempted to drop more than " + limit + " cells for this study.\r\nNo more than " + limit +
+        " cells can be studied at the same time. \r\nThe cells have not been added to the list.");
     return false;
   }
   const bool sameEcp =
       std::all_of(collection_->begin(), collection_->end(),
                   [&cell](const std::shared_ptr<CEntity>& other) { return other->SharesEcpWith(cell); });
   if (!sameEcp) {
-    Refuse(
+    host::ShowMessage(
         "All cells for a RF Call Trace study must belong to the same ECP.\r\n"
         "The cells have not been added to the list.");
   }

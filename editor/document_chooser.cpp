@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "core/keyed_collection.h"
-#include "core/kiv_study_ctls.h"
+#include "editor/kiv_study_ctls.h"
 #include "host/services.h"
 
 namespace kiv {

@@ -4,7 +4,7 @@
 #include <array>
 #include <span>
 
-#include "core/kiv_study_ctls.h"
+#include "editor/kiv_study_ctls.h"
 
 namespace kiv {
 

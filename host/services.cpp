@@ -14,6 +14,11 @@ Service& Required(const std::shared_ptr<Service>& service, const char* name) {
 
 }  // namespace
 
+void ShowMessage(const std::string& text, MessageStyle style) {
+  MessageBoxes& messages = TheMessageBoxes();
+  messages.Show(text, style, messages.ApplicationTitle());
+}
+
 ErrorReporter& TheErrorReporter() {
   return Required(CurrentServices().errorReporter, "error reporter");
 }

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "base/signal.h"
 #include "host/beeper.h"
@@ -46,6 +47,9 @@ const Services& CurrentServices();
 
 /// The events of the current host; there also before it has given anything.
 Events& TheEvents();
+
+/// Shows a message with an OK button, under the host's application title.
+void ShowMessage(const std::string& text, MessageStyle style = MessageStyle::Critical);
 
 /// Access to one service. Each raises error 91 when the host has not given it.
 ErrorReporter& TheErrorReporter();

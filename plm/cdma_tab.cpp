@@ -4,8 +4,8 @@
 #include <array>
 #include <string_view>
 
-#include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
+#include "editor/kiv_study_ctls.h"
 #include "editor/number_checks.h"
 #include "host/services.h"
 #include "plm/mode_names.h"

@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
+#include "editor/kiv_study_ctls.h"
 #include "host/services.h"
 #include "plm/mode_names.h"
 
@@ -183,9 +183,7 @@ void DistributionPanel::CheckDefaults() const {
                                    : numbers.total.value_or(0) > kMostChannels ? wording_.totalTooLarge
                                                                                : std::string_view();
   if (message.empty()) return;
-  host::MessageBoxes& messages = host::TheMessageBoxes();
-  messages.Show(ModeName(Number()) + std::string(message), host::MessageStyle::Critical,
-                messages.ApplicationTitle());
+  host::ShowMessage(ModeName(Number()) + std::string(message));
 }
 
 void DistributionPanel::DefaultsToData(CKivPlmMode& mode) const {

@@ -1,7 +1,7 @@
 #include "plm/general_tab.h"
 
-#include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
+#include "editor/kiv_study_ctls.h"
 #include "editor/number_checks.h"
 #include "host/constants.h"
 

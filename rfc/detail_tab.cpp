@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
 #include "editor/file_name_checks.h"
 #include "editor/folder_box.h"
+#include "editor/kiv_study_ctls.h"
 
 namespace kiv {
 

@@ -5,8 +5,8 @@
 
 #include "base/utf16.h"
 #include "core/entity_lists.h"
-#include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
+#include "editor/kiv_study_ctls.h"
 #include "editor/number_checks.h"
 #include "host/constants.h"
 #include "host/services.h"

@@ -5,7 +5,7 @@
 #include <memory>
 #include <utility>
 
-#include "core/fields.h"
+#include "base/ascii.h"
 #include "host/scope.h"
 #include "session/study_problems.h"
 #include "session/study_session.h"
@@ -29,8 +29,8 @@ class PlannedScenarios {
   std::int32_t Find(const std::string& name) {
     if (name.empty()) return CKivStudyData::kNotGiven;
     if (const auto stored = store_.Scenarios().Find(name)) return *stored;
-    const auto found = std::ranges::find(names_, sql::AsciiUpper(name),
-                                         [](const std::string& planned) { return sql::AsciiUpper(planned); });
+    const auto found = std::ranges::find(names_, AsciiUpper(name),
+                                         [](const std::string& planned) { return AsciiUpper(planned); });
     const auto number = kFirstPlanned - static_cast<std::int32_t>(found - names_.begin());
     if (found == names_.end()) {
       names_.push_back(name);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/ascii.h"
 #include "ui/control_visitor.h"
 
 namespace kiv::ui {
@@ -11,7 +12,7 @@ namespace {
 
 constexpr char kPlace = '#';
 
-bool IsDigit(char character) {
+bool IsAsciiDigit(char character) {
   return character >= '0' && character <= '9';
 }
 
@@ -73,7 +74,7 @@ std::size_t MaskedEdit::ShownPosition(std::size_t enteredPosition) const {
 
 std::string MaskedEdit::Accepted(std::string_view text) const {
   std::string accepted(text);
-  if (!mask_.empty()) std::erase_if(accepted, [](char character) { return !IsDigit(character); });
+  if (!mask_.empty()) std::erase_if(accepted, [](char character) { return !IsAsciiDigit(character); });
   return accepted;
 }
 

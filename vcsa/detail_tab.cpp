@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
+#include "editor/kiv_study_ctls.h"
 #include "editor/number_checks.h"
 #include "vcsa/technology.h"
 

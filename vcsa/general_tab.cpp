@@ -1,14 +1,10 @@
 #include "vcsa/general_tab.h"
 
-#include <algorithm>
-#include <utility>
-
-#include "core/entity_lists.h"
-#include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
+#include "editor/kiv_study_ctls.h"
 #include "editor/number_checks.h"
 #include "host/constants.h"
-#include "vcsa/technology.h"
+#include "vcsa/cell_completion.h"
 
 namespace kiv {
 
@@ -25,41 +21,6 @@ const NumberRange kRetrieveDelay = {"Retrieve Delay", 1, 120, "minutes"};
 
 bool IsDuration(const std::string& text) {
   return IsNumberBetween(text, kQuarterHour, 480) && *ParseNumber(text) % kQuarterHour == 0;
-}
-
-/// The antennas or carriers that really are the cell's own.
-bool HoldsOnlyOwn(const CCell& cell, const AntennaCollection& entries) {
-  return std::all_of(entries.begin(), entries.end(),
-                     [&cell](const auto& entry) { return entry->SharesEcpWith(cell); });
-}
-
-std::shared_ptr<CCell> WithoutLists(const CCell& cell) {
-  auto copy = MakeCell(cell.ID(), cell.InstanceID(), cell.SystemID(), cell.EcpID(), cell.CellID());
-  copy->SetTechType(cell.TechType());
-  return copy;
-}
-
-/// Adds the carriers of a cell's own that it does not have yet.
-void AddOwnCarriers(CCell& cell, const AntennaCollection& carriers) {
-  for (const auto& carrier : carriers) {
-    if (!carrier->SharesEcpWith(cell)) continue;
-    cell.AddCarrier(carrier->Instance_Id(), std::to_string(carrier->SystemID()),
-                    std::to_string(carrier->EcpID()), std::to_string(carrier->CellID()),
-                    std::to_string(carrier->CarrierID()), carrier->Selected());
-  }
-}
-
-/// The stored lists are read by cell number alone, so a cell may have got those of its namesake on another
-/// ECP as well.
-std::shared_ptr<CCell> WithOwnOnly(const CCell& cell) {
-  auto own = WithoutLists(cell);
-  for (const auto& antenna : Required(cell.Antennas())) {
-    if (!antenna->SharesEcpWith(cell)) continue;
-    own->AddAntenna(antenna->Instance_Id(), antenna->SystemID(), antenna->EcpID(), antenna->CellID(),
-                    antenna->AntennaID(), antenna->Selected());
-  }
-  AddOwnCarriers(*own, Required(cell.Carriers()));
-  return own;
 }
 
 }  // namespace
@@ -84,7 +45,7 @@ XKivVcsGen::XKivVcsGen()
                         }}});
   dlvwCell.EntityAdded.Connect([this](const std::shared_ptr<CEntity>& cell) {
     cell->SetID(Required(Study()).ID());
-    CompleteCell(AsCell(cell));
+    CompleteCell(*SubRecord(), AsCell(cell));
   });
   txtDuration.SetKeyFilter(MKivStudyCtls::NumericKeyFilter);
   txtRetrieveDelay.SetKeyFilter(MKivStudyCtls::NumericKeyFilter);
@@ -139,34 +100,9 @@ void XKivVcsGen::ShowStoredStudy() {
   txtRetrieveDelay.SetText(std::to_string(Study()->RetrieveDelay()));
   XDest.SetPath(SubRecord()->Path());
   XDest.SetFilename(SubRecord()->DataFile());
-  CompleteStoredCells();
+  CompleteStoredCells(*SubRecord());
   dlvwCell.SetTheCollection(SubRecord()->Cells());
   dlvwCell.Display();
-}
-
-/// Adds what the configuration knows of a cell; choices that are there already stay.
-void XKivVcsGen::CompleteCell(CCell& cell) const {
-  cell.SetTechType(MSQL::FindCellTech(cell.InstanceID()));
-  SubRecord()->LookupAntenna(cell);
-  if (!IsCdma(cell)) return;
-  // A cell that has carriers already would not be given those of its CGSA.
-  const auto configured = WithoutLists(cell);
-  SubRecord()->LookupCarrier(*configured);
-  AddOwnCarriers(cell, Required(configured->Carriers()));
-}
-
-void XKivVcsGen::CompleteStoredCells() {
-  const EntityCollection& stored = Required(SubRecord()->Cells());
-  const bool mixed = std::any_of(stored.begin(), stored.end(), [](const auto& entity) {
-    const CCell& cell = AsCell(entity);
-    return !HoldsOnlyOwn(cell, Required(cell.Antennas())) || !HoldsOnlyOwn(cell, Required(cell.Carriers()));
-  });
-  if (mixed) {
-    auto own = std::make_shared<EntityCollection>();
-    for (const auto& entity : stored) own->Add(WithOwnOnly(AsCell(entity)), entity->Key());
-    SubRecord()->SetCells(std::move(own));
-  }
-  for (const auto& entity : *SubRecord()->Cells()) CompleteCell(AsCell(entity));
 }
 
 void XKivVcsGen::SaveData() {

@@ -30,8 +30,6 @@ class XKivVcsGen : public TabOf<CKivVcsData> {
  private:
   void ShowNewStudy() override;
   void ShowStoredStudy() override;
-  void CompleteCell(CCell& cell) const;
-  void CompleteStoredCells();
 };
 
 }  // namespace kiv

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/ascii.h"
 #include "database/postgres/postgres_layout.h"
 #include "database/postgres/postgres_url.h"
 #include "database/row_buffer.h"
@@ -134,7 +135,7 @@ std::string QuotedName(const std::string& name) {
     } else if (character == '"') {
       quoted += "\"\"";
     } else {
-      quoted += character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+      quoted += ToAsciiLower(character);
     }
   }
   return quoted + '"';

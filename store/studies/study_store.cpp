@@ -22,14 +22,10 @@ Variant ScenarioReference(std::int32_t id) {
   return id == CKivStudyData::kNotGiven ? Variant() : Variant(id);
 }
 
-std::int32_t NumberOrNotGiven(const Variant& field) {
-  return field.IsNull() ? CKivStudyData::kNotGiven : ToInt32(field);
-}
-
 /// One value that is no number must not keep the whole list from being shown.
 std::int32_t ReadableNumber(const Variant& field) {
   try {
-    return NumberOrNotGiven(field);
+    return ToInt32Or(field, CKivStudyData::kNotGiven);
   } catch (const Error&) {
     return CKivStudyData::kNotGiven;
   }
@@ -70,7 +66,7 @@ constexpr const char* kCorrectTheValue =
 std::int32_t StudyNumber(const host::Recordset& row, std::string_view column) {
   const Variant value = row.Field(column);
   try {
-    return NumberOrNotGiven(value);
+    return ToInt32Or(value, CKivStudyData::kNotGiven);
   } catch (const Error&) {
     throw StoreError("its " + std::string(column) + " is stored as \"" + ToText(value) +
                      "\", which is not a whole number of 32 bits." + kCorrectTheValue);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/ascii.h"
 #include "core/study_data.h"
 #include "core/study_kinds.h"
 #include "support/fake_host.h"
@@ -63,7 +64,7 @@ TEST_F(HomRecord, UpdateAssignsEverythingButTheKey) {
 TEST_F(HomRecord, LoadReadsTheFirstRow) {
   test::FakeRows rows;
   for (const auto& field : CKivHomData::Fields()) {
-    rows.names.push_back(sql::AsciiUpper(field.name));
+    rows.names.push_back(AsciiUpper(field.name));
   }
   rows.rows.push_back({12, "/d", Variant(), "2", "Y", "N", "N", "N", "N", "N", "N", "N", "N", "N", "Y", "Y",
                        "N", "c.hom", "/omp"});

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/ascii.h"
 #include "plm/mode_names.h"
 #include "support/fake_host.h"
 
@@ -23,7 +24,7 @@ class PlmRecord : public ::testing::Test {
   /// Puts mode rows behind the query: the mode's number, and NULL for everything else but the last column.
   void StoreModes(const std::vector<int>& numbers) {
     test::FakeRows rows;
-    for (const auto& field : CKivPlmMode::Fields()) rows.names.push_back(sql::AsciiUpper(field.name));
+    for (const auto& field : CKivPlmMode::Fields()) rows.names.push_back(AsciiUpper(field.name));
     for (const int number : numbers) {
       std::vector<Variant> row(rows.names.size());
       row[0] = 12;
