@@ -2,12 +2,25 @@
 
 #include <string>
 
-#include "database/schema_steps.h"
-
 namespace kiv::database {
 
-std::span<const std::string_view> SqliteLayout::Steps() const {
-  return SqliteSchemaSteps();
+namespace {
+
+constexpr SchemaWord kWords[] = {
+    {"@NUMBERED@", "INTEGER PRIMARY KEY"},
+    {"@NUMBERED_FOR_GOOD@", "INTEGER PRIMARY KEY AUTOINCREMENT"},
+    {"@UNIQUE_NAME@", "TEXT NOT NULL UNIQUE COLLATE NOCASE"},
+    {"@WITHOUT_ROWID@", " WITHOUT ROWID"},
+};
+
+}  // namespace
+
+std::string_view SqliteLayout::Engine() const {
+  return "sqlite";
+}
+
+std::span<const SchemaWord> SqliteLayout::Words() const {
+  return kWords;
 }
 
 int SqliteLayout::Version(Connection& connection) const {
