@@ -14,11 +14,14 @@
 
 #include "client/window/window_program.h"
 #include "client/window/window_settings.h"
+#include "core/study_kinds.h"
+#include "hom/hom_data.h"
 #include "monkey/monkey.h"
 #include "samples/network_maker.h"
 #include "session/study_session.h"
 #include "store/network/network_import.h"
 #include "support/rich_studies.h"
+#include "support/rows_text.h"
 #include "support/temp_folder.h"
 
 namespace kiv::test {
@@ -84,6 +87,16 @@ void FillStore(client::Program& program, const TempFolder& folder) {
   store::ImportNetwork(program.Store().Database(), network);
   program.Store().Scenarios().Add("Downtown");
   program.Store().Scenarios().Add("Harbour");
+  for (const char* name : {"One", "Two", "Three"}) {  // studies that can be saved as they are
+    store::Study study = program.Store().New(std::string(kHomStudy));
+    study.name = name;
+    study.record->SetDuration(30);
+    study.record->HomData()->SetToAmps("Y");
+    study.record->HomData()->SetPath(folder.Path());
+    study.record->HomData()->SetDataFile("h$YY$MM$DD$HH$MI.hom");
+    std::vector<store::NamedStudy> all = {{study, "Downtown"}};
+    program.Store().AddAll(all, "monkey");
+  }
   for (const std::string& kind : RichKinds()) {
     for (const int variant : {1, 2}) {
       store::Study study = program.Store().New(kind);
@@ -100,7 +113,9 @@ void CheckStore(client::Program& program) {
     session::StudySession session(program.Store(), program.Store().Load(summary.id));
     ++studies;
   }
-  std::cout << studies << " studies load.\n";
+  std::cout << studies << " studies load; changes of studies: "
+            << RowsText(program.Store().Database(), "event, count(*)", "kiv_study_history GROUP BY event")
+            << '\n';
 }
 
 void Run(const Request& request) {

@@ -9,6 +9,7 @@
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
@@ -85,7 +86,7 @@ void Monkey::Next() {
       {"choose", 4, &Monkey::ChooseEntry},  {"action", 4, &Monkey::TriggerAction},
       {"drop", 4, &Monkey::DropEntities},   {"open", 3, &Monkey::OpenSomeStudy},
       {"page", 4, &Monkey::ShowPage},       {"answer", 8, &Monkey::AnswerDialog},
-      {"resize", 1, &Monkey::ResizeWindow},
+      {"resize", 1, &Monkey::ResizeWindow}, {"save", 6, &Monkey::ChangeAndSave},
   };
   int weights = 0;
   for (const Act& act : kActs) weights += act.weight;
@@ -294,11 +295,7 @@ void Monkey::DropEntities() {
   const auto& entities = window_.Network().Model().Entities();
   client::EntityTree::Nodes nodes;
   for (int i = Below(12); i >= 0 && entities.Count() > 0; --i) {
-    const auto entity = static_cast<store::NetworkEntities::Number>(Below(entities.Count()));
-    const auto path = entities.Path(entity);
-    nodes.push_back({std::string(store::KindText(entities.Kind(entity))) + ":" +
-                         std::to_string(entities.Instance(entity)),
-                     path.system, path.ecp, path.cell, entities.Instance(entity)});
+    nodes.push_back(entities.Node(static_cast<store::NetworkEntities::Number>(Below(entities.Count()))));
   }
   if (lists.empty() || nodes.empty()) return ShowPage();
   Tell("drop " + nodes.front().key + " and " + std::to_string(nodes.size() - 1) + " more");
@@ -327,6 +324,18 @@ void Monkey::ShowPage() {
   if (all.empty()) return PressKey();
   QTabWidget* tabs = OneOf(all, random_);
   tabs->setCurrentIndex(Below(static_cast<std::size_t>(tabs->count())));
+}
+
+/// Now and then something sensible, or nothing would ever be stored.
+void Monkey::ChangeAndSave() {
+  client::EditorView* editor = window_.CurrentEditor();
+  if (Window() != &window_ || !editor) return OpenSomeStudy();
+  auto* duration = editor->findChild<QLineEdit*>(QStringLiteral("txtDuration"));
+  if (!duration || !duration->isVisible()) return ShowPage();
+  duration->setFocus();
+  duration->selectAll();
+  QTest::keyClicks(duration, QString::number(15 * (1 + Below(30))));
+  QTest::keySequence(KeyTarget(), QKeySequence::Save);
 }
 
 void Monkey::AnswerDialog() {

@@ -61,6 +61,7 @@ class Monkey {
   void DropEntities();
   void OpenSomeStudy();
   void ShowPage();
+  void ChangeAndSave();
   void AnswerDialog();
   void ResizeWindow();
 
