@@ -15,14 +15,11 @@ file(WRITE "${output}" "#include \"database/schema_steps.h\"
 
 namespace kiv::database {
 
-namespace {
-
-constexpr std::string_view kSteps[] = {
+std::span<const std::string_view> ${function}() {
+  static constexpr std::string_view kSteps[] = {
 ${texts}};
-
-}  // namespace
-
-std::span<const std::string_view> ${function}() { return kSteps; }
+  return kSteps;
+}
 
 }  // namespace kiv::database
 ")
