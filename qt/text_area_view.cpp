@@ -11,7 +11,7 @@ namespace kiv::qt {
 namespace {
 
 /// Room for short lines; more of it when the page has more.
-constexpr int kLeastCharacters = 16;
+constexpr int kLeastCharactersOfLine = 16;
 constexpr int kLeastLines = 4;
 constexpr int kUsualLines = 8;
 
@@ -63,7 +63,7 @@ class TextAreaView final : public TypedTextView<QPlainTextEdit> {
 
   QSize SizeOf(int lines) const {
     const int margin = 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
-    return {fontMetrics().averageCharWidth() * kLeastCharacters + margin,
+    return {fontMetrics().averageCharWidth() * kLeastCharactersOfLine + margin,
             fontMetrics().lineSpacing() * lines + margin};
   }
 
