@@ -298,7 +298,7 @@ PagePlan::PagePlan(const LayoutItem& layout) {
 
 std::string PagePlan::NameOf(Control& control) const {
   const ControlTraits traits = TraitsOf(control);
-  const std::string own = traits.caption ? PlainCaption(*traits.caption) : std::string();
+  std::string own = traits.caption ? PlainCaption(*traits.caption) : std::string();
   const auto found = namings_.find(&control);
   if (found == namings_.end()) return own;
   const Naming& naming = found->second;

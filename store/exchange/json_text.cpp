@@ -89,7 +89,7 @@ class Watcher {
 
 /// The end of the parser's message, which says what it expected.
 std::string DetailOf(const Json::exception& error) {
-  const std::string text = error.what();
+  std::string text = error.what();
   for (const std::string_view separator : {": ", "] "}) {
     const std::size_t found = text.find(separator);
     if (found != std::string::npos) return text.substr(found + separator.size());

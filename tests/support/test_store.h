@@ -14,7 +14,7 @@ namespace kiv::test {
 /// The program's store on one connection, with the rest of the host faked. One at a time in a process.
 class TestStore {
  public:
-  explicit TestStore(std::shared_ptr<database::Connection> connection) : store_(connection, errors_) {
+  explicit TestStore(const std::shared_ptr<database::Connection>& connection) : store_(connection, errors_) {
     MSQL::ReleaseDatabase();
     host::Services services = host::InstalledServices();
     services.openDatabase = [connection] { return connection; };
