@@ -12,7 +12,7 @@ namespace {
 /// Larger statements save nothing more, and their failure would come late.
 constexpr std::size_t kMostRowsInStatement = 500;
 constexpr std::size_t kMostStatements = 100;
-constexpr std::size_t kMostBytes = 256 * 1024;
+constexpr std::size_t kMostBytes = std::size_t{256} * 1024;
 
 /// Reads a statement from its start. Each step says whether what it looks for was there.
 class Scanner {

@@ -128,6 +128,7 @@ void XDDListView::SetUsePopupMenu(bool use) {
 
 void XDDListView::AddColumns(std::vector<EntityColumn> columns) {
   std::vector<ui::ListColumn> looks;
+  looks.reserve(columns.size());
   for (const EntityColumn& column : columns) looks.push_back(column.look);
   ClearDisplay();
   columns_ = std::make_shared<std::vector<EntityColumn>>(std::move(columns));

@@ -139,7 +139,7 @@ std::shared_ptr<host::Recordset> RowsOf(const PGresult* result) {
 }
 
 /// A dotted name, each part in quotes, in the letter case in which an unquoted name is found.
-std::string QuotedName(const std::string& name) {
+std::string QuotedDottedName(const std::string& name) {
   std::string quoted = "\"";
   for (const char character : name) {
     if (character == '.') {
@@ -308,7 +308,7 @@ bool PostgresDatabase::FindColumn(const std::string& table, const std::string& c
 
 std::string PostgresDatabase::CallFunction(const std::string& name, const std::string& argument) {
   const Variant result =
-      Run("SELECT CAST(" + QuotedName(name) + "($1) AS TEXT)", TimeoutAsItIs(), {argument})->FieldAt(0);
+      Run("SELECT CAST(" + QuotedDottedName(name) + "($1) AS TEXT)", TimeoutAsItIs(), {argument})->FieldAt(0);
   return result.IsNull() ? std::string() : std::get<std::string>(result.Value());
 }
 

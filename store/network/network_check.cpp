@@ -132,7 +132,7 @@ class KeyValues {
   struct Entry {
     std::array<std::int32_t, kMaxKeyColumns> parts;
     std::int32_t line;
-    friend auto operator<=>(const Entry&, const Entry&) = default;
+    friend auto operator<=>(const Entry&, const Entry&) = default;  // NOLINT(modernize-use-nullptr)
   };
 
   bool IsText(std::size_t column) const { return table_.columns[column].kind == NetworkColumn::Kind::Text; }

@@ -51,7 +51,7 @@ class VcsaTabs : public ::testing::Test {
   }
   std::string Refusal(Tab& tab) {
     const bool valid = tab.IsTabValid("");
-    const std::string text = host_.TakeMessage();
+    std::string text = host_.TakeMessage();
     EXPECT_EQ(valid, text.empty());
     return text;
   }
