@@ -19,6 +19,8 @@ struct Problem {
 
 /// Shows a problem in the host's message box and moves the focus there.
 void Tell(const Problem& problem);
+/// Shows a critical message that no control is to blame for.
+void Tell(const std::string& message);
 
 /// The rules of a page, in the order in which they are checked.
 class CheckList {
@@ -37,6 +39,8 @@ class CheckList {
   std::optional<Problem> FirstProblem() const;
   /// Every failing check, the first one of each control.
   std::vector<Problem> Problems() const;
+  /// Adds them to those of other lists; a control that has one already gets no other.
+  void AddProblems(std::vector<Problem>& problems) const;
 
   /// Tells the first failure. True when all is well.
   bool Enforce() const;

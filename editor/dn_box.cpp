@@ -59,6 +59,13 @@ std::string XDnBox::Problem() const {
   return onlyDigits ? std::string() : "Value for DN may contain only digits.";
 }
 
+CheckList XDnBox::Checks() {
+  CheckList checks;
+  checks.Add(
+      edit, [this] { return Problem().empty(); }, [this] { return Problem(); });
+  return checks;
+}
+
 bool XDnBox::IsValid(const std::string& title) {
   const std::string problem = Problem();
   if (problem.empty()) return true;

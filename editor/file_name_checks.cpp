@@ -27,6 +27,11 @@ FileNameTexts DataFileNameTexts() {
           .lengthStart = "A filename must have at least 1 but no more than "};
 }
 
+std::string WithoutExtension(std::string name, std::string_view extension) {
+  if (name.ends_with(extension)) name.resize(name.size() - extension.size());
+  return name;
+}
+
 CheckList FileNameChecks(ui::TextBox& box, std::function<std::int32_t()> maxLength, FileNameTexts texts,
                          NameKind kind) {
   CheckList checks;

@@ -12,14 +12,13 @@
 namespace kiv {
 
 /// Third tab of an RF call trace study: whether 3G1X supplemental channels are traced at a single rate only,
-/// told for each direction.
+/// told for each direction. The record is written when the study is saved.
 class XKivRfcCDMA3G : public TabOf<CKivRfcData> {
  public:
   static constexpr std::size_t kRates = 5;
 
   XKivRfcCDMA3G();
 
-  void SaveData() override;
   ui::LayoutItem Layout() override;
 
   ui::Label lblSelect;
@@ -39,9 +38,7 @@ class XKivRfcCDMA3G : public TabOf<CKivRfcData> {
     std::int16_t restriction = 0;
   };
 
-  void ShowNewStudy() override;
-  void ShowStoredStudy() override;
-  void SetUp(Link& link);
+  void SetUp(Link& link, Place<std::int16_t> restriction);
   static void Show(Link& link, std::int16_t restriction);
   static void Recompute(Link& link);
 

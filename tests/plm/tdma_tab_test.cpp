@@ -142,8 +142,19 @@ TEST_F(PlmTdma, TheAutomaticRulesRunInOrderOnControlsAndRecords) {
   EXPECT_EQ(host_.TakeMessage(), "Mode 5: You must enter at least one channel.");
 }
 
-TEST_F(PlmTdma, WhatWasChosenBeforeCheckingStaysAmongTheDefaults) {
+TEST_F(PlmTdma, WhatWasTouchedBeforeCheckingStaysAmongTheDefaults) {
   LoadNew();
+  Choose(2);
+  tab_.XMode2.cboMethod.Select(0);
+  tab_.XMode2.optAuto[1].Click();  // what storing an untouched panel would give as well
+  Choose(5);
+  EXPECT_EQ(Data().Modes()->Count(), 0) << "a mode that was never checked is none of the study";
+  Choose(2);
+  EXPECT_EQ(tab_.XMode2.optAuto.Index(), 1);
+  EXPECT_EQ(tab_.XMode2.txtAmps.Text(), "");
+  Check(2);
+  EXPECT_EQ(Stored(Mode(2)), "2|Auto|5|5|10|Restrict|Member|Begin|1|1999|N|");
+
   Choose(5);
   tab_.XMode5.cboMethod.Select(0);
   tab_.XMode5.txtTotal.Type("8");
@@ -269,7 +280,7 @@ TEST_F(PlmTdma, SwitchingRefusesAndUncheckingKeeps) {
   EXPECT_EQ(tab_.XMode2.txtTotal.Text(), "1");
   tab_.XMode2.txtTotal.SetText("10");
   Check(3);
-  EXPECT_EQ(tab_.XMode3.XChannelList1.txtChannelList.Text(), "4\n5");
+  EXPECT_EQ(tab_.XMode3.XChannelList1.txtChannelList.Text(), "4\n5\n");
   EXPECT_EQ(Refusal(), "");
   EXPECT_EQ(Data().ModeCount(), 2);
 }
