@@ -13,7 +13,6 @@
 #include "support/engine.h"
 #include "support/test_store.h"
 #include "timing.h"
-#include "vcsa/vcsa_studies.h"
 
 namespace kiv::bench {
 namespace {
@@ -57,6 +56,5 @@ void Measure(const test::Engine& engine) {
 }  // namespace kiv::bench
 
 int main() {
-  kiv::RegisterVcsaStudies();
   for (const kiv::test::Engine& engine : kiv::test::Engines()) kiv::bench::Measure(engine);
 }

@@ -19,7 +19,6 @@
 #include "support/test_store.h"
 #include "support/watched_connection.h"
 #include "timing.h"
-#include "vcsa/vcsa_studies.h"
 
 namespace kiv::bench {
 namespace {
@@ -158,7 +157,6 @@ void Grow(const Place& place) {
 }
 
 void Measure() {
-  RegisterVcsaStudies();
   const test::TempFolder folder;
   int files = 0;
   const Place sqlite = {"SQLite", [&] { return folder.File("bench" + std::to_string(++files) + ".db"); },

@@ -11,10 +11,6 @@
 #include "core/msql.h"
 #include "database/open.h"
 #include "database/schema.h"
-#include "hom/hom_studies.h"
-#include "plm/plm_studies.h"
-#include "rfc/rfc_studies.h"
-#include "vcsa/vcsa_studies.h"
 
 namespace kiv::client {
 
@@ -85,10 +81,6 @@ Program::~Program() {
 }
 
 void Program::Start(UserInterface userInterface) {
-  RegisterHomStudies();
-  RegisterPlmStudies();
-  RegisterRfcStudies();
-  RegisterVcsaStudies();
   errors_->SetTeller(std::move(userInterface.tellFailure));
   host::InstallServices(
       {.openDatabase = [this] { return connection_; },

@@ -34,7 +34,7 @@ class Program {
   Program& operator=(const Program&) = delete;
   ~Program();
 
-  /// Gives the library its services and makes the study kinds known.
+  /// Gives the library its services.
   void Start(UserInterface userInterface);
 
   /// Opens a database without going over to it. Raises database::OpenError.

@@ -1,7 +1,5 @@
 #include "core/study_data.h"
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
 #include "base/error.h"
@@ -9,15 +7,6 @@
 #include "core/study_kinds.h"
 
 namespace kiv {
-
-namespace {
-
-bool IsKindName(std::string_view name) {
-  constexpr std::array kNames = {kHomStudy, kPlmStudy, kRfcStudy, kVcsStudy};
-  return FindStudyKind(name) || std::find(kNames.begin(), kNames.end(), name) != kNames.end();
-}
-
-}  // namespace
 
 CKivStudyData::CKivStudyData()
     : studyType_(std::make_shared<host::DocumentType>()),
@@ -53,7 +42,7 @@ void CKivStudyData::InitEdit(const std::string& appName, const std::string& edit
 }
 
 CKivStudyData& CKivStudyData::SaveSubTableData() {
-  if (!IsKindName(appName_)) return *this;
+  if (!FindStudyKind(appName_)) return *this;
   if (!subRecord_ || subRecord_->KindName() != appName_) {
     throw Error(ErrorNumber::ObjectNotSet, "The study has no data of the kind " + appName_ + ".");
   }
@@ -78,9 +67,6 @@ void CKivStudyData::TakeNames(const std::string& appName, const std::string& edi
 
 void CKivStudyData::CreateSubRecord() {
   const StudyKind* kind = FindStudyKind(appName_);
-  if (!kind && IsKindName(appName_)) {
-    throw Error(ErrorNumber::ObjectNotSet, "The host has not registered the study kind " + appName_ + ".");
-  }
   subRecord_ = kind ? kind->createRecord() : nullptr;
 }
 

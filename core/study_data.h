@@ -29,7 +29,7 @@ class CKivStudyData : public Object {
   ~CKivStudyData() override;
 
   /// Starts a new study of the kind that `appName` names, with an empty sub-record. A name that is no study
-  /// kind gets none; the name of a kind that was not registered raises error 91.
+  /// kind gets none.
   void InitNew(const std::string& appName, const std::string& editorName,
                std::shared_ptr<host::DocumentType> studyType,
                std::shared_ptr<host::DocumentType> scenarioType, std::int32_t id);

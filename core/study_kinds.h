@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <string>
@@ -10,23 +12,52 @@
 
 namespace kiv {
 
-/// Exact names of the study kinds.
+class Tab;
+
+/// Exact names of the study kinds of this library.
 inline constexpr std::string_view kHomStudy = "HOM Study";
 inline constexpr std::string_view kPlmStudy = "PLM Study";
 inline constexpr std::string_view kRfcStudy = "RF Call Trace Study";
 inline constexpr std::string_view kVcsStudy = "VCSA Study";
 
-/// What the study record has to know of a kind.
-struct StudyKind {
-  std::string_view name;
-  std::string_view table;  ///< has one row for each study of the kind, by the study's Id
-  std::function<std::shared_ptr<ISubRecord>()> createRecord;
+/// Where the user chooses the scenario of a study.
+enum class ScenarioChoice {
+  OnTab,  ///< one of the kind's tabs asks for it
+  ByHost  ///< the tabs do not, so the host has to
 };
 
-/// Makes a kind known; a second registration of a name replaces the first.
+/// One tab of a kind's editor, under the name of its class.
+struct StudyTab {
+  std::string className;
+  std::function<std::unique_ptr<Tab>()> create;
+};
+
+/// How lists tell a kind from others: some letters on a colour, 0xRRGGBB.
+struct KindBadge {
+  std::string letters;
+  std::uint32_t color = 0;
+};
+
+/// Everything that is to be known of a kind of studies.
+struct StudyKind {
+  std::string name;        ///< exact
+  std::string editorName;  ///< of the editor, as titles show it
+  std::string table;       ///< has one row for each study of the kind, by the study's Id
+  std::function<std::shared_ptr<ISubRecord>()> createRecord;
+  std::vector<StudyTab> tabs;  ///< in the order in which the editor shows them
+  ScenarioChoice scenarioChoice = ScenarioChoice::OnTab;
+  KindBadge badge;
+};
+
+/// Makes a further kind known; a second entry of a name takes the place of the first. The kinds of this
+/// library are known from the start to a program that links it whole.
 void RegisterStudyKind(StudyKind kind);
 
-/// The registered kind of exactly this name; null when there is none.
+/// The kind of exactly this name; null when there is none.
 const StudyKind* FindStudyKind(std::string_view name);
+
+/// All kinds: those of this library, then the others in the order of registration. An entry stays where it
+/// is.
+const std::deque<StudyKind>& StudyKinds();
 
 }  // namespace kiv

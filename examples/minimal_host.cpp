@@ -6,9 +6,7 @@
 #include <iostream>
 #include <memory>
 
-#include "core/study_kinds.h"
-#include "editor/study_editors.h"
-#include "hom/hom_studies.h"
+#include "editor/study_tabs.h"
 #include "host/services.h"
 #include "host/sql_rendering.h"
 #include "ui/combo_box.h"
@@ -101,11 +99,11 @@ int main() {
                          .folderChooser = nullptr,
                          .beeper = nullptr,
                          .dragSource = nullptr});
-  RegisterHomStudies();
 
   const auto study = std::make_shared<CKivStudyData>();
-  study->InitNew(std::string(kHomStudy), "HOM", study->StudyType(), study->ScenarioType(), 0);
-  const auto tabs = FindStudyEditor(kHomStudy)->createTabs();
+  const StudyKind& kind = *FindStudyKind(kHomStudy);
+  study->InitNew(kind.name, kind.editorName, study->StudyType(), study->ScenarioType(), 0);
+  const auto tabs = CreateTabs(kind);
   const auto editor = std::make_shared<Editor>();
   for (const auto& tab : tabs) {
     tab->LoadState();

@@ -18,7 +18,7 @@ constexpr const char* kForbiddenInDirectory = " *!~?+;\"'${}<>[]()^&|\\#";
 }  // namespace
 
 XKivHomCurrent::XKivHomCurrent()
-    : TabOf("XKivHomCurrent", "Current Study"),
+    : TabOf(kClassName, "Current Study"),
       chkCollectData(this, "chkCollectData"),
       fraCurrentStudy(this, "fraCurrentStudy"),
       chkStartOnFail(&fraCurrentStudy, "chkStartOnFail"),

@@ -12,6 +12,8 @@ namespace kiv {
 /// that data file is written. The record is written when the study is saved.
 class XKivHomCurrent : public TabOf<CKivHomData> {
  public:
+  static constexpr const char* kClassName = "XKivHomCurrent";
+
   XKivHomCurrent();
 
   ui::LayoutItem Layout() override;

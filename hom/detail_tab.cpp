@@ -74,7 +74,7 @@ struct XKivHomDetail::BoxField {
 };
 
 XKivHomDetail::XKivHomDetail()
-    : TabOf("XKivHomDetail", "Detail"),
+    : TabOf(kClassName, "Detail"),
       cboModeSelection(this, "cboModeSelection"),
       chkAMPS(this, "chkAMPS"),
       fraTDMA(this, "fraTDMA"),

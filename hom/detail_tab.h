@@ -16,6 +16,8 @@ namespace kiv {
 /// is saved.
 class XKivHomDetail : public TabOf<CKivHomData> {
  public:
+  static constexpr const char* kClassName = "XKivHomDetail";
+
   static constexpr std::size_t kTdmaBoxes = 4;
   static constexpr std::size_t kCdmaBoxes = 6;
 

@@ -12,7 +12,7 @@ constexpr DataFileNames kDataFiles = {kHomExtension, "h$YY$MM$DD$HH$MI", host::r
 }  // namespace
 
 XKivHomGen::XKivHomGen()
-    : GeneralTabOf("XKivHomGen", WhenEmpty::Show),
+    : GeneralTabOf(kClassName, WhenEmpty::Show),
       fdocCBScenario(this, "fdocCBScenario"),
       cmdNewScenario(this, "cmdNewScenario"),
       XDest(this, "XDest"),

@@ -13,6 +13,8 @@ namespace kiv {
 /// the study is saved.
 class XKivHomGen : public GeneralTabOf<CKivHomData> {
  public:
+  static constexpr const char* kClassName = "XKivHomGen";
+
   XKivHomGen();
 
   ui::LayoutItem Layout() override;

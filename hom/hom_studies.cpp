@@ -1,10 +1,9 @@
 #include "hom/hom_studies.h"
 
 #include <memory>
-#include <vector>
+#include <string>
 
-#include "core/study_kinds.h"
-#include "editor/study_editors.h"
+#include "editor/study_tabs.h"
 #include "hom/current_tab.h"
 #include "hom/detail_tab.h"
 #include "hom/general_tab.h"
@@ -12,15 +11,14 @@
 
 namespace kiv {
 
-void RegisterHomStudies() {
-  RegisterStudyKind({kHomStudy, CKivHomData::kTable, [] { return std::make_shared<CKivHomData>(); }});
-  RegisterStudyEditor({kHomStudy, "HOM", [] {
-                         std::vector<std::unique_ptr<Tab>> tabs;
-                         tabs.push_back(std::make_unique<XKivHomGen>());
-                         tabs.push_back(std::make_unique<XKivHomDetail>());
-                         tabs.push_back(std::make_unique<XKivHomCurrent>());
-                         return tabs;
-                       }});
+StudyKind HomStudies() {
+  return {.name = std::string(kHomStudy),
+          .editorName = "HOM",
+          .table = std::string(CKivHomData::kTable),
+          .createRecord = [] { return std::make_shared<CKivHomData>(); },
+          .tabs = {StudyTabOf<XKivHomGen>(), StudyTabOf<XKivHomDetail>(), StudyTabOf<XKivHomCurrent>()},
+          .scenarioChoice = ScenarioChoice::OnTab,
+          .badge = {"H", 0x1f6fb5}};
 }
 
 }  // namespace kiv

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "core/study_kinds.h"
+
 namespace kiv {
 
-/// Makes HOM studies known: their record and their editor with its three tabs.
-void RegisterHomStudies();
+/// The table entry of HOM studies.
+StudyKind HomStudies();
 
 }  // namespace kiv

@@ -109,7 +109,7 @@ struct XKivPlmCdma::Mode {
 };
 
 XKivPlmCdma::XKivPlmCdma()
-    : ModeTab("XKivPlmCdma", "CDMA Modes"),
+    : ModeTab(kClassName, "CDMA Modes"),
       chkMode(this, "chkMode"),
       obModeSelector(this, "obModeSelector"),
       lblModeSelector(this, "lblModeSelector"),

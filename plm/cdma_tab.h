@@ -12,6 +12,8 @@ namespace kiv {
 /// Tab of a PLM study for the CDMA modes 7 to 15, of which a study runs at most two.
 class XKivPlmCdma : public ModeTab {
  public:
+  static constexpr const char* kClassName = "XKivPlmCdma";
+
   static constexpr std::size_t kModes = 9;
 
   XKivPlmCdma();

@@ -11,7 +11,7 @@ constexpr DataFileNames kDataFiles = {".plm", "p$YY$MM$DD$HH$MI", host::remember
 }  // namespace
 
 XKivPlmGen::XKivPlmGen()
-    : GeneralTabOf("XKivPlmGen", WhenEmpty::KeepDefault),
+    : GeneralTabOf(kClassName, WhenEmpty::KeepDefault),
       fdocCBScenario(this, "fdocCBScenario"),
       cmdNewScenario(this, "cmdNewScenario"),
       XDest(this, "XDest"),

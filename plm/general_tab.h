@@ -14,6 +14,8 @@ namespace kiv {
 /// The records are written when the study is saved.
 class XKivPlmGen : public GeneralTabOf<CKivPlmData> {
  public:
+  static constexpr const char* kClassName = "XKivPlmGen";
+
   XKivPlmGen();
 
   ui::LayoutItem Layout() override;

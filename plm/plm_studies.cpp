@@ -1,10 +1,9 @@
 #include "plm/plm_studies.h"
 
 #include <memory>
-#include <vector>
+#include <string>
 
-#include "core/study_kinds.h"
-#include "editor/study_editors.h"
+#include "editor/study_tabs.h"
 #include "plm/cdma_tab.h"
 #include "plm/general_tab.h"
 #include "plm/plm_data.h"
@@ -12,15 +11,14 @@
 
 namespace kiv {
 
-void RegisterPlmStudies() {
-  RegisterStudyKind({kPlmStudy, CKivPlmData::kTable, [] { return std::make_shared<CKivPlmData>(); }});
-  RegisterStudyEditor({kPlmStudy, "PLM", [] {
-                         std::vector<std::unique_ptr<Tab>> tabs;
-                         tabs.push_back(std::make_unique<XKivPlmGen>());
-                         tabs.push_back(std::make_unique<XKivPlmCdma>());
-                         tabs.push_back(std::make_unique<XKivPlmTdma>());
-                         return tabs;
-                       }});
+StudyKind PlmStudies() {
+  return {.name = std::string(kPlmStudy),
+          .editorName = "PLM",
+          .table = std::string(CKivPlmData::kTable),
+          .createRecord = [] { return std::make_shared<CKivPlmData>(); },
+          .tabs = {StudyTabOf<XKivPlmGen>(), StudyTabOf<XKivPlmCdma>(), StudyTabOf<XKivPlmTdma>()},
+          .scenarioChoice = ScenarioChoice::OnTab,
+          .badge = {"P", 0x2e7d32}};
 }
 
 }  // namespace kiv

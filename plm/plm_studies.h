@@ -1,8 +1,10 @@
 #pragma once
 
+#include "core/study_kinds.h"
+
 namespace kiv {
 
-/// Makes PLM studies known: their record and their editor with its three tabs.
-void RegisterPlmStudies();
+/// The table entry of PLM studies.
+StudyKind PlmStudies();
 
 }  // namespace kiv

@@ -29,7 +29,7 @@ const DefaultsWording kMode5Wording = {"  'AMPS and TDMA Channels' cannot be gre
 }  // namespace
 
 XKivPlmTdma::XKivPlmTdma()
-    : ModeTab("XKivPlmTdma", "TDMA/AMPS Modes"),
+    : ModeTab(kClassName, "TDMA/AMPS Modes"),
       chkMode(this, "chkMode"),
       obModeSelector(this, "obModeSelector"),
       lblModeSelector(this, "lblModeSelector"),

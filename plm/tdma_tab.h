@@ -14,6 +14,8 @@ namespace kiv {
 /// Tab of a PLM study for the TDMA/AMPS modes 1 to 6, each with a panel of its own.
 class XKivPlmTdma : public ModeTab {
  public:
+  static constexpr const char* kClassName = "XKivPlmTdma";
+
   static constexpr std::size_t kModes = 6;
 
   XKivPlmTdma();

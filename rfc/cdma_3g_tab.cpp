@@ -16,7 +16,7 @@ constexpr const char* kRateNames[XKivRfcCDMA3G::kRates] = {"2X (19.2 K)", "4X (3
 }  // namespace
 
 XKivRfcCDMA3G::XKivRfcCDMA3G()
-    : TabOf("XKivRfcCDMA3G", "CDMA 3G"),
+    : TabOf(kClassName, "CDMA 3G"),
       lblSelect(this, "lblSelect"),
       chkRestrictForward(this, "chkRestrictForward"),
       frameForward(this, "frameForward"),

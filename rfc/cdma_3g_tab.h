@@ -15,6 +15,8 @@ namespace kiv {
 /// told for each direction. The record is written when the study is saved.
 class XKivRfcCDMA3G : public TabOf<CKivRfcData> {
  public:
+  static constexpr const char* kClassName = "XKivRfcCDMA3G";
+
   static constexpr std::size_t kRates = 5;
 
   XKivRfcCDMA3G();

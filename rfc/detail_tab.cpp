@@ -41,7 +41,7 @@ bool IsFirstOfItsText(std::size_t row, const Texts& textOf) {
 }  // namespace
 
 XKivRfcDetail::XKivRfcDetail()
-    : TabOf("XKivRfcDetail", "Detail"),
+    : TabOf(kClassName, "Detail"),
       fraDestination(this, "fraDestination"),
       txtPath(&fraDestination, "txtPath"),
       cmdBrowse(&fraDestination, "cmdBrowse"),

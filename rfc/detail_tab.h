@@ -24,6 +24,8 @@ namespace kiv {
 /// used; entries move to other rows only when the user can see it, on coming to the tab after a change.
 class XKivRfcDetail : public TabOf<CKivRfcData> {
  public:
+  static constexpr const char* kClassName = "XKivRfcDetail";
+
   static constexpr std::size_t kRows = 11;
 
   XKivRfcDetail();

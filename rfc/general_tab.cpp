@@ -61,7 +61,7 @@ std::string NotActive(const CEcp& ecp) {
 }  // namespace
 
 XKivRfcGen::XKivRfcGen()
-    : GeneralTabOf("XKivRfcGen", WhenEmpty::Show),
+    : GeneralTabOf(kClassName, WhenEmpty::Show),
       fraEntities(this, "fraEntities"),
       optEntityType(&fraEntities, "optEntityType"),
       dlvwEntity(&fraEntities, "dlvwEntity"),

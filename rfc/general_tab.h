@@ -21,6 +21,8 @@ namespace kiv {
 /// each change of the ECP takes the features of its switch into the record.
 class XKivRfcGen : public GeneralTabOf<CKivRfcData> {
  public:
+  static constexpr const char* kClassName = "XKivRfcGen";
+
   static constexpr std::size_t kEntityTypes = 2;  ///< an ECP, or cells
 
   XKivRfcGen();

@@ -1,10 +1,9 @@
 #include "rfc/rfc_studies.h"
 
 #include <memory>
-#include <vector>
+#include <string>
 
-#include "core/study_kinds.h"
-#include "editor/study_editors.h"
+#include "editor/study_tabs.h"
 #include "rfc/cdma_3g_tab.h"
 #include "rfc/detail_tab.h"
 #include "rfc/general_tab.h"
@@ -12,19 +11,14 @@
 
 namespace kiv {
 
-void RegisterRfcStudies() {
-  RegisterStudyKind({kRfcStudy, CKivRfcData::kTable, [] { return std::make_shared<CKivRfcData>(); }});
-  RegisterStudyEditor({.name = kRfcStudy,
-                       .editorName = "RF Call Trace",
-                       .createTabs =
-                           [] {
-                             std::vector<std::unique_ptr<Tab>> tabs;
-                             tabs.push_back(std::make_unique<XKivRfcGen>());
-                             tabs.push_back(std::make_unique<XKivRfcDetail>());
-                             tabs.push_back(std::make_unique<XKivRfcCDMA3G>());
-                             return tabs;
-                           },
-                       .scenarioChoice = ScenarioChoice::ByHost});
+StudyKind RfcStudies() {
+  return {.name = std::string(kRfcStudy),
+          .editorName = "RF Call Trace",
+          .table = std::string(CKivRfcData::kTable),
+          .createRecord = [] { return std::make_shared<CKivRfcData>(); },
+          .tabs = {StudyTabOf<XKivRfcGen>(), StudyTabOf<XKivRfcDetail>(), StudyTabOf<XKivRfcCDMA3G>()},
+          .scenarioChoice = ScenarioChoice::ByHost,
+          .badge = {"R", 0xb25a00}};
 }
 
 }  // namespace kiv

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "core/study_kinds.h"
+
 namespace kiv {
 
-/// Makes RF call trace studies known: their record and their editor with its three tabs.
-void RegisterRfcStudies();
+/// The table entry of RF call trace studies.
+StudyKind RfcStudies();
 
 }  // namespace kiv

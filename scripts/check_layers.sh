@@ -3,26 +3,28 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
+# The kinds of studies: one list, in CMakeLists.txt. They do not know each other.
+kinds=$(sed -n 's/^set(kiv_kinds \(.*\))$/\1/p' CMakeLists.txt)
+[ -n "$kinds" ] || { echo "CMakeLists.txt has no list of kinds." >&2; exit 1; }
+kind_rules=$(for kind in $kinds; do echo "$kind: base host ui core editor $kind"; done)
+
 # folder: the folders it may include
-rules='
+rules="
 base: base
 host: base host
 ui: base ui
 core: base host ui core
 editor: base host ui core editor
-hom: base host ui core editor hom
-plm: base host ui core editor plm
-rfc: base host ui core editor rfc
-vcsa: base host ui core editor vcsa
+$kind_rules
 database: base host database
 qt: base host ui qt
 store: base core database editor host store
 session: base core editor host session store ui
-client: base client core database editor host qt session store support ui hom plm rfc vcsa
+client: base client core database editor host qt session store support ui $kinds
 client/cli: client core database host session store
 client/texts: base client/texts core database editor host session store
 samples: base samples store
-'
+"
 
 failed=0
 while IFS=: read -r folder allowed; do
@@ -36,8 +38,20 @@ while IFS=: read -r folder allowed; do
 done <<<"$rules"
 
 # The library itself is standard C++: no toolkit, no database.
-if grep -rnE '#include <(Q|sqlite3|libpq|windows)' base host ui core editor hom plm rfc vcsa | grep -v _windows.cpp; then
+if grep -rnE '#include <(Q|sqlite3|libpq|windows)' base host ui core editor $kinds | grep -v _windows.cpp; then
   echo "The library may include standard headers only." >&2
   failed=1
 fi
+
+# Nobody is forgotten: each folder of sources has rules and is seen by the linter, each kind stands in the list.
+for folder in $(git ls-files '*/*.h' | cut -d/ -f1 | sort -u); do
+  case $folder in bench | examples | tests) continue ;; esac
+  grep -q "^$folder:" <<<"$rules" || { echo "$folder/ has no rule in scripts/check_layers.sh." >&2; failed=1; }
+  grep -q "^HeaderFilterRegex:.*[(|]$folder[|)]" .clang-tidy ||
+    { echo ".clang-tidy does not look at the headers of $folder/." >&2; failed=1; }
+done
+for header in $(git ls-files '*/*_studies.h' | grep -vE '^(tests|bench)/'); do
+  grep -qw "$(dirname "$header")" <<<"$kinds" ||
+    { echo "$header belongs to no kind that CMakeLists.txt lists." >&2; failed=1; }
+done
 exit $failed

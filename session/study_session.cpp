@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "core/numeric_text.h"
-#include "editor/study_editors.h"
+#include "editor/study_tabs.h"
 #include "host/editor_context.h"
 #include "session/scenario_strip.h"
 
@@ -47,11 +47,11 @@ class StudySession::Context : public host::EditorContext {
 
 StudySession::StudySession(store::StudyStore& store, store::Study study)
     : store_(store), study_(std::move(study)), context_(std::make_shared<Context>(*this)) {
-  const StudyEditor* editor = FindStudyEditor(Kind());
-  if (!editor) throw store::UnknownKind(Kind());
+  const StudyKind* kind = FindStudyKind(Kind());
+  if (!kind) throw store::UnknownKind(Kind());
   if (IsNew() && study_.name.empty()) study_.name = "New " + Kind();
-  if (editor->scenarioChoice == ScenarioChoice::ByHost) header_ = std::make_unique<ScenarioStrip>();
-  tabs_ = editor->createTabs();
+  if (kind->scenarioChoice == ScenarioChoice::ByHost) header_ = std::make_unique<ScenarioStrip>();
+  tabs_ = CreateTabs(*kind);
   for (Tab* tab : HeaderAndTabs()) tab->LoadState();
   LoadTabs();
 }

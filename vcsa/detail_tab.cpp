@@ -43,7 +43,7 @@ void Show(EntityListView& list, const EntityCollection& cells,
 }  // namespace
 
 XKivVcsDetail::XKivVcsDetail()
-    : TabOf("XKivVcsDetail", "Detail"),
+    : TabOf(kClassName, "Detail"),
       fraEvents(this, "fraEvents"),
       cboEvent(&fraEvents, "cboEvent"),
       chkEvent(&fraEvents, "chkEvent"),

@@ -19,6 +19,8 @@ namespace kiv {
 /// record at once; the other values are written when the study is saved.
 class XKivVcsDetail : public TabOf<CKivVcsData> {
  public:
+  static constexpr const char* kClassName = "XKivVcsDetail";
+
   XKivVcsDetail();
 
   ui::LayoutItem Layout() override;

@@ -43,7 +43,7 @@ CheckList AtLeastOneCell(XDDListView& list) {
 }  // namespace
 
 XKivVcsGen::XKivVcsGen()
-    : GeneralTabOf("XKivVcsGen", WhenEmpty::Show),
+    : GeneralTabOf(kClassName, WhenEmpty::Show),
       fraCells(this, "fraCells"),
       dlvwCell(&fraCells, "dlvwCell"),
       XDest(this, "XDest"),

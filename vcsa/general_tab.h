@@ -12,6 +12,8 @@ namespace kiv {
 /// drop changes the cells of the record at once; the other values are written when the study is saved.
 class XKivVcsGen : public GeneralTabOf<CKivVcsData> {
  public:
+  static constexpr const char* kClassName = "XKivVcsGen";
+
   XKivVcsGen();
 
   ui::LayoutItem Layout() override;

@@ -1,28 +1,23 @@
 #include "vcsa/vcsa_studies.h"
 
 #include <memory>
-#include <vector>
+#include <string>
 
-#include "core/study_kinds.h"
-#include "editor/study_editors.h"
+#include "editor/study_tabs.h"
 #include "vcsa/detail_tab.h"
 #include "vcsa/general_tab.h"
 #include "vcsa/vcs_data.h"
 
 namespace kiv {
 
-void RegisterVcsaStudies() {
-  RegisterStudyKind({kVcsStudy, CKivVcsData::kTable, [] { return std::make_shared<CKivVcsData>(); }});
-  RegisterStudyEditor({.name = kVcsStudy,
-                       .editorName = "VCSA",
-                       .createTabs =
-                           [] {
-                             std::vector<std::unique_ptr<Tab>> tabs;
-                             tabs.push_back(std::make_unique<XKivVcsGen>());
-                             tabs.push_back(std::make_unique<XKivVcsDetail>());
-                             return tabs;
-                           },
-                       .scenarioChoice = ScenarioChoice::ByHost});
+StudyKind VcsaStudies() {
+  return {.name = std::string(kVcsStudy),
+          .editorName = "VCSA",
+          .table = std::string(CKivVcsData::kTable),
+          .createRecord = [] { return std::make_shared<CKivVcsData>(); },
+          .tabs = {StudyTabOf<XKivVcsGen>(), StudyTabOf<XKivVcsDetail>()},
+          .scenarioChoice = ScenarioChoice::ByHost,
+          .badge = {"V", 0x7b3f98}};
 }
 
 }  // namespace kiv

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "core/study_kinds.h"
+
 namespace kiv {
 
-/// Makes VCSA studies known: their record and their editor with its two tabs.
-void RegisterVcsaStudies();
+/// The table entry of VCSA studies.
+StudyKind VcsaStudies();
 
 }  // namespace kiv

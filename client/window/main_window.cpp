@@ -27,7 +27,6 @@
 #include "client/window/study_list.h"
 #include "core/study_kinds.h"
 #include "database/open_error.h"
-#include "editor/study_editors.h"
 #include "session/study_session.h"
 
 namespace kiv::client {
@@ -108,8 +107,8 @@ void MainWindow::AddMenus() {
 
   QMenu& study = *menuBar()->addMenu(QStringLiteral("&Study"));
   study.setToolTipsVisible(true);
-  for (const StudyEditor& editor : StudyEditors()) {
-    const std::string kind(editor.name);
+  for (const StudyKind& known : StudyKinds()) {
+    const std::string kind = known.name;
     const bool first = databaseActions_.empty();
     QAction* action =
         AddAction(study, NewCaption(kind), first ? QKeySequence(QKeySequence::New) : QKeySequence(),
@@ -276,8 +275,8 @@ void MainWindow::ShowEmptyPage() {
           "The studies are kept in %1.")
           .arg(databaseLabel_->text());
   std::vector<StartPage::Choice> choices;
-  for (const StudyEditor& editor : StudyEditors()) {
-    const std::string kind(editor.name);
+  for (const StudyKind& known : StudyKinds()) {
+    const std::string kind = known.name;
     choices.push_back({NewCaption(kind), [this, kind] { Guarded([&] { NewStudy(kind); }); }});
   }
   startPage_->Show(QStringLiteral("No studies yet"), text, choices);

@@ -6,7 +6,7 @@
 
 #include "core/numeric_text.h"
 #include "core/stored_reader.h"
-#include "editor/study_editors.h"
+#include "core/study_kinds.h"
 #include "store/exchange/json.h"
 #include "store/exchange/json_text.h"
 #include "store/store_error.h"
@@ -25,8 +25,8 @@ constexpr const char* kStudiesKey = "studies";
 
 std::string KindNames() {
   std::string names;
-  for (const StudyEditor& editor : StudyEditors()) {
-    names.append(names.empty() ? "" : ", ").append("\"").append(editor.name).append("\"");
+  for (const StudyKind& kind : StudyKinds()) {
+    names.append(names.empty() ? "" : ", ").append("\"").append(kind.name).append("\"");
   }
   return names;
 }
@@ -85,7 +85,7 @@ class StudyReading {
 
   static bool ReadKind(StoredReader& reader, Study& study) {
     const std::string kind = reader.Text(key::kKind);
-    if (FindStudyEditor(kind)) {
+    if (FindStudyKind(kind)) {
       study = NewStudy(kind);
       return true;
     }

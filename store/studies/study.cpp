@@ -1,6 +1,6 @@
 #include "store/studies/study.h"
 
-#include "editor/study_editors.h"
+#include "core/study_kinds.h"
 #include "store/store_error.h"
 
 namespace kiv::store {
@@ -13,9 +13,9 @@ std::string MissingDataText(std::int32_t id) {
 }
 
 std::string EditorNameOf(const std::string& kind) {
-  const StudyEditor* editor = FindStudyEditor(kind);
-  if (!editor) throw UnknownKind(kind);
-  return std::string(editor->editorName);
+  const StudyKind* known = FindStudyKind(kind);
+  if (!known) throw UnknownKind(kind);
+  return known->editorName;
 }
 
 Study NewStudy(const std::string& kind) {

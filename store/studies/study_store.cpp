@@ -10,7 +10,6 @@
 #include "core/study_kinds.h"
 #include "database/statement_error.h"
 #include "database/transaction.h"
-#include "editor/study_editors.h"
 #include "store/local_time.h"
 #include "store/utc_time.h"
 
@@ -164,7 +163,7 @@ Study StudyStore::LoadOnce(std::int32_t id) const {
   Study study;
   try {
     study = SharedPart(id, *row);
-    if (!FindStudyEditor(study.record->AppName())) return study;
+    if (!FindStudyKind(study.record->AppName())) return study;
     LoadKindData(study);
   } catch (const StoreError& error) {
     throw StoreError(NotOpened(id, name) + error.what());
@@ -266,10 +265,10 @@ StudyStore::WrittenRow StudyStore::WriteStudyRow(const Study& study, const SaveN
     record.SetID(ToInt32(row->Field("id")));
     return {ToInt32(row->Field("revision")), false};
   }
-  const auto row = MSQL::OpenQuery(
-      sql::UpdateStatement(*connection_, kStudyTable, values, record.ID()) +
-      " AND revision = " + std::to_string(study.revision) + " RETURNING revision, (SELECT count(*) FROM " +
-      std::string(FindStudyKind(record.AppName())->table) + " k WHERE k.Id = kiv_study.id)");
+  const auto row = MSQL::OpenQuery(sql::UpdateStatement(*connection_, kStudyTable, values, record.ID()) +
+                                   " AND revision = " + std::to_string(study.revision) +
+                                   " RETURNING revision, (SELECT count(*) FROM " +
+                                   FindStudyKind(record.AppName())->table + " k WHERE k.Id = kiv_study.id)");
   if (row->EndOfFile()) throw ConflictOver(record.ID());
   return {ToInt32(row->FieldAt(0)), ToInt32(row->FieldAt(1)) > 0};
 }

@@ -3,17 +3,20 @@
 #include <gtest/gtest.h>
 
 #include "core/study_kinds.h"
+#include "editor/study_tabs.h"
 #include "support/fake_host.h"
 
 namespace kiv {
 namespace {
 
-/// A sub-record that writes down what it is asked to do.
+constexpr const char* kNotedStudy = "Noted Study";
+
+/// A sub-record of a kind of the host's own that writes down what it is asked to do.
 class NotedRecord : public ISubRecord {
  public:
   static inline std::vector<std::string> notes;
 
-  std::string_view KindName() const override { return kVcsStudy; }
+  std::string_view KindName() const override { return kNotedStudy; }
   std::int32_t ID() const override { return id_; }
   void SetID(std::int32_t id) override { id_ = id; }
   bool IsNew() const override { return false; }
@@ -35,7 +38,12 @@ class StudyRecord : public ::testing::Test {
  protected:
   StudyRecord() {
     NotedRecord::notes.clear();
-    RegisterStudyKind({kVcsStudy, "", [] { return std::make_shared<NotedRecord>(); }});
+    RegisterStudyKind({.name = kNotedStudy,
+                       .editorName = "Noted",
+                       .table = {},
+                       .createRecord = [] { return std::make_shared<NotedRecord>(); },
+                       .tabs = {},
+                       .badge = {}});
   }
 
   std::shared_ptr<host::DocumentType> studyType_ = std::make_shared<host::DocumentType>();
@@ -56,7 +64,7 @@ TEST_F(StudyRecord, StartsWithNothingGiven) {
 }
 
 TEST_F(StudyRecord, NewStudyIsInsertedUnderTheIdItHasThen) {
-  study_.InitNew("VCSA Study", "VCSA", studyType_, scenarioType_, 0);
+  study_.InitNew(kNotedStudy, "Noted", studyType_, scenarioType_, 0);
   EXPECT_TRUE(study_.IsNew());
   EXPECT_EQ(study_.StudyType(), studyType_);
   EXPECT_EQ(study_.ScenarioType(), scenarioType_);
@@ -69,7 +77,7 @@ TEST_F(StudyRecord, NewStudyIsInsertedUnderTheIdItHasThen) {
 }
 
 TEST_F(StudyRecord, StoredStudyIsLoadedAndUpdated) {
-  study_.InitEdit("VCSA Study", "VCSA", studyType_, scenarioType_, 5, Variant("7"), Variant(30), Variant(-1),
+  study_.InitEdit(kNotedStudy, "Noted", studyType_, scenarioType_, 5, Variant("7"), Variant(30), Variant(-1),
                   Variant(2.0));
   EXPECT_FALSE(study_.IsNew());
   EXPECT_EQ(study_.ScenarioID(), 7);
@@ -81,7 +89,7 @@ TEST_F(StudyRecord, StoredStudyIsLoadedAndUpdated) {
 
 TEST_F(StudyRecord, AnAttributeThatIsNoNumberReachesTheCaller) {
   const auto edit = [this](const Variant& duration) {
-    study_.InitEdit("VCSA Study", "VCSA", studyType_, scenarioType_, 5, Variant(1), duration, Variant(1),
+    study_.InitEdit(kNotedStudy, "Noted", studyType_, scenarioType_, 5, Variant(1), duration, Variant(1),
                     Variant(1));
   };
   EXPECT_THROW(edit(Variant()), Error);
@@ -90,7 +98,7 @@ TEST_F(StudyRecord, AnAttributeThatIsNoNumberReachesTheCaller) {
 }
 
 TEST_F(StudyRecord, KindNamesAreExact) {
-  study_.InitEdit("vcsa study", "", studyType_, scenarioType_, 5, Variant(1), Variant(1), Variant(1),
+  study_.InitEdit("noted study", "", studyType_, scenarioType_, 5, Variant(1), Variant(1), Variant(1),
                   Variant(1));
   EXPECT_EQ(study_.SubRecord(), nullptr);
   EXPECT_FALSE(study_.IsNew());
@@ -99,11 +107,24 @@ TEST_F(StudyRecord, KindNamesAreExact) {
 }
 
 TEST_F(StudyRecord, SavingWithoutTheKindsRecordIsAnError) {
-  study_.InitNew("VCSA Study", "VCSA", studyType_, scenarioType_, 0);
+  study_.InitNew(kNotedStudy, "Noted", studyType_, scenarioType_, 0);
   study_.SetAppName("HOM Study");
   EXPECT_THROW(study_.SaveSubTableData(), Error);
-  // A host that forgot to register a kind hears of it before a user's input can get lost.
-  EXPECT_THROW(study_.InitNew("RF Call Trace Study", "RFC", studyType_, scenarioType_, 0), Error);
+}
+
+TEST_F(StudyRecord, KindsAreKnownWithoutACallAndTheHostsOwnComeAfterThem) {
+  const test::FakeHost host;
+  std::vector<std::string> names;
+  for (const StudyKind& kind : StudyKinds()) {
+    names.push_back(kind.name);
+    const auto record = kind.createRecord();
+    EXPECT_EQ(record->KindName(), kind.name);
+    const std::vector<std::unique_ptr<Tab>> tabs = CreateTabs(kind);
+    EXPECT_EQ(tabs.empty(), kind.name == kNotedStudy);
+    for (std::size_t i = 0; i < tabs.size(); ++i) EXPECT_EQ(tabs[i]->Name(), kind.tabs[i].className);
+  }
+  EXPECT_EQ(names, (std::vector<std::string>{"HOM Study", "PLM Study", "RF Call Trace Study", "VCSA Study",
+                                             kNotedStudy}));
 }
 
 }  // namespace

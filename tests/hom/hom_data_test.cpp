@@ -4,7 +4,6 @@
 
 #include "core/study_data.h"
 #include "core/study_kinds.h"
-#include "hom/hom_studies.h"
 #include "support/fake_host.h"
 
 namespace kiv {
@@ -108,7 +107,6 @@ TEST_F(HomRecord, WritesReportTheirFailure) {
 }
 
 TEST_F(HomRecord, BelongsToAHomStudyOnly) {
-  RegisterHomStudies();
   CKivStudyData study;
   study.InitNew(std::string(kHomStudy), "HOM", study.StudyType(), study.ScenarioType(), 3);
   ASSERT_NE(study.HomData(), nullptr);

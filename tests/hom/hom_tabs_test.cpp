@@ -4,7 +4,6 @@
 #include "hom/current_tab.h"
 #include "hom/detail_tab.h"
 #include "hom/general_tab.h"
-#include "hom/hom_studies.h"
 #include "support/tab_test.h"
 #include "support/temp_folder.h"
 
@@ -14,7 +13,7 @@ namespace {
 template <class TabType>
 class HomTab : public test::TabTest<TabType> {
  protected:
-  HomTab() : test::TabTest<TabType>(kHomStudy, "HOM", RegisterHomStudies) {}
+  HomTab() : test::TabTest<TabType>(kHomStudy) {}
 
   CKivHomData& Data() { return *this->study_->HomData(); }
 };

@@ -2,7 +2,6 @@
 
 #include "core/study_kinds.h"
 #include "plm/mode_names.h"
-#include "plm/plm_studies.h"
 #include "support/tab_test.h"
 
 namespace kiv {
@@ -10,7 +9,7 @@ namespace {
 
 class PlmCdma : public test::TabTest<XKivPlmCdma> {
  protected:
-  PlmCdma() : TabTest(kPlmStudy, "PLM", RegisterPlmStudies) {}
+  PlmCdma() : TabTest(kPlmStudy) {}
 
   CKivPlmData& Data() { return *study_->PlmData(); }
   CKivPlmMode& Mode(std::size_t index) { return *Data().ReturnMode(MKivStudyCtls::ModeName(7 + int(index))); }

@@ -1,7 +1,6 @@
 #include "plm/general_tab.h"
 
 #include "core/study_kinds.h"
-#include "plm/plm_studies.h"
 #include "support/tab_test.h"
 #include "support/temp_folder.h"
 
@@ -10,7 +9,7 @@ namespace {
 
 class PlmGeneral : public test::TabTest<XKivPlmGen> {
  protected:
-  PlmGeneral() : TabTest(kPlmStudy, "PLM", RegisterPlmStudies) {}
+  PlmGeneral() : TabTest(kPlmStudy) {}
 };
 
 TEST_F(PlmGeneral, NewStudyShowsDefaultsUnlessSomethingElseIsRemembered) {

@@ -2,7 +2,6 @@
 
 #include "core/study_kinds.h"
 #include "plm/mode_names.h"
-#include "plm/plm_studies.h"
 #include "support/tab_test.h"
 
 namespace kiv {
@@ -23,7 +22,7 @@ std::string Stored(const CKivPlmMode& mode) {
 
 class PlmTdma : public test::TabTest<XKivPlmTdma> {
  protected:
-  PlmTdma() : TabTest(kPlmStudy, "PLM", RegisterPlmStudies) {}
+  PlmTdma() : TabTest(kPlmStudy) {}
 
   CKivPlmData& Data() { return *study_->PlmData(); }
   CKivPlmMode& Mode(std::int32_t number) { return *Data().ReturnMode(MKivStudyCtls::ModeName(number)); }

@@ -1,7 +1,6 @@
 #include "rfc/cdma_3g_tab.h"
 
 #include "core/study_kinds.h"
-#include "rfc/rfc_studies.h"
 #include "support/tab_test.h"
 
 namespace kiv {
@@ -9,7 +8,7 @@ namespace {
 
 class RfcCdma3G : public test::TabTest<XKivRfcCDMA3G> {
  protected:
-  RfcCdma3G() : TabTest(kRfcStudy, "RF Call Trace", RegisterRfcStudies) {}
+  RfcCdma3G() : TabTest(kRfcStudy) {}
 
   /// What a save stores, such as "3 0".
   std::string Saved() {

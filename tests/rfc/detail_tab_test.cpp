@@ -1,7 +1,6 @@
 #include "rfc/detail_tab.h"
 
 #include "core/study_kinds.h"
-#include "rfc/rfc_studies.h"
 #include "support/tab_test.h"
 #include "support/temp_folder.h"
 
@@ -10,7 +9,7 @@ namespace {
 
 class RfcDetail : public test::TabTest<XKivRfcDetail> {
  protected:
-  RfcDetail() : TabTest(kRfcStudy, "RF Call Trace", RegisterRfcStudies) {
+  RfcDetail() : TabTest(kRfcStudy) {
     host_.database->answers["SELECT * FROM KIV_FAF WHERE InstanceId = 5"] = Features("Y");
     host_.database->answers["SELECT * FROM KIV_FAF WHERE InstanceId = 6"] = Features("N");
   }

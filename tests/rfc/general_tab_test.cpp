@@ -1,7 +1,6 @@
 #include "rfc/general_tab.h"
 
 #include "core/study_kinds.h"
-#include "rfc/rfc_studies.h"
 #include "support/tab_test.h"
 
 namespace kiv {
@@ -20,7 +19,7 @@ const std::string kNotActive =
 /// A network of three ECPs: 2 with the feature, 3 without it, 4 with nothing on record.
 class RfcGeneral : public test::TabTest<XKivRfcGen> {
  protected:
-  RfcGeneral() : TabTest(kRfcStudy, "RF Call Trace", RegisterRfcStudies) {
+  RfcGeneral() : TabTest(kRfcStudy) {
     const std::vector<std::string> columns = {"InstanceId", "OmpHostName", "F121", "F161", "F276", "F297",
                                               "F368",       "F430",        "F465", "F545", "F559"};
     auto& answers = host_.database->answers;

@@ -4,7 +4,6 @@
 
 #include "core/study_data.h"
 #include "core/study_kinds.h"
-#include "rfc/rfc_studies.h"
 #include "support/fake_host.h"
 
 namespace kiv {

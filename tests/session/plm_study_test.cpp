@@ -7,7 +7,6 @@
 #include "plm/cdma_tab.h"
 #include "plm/general_tab.h"
 #include "plm/mode_names.h"
-#include "plm/plm_studies.h"
 #include "plm/tdma_tab.h"
 #include "session/study_session.h"
 #include "store/studies/study_store.h"
@@ -132,7 +131,6 @@ std::vector<Setting> Settings() {
 class PlmStudies : public ::testing::TestWithParam<test::Engine> {
  protected:
   PlmStudies() {
-    RegisterPlmStudies();
     database::UpgradeSchema(*connection_);
     host::Services services = host::InstalledServices();
     services.openDatabase = [this] { return connection_; };

@@ -7,7 +7,6 @@
 #include "rfc/cdma_3g_tab.h"
 #include "rfc/detail_tab.h"
 #include "rfc/general_tab.h"
-#include "rfc/rfc_studies.h"
 #include "session/scenario_strip.h"
 #include "session/study_session.h"
 #include "store/studies/study_store.h"
@@ -45,7 +44,6 @@ const std::vector<host::DraggedNode> kCells = {{"Cell:238", 1, 2, 38, 238}, {"Ce
 class RfcStudies : public ::testing::TestWithParam<test::Engine> {
  protected:
   RfcStudies() {
-    RegisterRfcStudies();
     database::UpgradeSchema(*connection_);
     for (const char* row : {"(101, 'omp', 'Y', 'N')", "(102, 'omp', 'Y', 'Y')"}) {
       connection_->ExecuteSql(

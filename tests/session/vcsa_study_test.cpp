@@ -15,7 +15,6 @@
 #include "support/temp_folder.h"
 #include "vcsa/detail_tab.h"
 #include "vcsa/general_tab.h"
-#include "vcsa/vcsa_studies.h"
 
 namespace kiv::client {
 namespace {
@@ -27,7 +26,6 @@ const std::vector<host::DraggedNode> kNamesakes = {{"Cell:1007", 1, 1, 6, 1007},
 class VcsaStudies : public ::testing::TestWithParam<test::Engine> {
  protected:
   VcsaStudies() {
-    RegisterVcsaStudies();
     MSQL::ReleaseDatabase();
     host::Services services = host::InstalledServices();
     services.openDatabase = [connection = connection_] { return connection; };

@@ -33,7 +33,6 @@ constexpr int kNewVariant = 2;
 class Crash : public ::testing::TestWithParam<std::tuple<test::Engine, std::string>> {
  protected:
   Crash() {
-    test::RegisterRichStudies();
     test::TestStore store(Open());
     store::Study study = store->New(std::get<std::string>(GetParam()));
     test::Fill(study, kNewVariant);
@@ -121,7 +120,7 @@ std::string NameOf(const ::testing::TestParamInfo<Crash::ParamType>& parameter) 
 
 INSTANTIATE_TEST_SUITE_P(Kinds, Crash,
                          ::testing::Combine(::testing::ValuesIn(test::Engines()),
-                                            ::testing::ValuesIn(test::RegisterRichStudies())),
+                                            ::testing::ValuesIn(test::RichKinds())),
                          NameOf);
 
 /// No file of this process grows beyond a size while this lives.

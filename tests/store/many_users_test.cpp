@@ -40,7 +40,7 @@ struct Seen {
 
 class ManyUsers : public ::testing::TestWithParam<test::Engine> {
  protected:
-  ManyUsers() : kinds_(test::RegisterRichStudies()) {
+  ManyUsers() : kinds_(test::RichKinds()) {
     test::TestStore store(Open());
     for (std::int32_t number = 0; number < kStudies; ++number) {
       store::Study study = store->New(kinds_[static_cast<std::size_t>(number) % kinds_.size()]);

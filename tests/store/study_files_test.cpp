@@ -63,7 +63,7 @@ std::string NameOf(const ::testing::TestParamInfo<RoundTrip::ParamType>& paramet
 
 INSTANTIATE_TEST_SUITE_P(Kinds, RoundTrip,
                          ::testing::Combine(::testing::ValuesIn(test::Engines()),
-                                            ::testing::ValuesIn(test::RegisterRichStudies())),
+                                            ::testing::ValuesIn(test::RichKinds())),
                          NameOf);
 
 /// The text of one exported study of each kind, which is spoilt.
@@ -71,7 +71,7 @@ class HostileFile : public ::testing::Test {
  protected:
   HostileFile() {
     std::vector<store::NamedStudy> studies;
-    for (const std::string& kind : test::RegisterRichStudies()) {
+    for (const std::string& kind : test::RichKinds()) {
       store::Study study = store::NewStudy(kind);
       test::Fill(study, 1);
       studies.push_back({study, "Downtown"});

@@ -19,8 +19,6 @@ namespace {
 
 class History : public ::testing::TestWithParam<std::tuple<test::Engine, std::string>> {
  protected:
-  History() { test::RegisterRichStudies(); }
-
   /// Stores the study with other content; returns that content as it is read again.
   std::string Save(store::Study& study, int variant, const std::string& user) {
     test::Fill(study, variant);
@@ -135,7 +133,7 @@ std::string NameOf(const ::testing::TestParamInfo<History::ParamType>& parameter
 
 INSTANTIATE_TEST_SUITE_P(Kinds, History,
                          ::testing::Combine(::testing::ValuesIn(test::Engines()),
-                                            ::testing::ValuesIn(test::RegisterRichStudies())),
+                                            ::testing::ValuesIn(test::RichKinds())),
                          NameOf);
 
 TEST(StudyDifference, IsToldFieldByFieldAndEntryByEntry) {

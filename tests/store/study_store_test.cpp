@@ -8,7 +8,6 @@
 #include "database/schema.h"
 #include "hom/detail_tab.h"
 #include "hom/general_tab.h"
-#include "hom/hom_studies.h"
 #include "session/study_session.h"
 #include "support/engine.h"
 #include "support/fake_host.h"
@@ -23,7 +22,6 @@ enum class Layout { Earlier, Newest };
 class Store : public ::testing::TestWithParam<std::tuple<test::Engine, Layout>> {
  protected:
   Store() {
-    RegisterHomStudies();
     if (std::get<Layout>(GetParam()) == Layout::Earlier) {
       database::UpgradeSchema(*connection_, 1);
     } else {

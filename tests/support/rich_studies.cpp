@@ -6,14 +6,10 @@
 #include "core/conversions.h"
 #include "core/study_kinds.h"
 #include "hom/hom_data.h"
-#include "hom/hom_studies.h"
 #include "plm/mode_names.h"
 #include "plm/plm_data.h"
-#include "plm/plm_studies.h"
 #include "rfc/rfc_data.h"
-#include "rfc/rfc_studies.h"
 #include "vcsa/vcs_data.h"
-#include "vcsa/vcsa_studies.h"
 
 namespace kiv::test {
 
@@ -88,11 +84,7 @@ void Append(std::string& text, const std::vector<NamedValue>& fields, const std:
 
 }  // namespace
 
-std::vector<std::string> RegisterRichStudies() {
-  RegisterHomStudies();
-  RegisterPlmStudies();
-  RegisterRfcStudies();
-  RegisterVcsaStudies();
+std::vector<std::string> RichKinds() {
   return {std::string(kHomStudy), std::string(kPlmStudy), std::string(kRfcStudy), std::string(kVcsStudy)};
 }
 

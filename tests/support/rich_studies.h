@@ -8,7 +8,7 @@
 namespace kiv::test {
 
 /// Makes the study kinds known and names them; each can be filled.
-std::vector<std::string> RegisterRichStudies();
+std::vector<std::string> RichKinds();
 
 /// Gives a study content with long lists. Two variants differ in every field and in the length of each list.
 void Fill(store::Study& study, int variant);

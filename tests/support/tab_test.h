@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/study_data.h"
+#include "core/study_kinds.h"
 #include "support/fake_host.h"
 
 namespace kiv::test {
@@ -14,9 +15,9 @@ namespace kiv::test {
 template <class TabType>
 class TabTest : public ::testing::Test {
  protected:
-  TabTest(std::string_view kind, const char* editorName, void (*registerKind)()) {
-    registerKind();
-    study_->InitNew(std::string(kind), editorName, study_->StudyType(), study_->ScenarioType(), 0);
+  explicit TabTest(std::string_view kind) {
+    study_->InitNew(std::string(kind), FindStudyKind(kind)->editorName, study_->StudyType(),
+                    study_->ScenarioType(), 0);
   }
 
   void LoadNew() {

@@ -5,7 +5,6 @@
 #include "core/study_data.h"
 #include "core/study_kinds.h"
 #include "support/fake_host.h"
-#include "vcsa/vcsa_studies.h"
 
 namespace kiv {
 namespace {

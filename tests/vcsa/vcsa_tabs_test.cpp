@@ -5,7 +5,6 @@
 #include "support/temp_folder.h"
 #include "vcsa/detail_tab.h"
 #include "vcsa/general_tab.h"
-#include "vcsa/vcsa_studies.h"
 
 namespace kiv {
 namespace {
@@ -35,7 +34,6 @@ void FillNetwork(test::FakeDatabase& database) {
 class VcsaTabs : public ::testing::Test {
  protected:
   VcsaTabs() {
-    RegisterVcsaStudies();
     FillNetwork(*host_.database);
     study_->InitNew(std::string(kVcsStudy), "VCSA", study_->StudyType(), study_->ScenarioType(), 0);
   }

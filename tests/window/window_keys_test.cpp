@@ -10,7 +10,7 @@
 #include <map>
 
 #include "client/window/editor_view.h"
-#include "editor/study_editors.h"
+#include "core/study_kinds.h"
 #include "plm/cdma_tab.h"
 #include "qt/page_view.h"
 #include "support/window_fixture.h"
@@ -99,8 +99,8 @@ TEST_F(Window, EveryMnemonicOfAPageIsUnique) {
     Mnemonics letters;
     for (const auto* action : menu->menu()->actions()) letters.Take(action->text());
   }
-  for (const StudyEditor& kind : StudyEditors()) {
-    const EditorView* editor = window_->NewStudy(std::string(kind.name));
+  for (const StudyKind& kind : StudyKinds()) {
+    const EditorView* editor = window_->NewStudy(kind.name);
     auto& tabs = *editor->findChild<QTabWidget*>("tabs");
     for (int page = 0; page < tabs.count(); ++page) {
       tabs.setCurrentIndex(page);
