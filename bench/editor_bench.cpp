@@ -33,7 +33,7 @@ store::Study StoreStudy(store::StudyStore& store, const std::string& kind, const
                         const std::string& file) {
   store::Study study = store.New(kind);
   study.name = "Downtown";
-  study.record->SetScenarioID(store.Scenarios().front().id);
+  study.record->SetScenarioID(store.Scenarios().List().front().id);
   study.record->SetDuration(30);
   study.record->SetRetrieveDelay(1);
   if (const auto hom = study.record->SubRecordAs<CKivHomData>()) {
@@ -74,7 +74,7 @@ int Measure(int argc, char** argv) {
   client::Program program;
   client::StartWithWindow(program);
   program.OpenDatabase(folder.filePath("bench.db").toStdString(), client::Program::WhenMissing::Create);
-  program.Store().AddScenario("Downtown");
+  program.Store().Scenarios().Add("Downtown");
   struct Kind {
     const char* name;
     QString file;

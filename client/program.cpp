@@ -3,11 +3,10 @@
 #include <pwd.h>
 #include <unistd.h>
 
-#include <QDir>
-#include <QStandardPaths>
 #include <ctime>
 #include <utility>
 
+#include "client/user_folders.h"
 #include "core/msql.h"
 #include "database/open.h"
 #include "database/schema.h"
@@ -51,12 +50,12 @@ class Program::Scenarios : public host::DocumentLibrary {
     return std::make_shared<host::DocumentType>();
   }
   std::vector<host::Document> Documents(const host::DocumentType&) const override {
-    return program_.Store().Scenarios();
+    return program_.Store().Scenarios().List();
   }
   std::optional<host::Document> AskForNewDocument(const host::DocumentType&) override {
     const auto name = askForName_ ? askForName_() : std::nullopt;
     if (!name) return std::nullopt;
-    const host::Document scenario{program_.Store().AddScenario(*name), *name};
+    const host::Document scenario{program_.Store().Scenarios().Add(*name), *name};
     DocumentsChanged.Raise();
     return scenario;
   }
@@ -129,8 +128,8 @@ std::string Program::UserName() const {
 }
 
 std::string Program::DefaultDatabasePath() {
-  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-  return QDir(folder).filePath(QStringLiteral("kivstudy/studies.db")).toStdString();
+  const std::u8string path = (UserDataFolder() / "kivstudy" / "studies.db").u8string();
+  return {path.begin(), path.end()};
 }
 
 }  // namespace kiv::client

@@ -1,44 +1,33 @@
 #include "client/user_settings.h"
 
-#include <QString>
+#include "client/user_folders.h"
 
 namespace kiv::client {
 
 namespace {
 
+constexpr const char* kGeneralGroup = "General Settings";
 constexpr const char* kApplicationTitle = "Application Title";
-
-QString GeneralKey(const std::string& name) {
-  return QString::fromStdString("General Settings/" + name);
-}
-
-QString RememberedKey(const std::string& root, const std::string& name) {
-  return QString::fromStdString(root + "/" + name);
-}
 
 }  // namespace
 
-UserSettings::UserSettings()
-    : file_(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("kivstudy"),
-            QStringLiteral("kivstudy")) {}
+UserSettings::UserSettings() : file_(UserConfigFolder() / "kivstudy" / "kivstudy.ini") {}
 
 std::optional<std::string> UserSettings::Remembered(const std::string& root, const std::string& name) const {
-  const QVariant value = file_.value(RememberedKey(root, name));
-  if (!value.isValid()) return std::nullopt;
-  return value.toString().toStdString();
+  return file_.Value(root, name);
 }
 
 void UserSettings::Remember(const std::string& root, const std::string& name, const std::string& value) {
-  file_.setValue(RememberedKey(root, name), QString::fromStdString(value));
+  if (Remembered(root, name) != value) file_.Set(root, name, value);
 }
 
 std::string UserSettings::General(const std::string& name) const {
-  return file_.value(GeneralKey(name)).toString().toStdString();
+  return file_.Value(kGeneralGroup, name).value_or("");
 }
 
 void UserSettings::SetGeneral(const std::string& name, const std::string& value) {
   if (General(name) == value) return;
-  file_.setValue(GeneralKey(name), QString::fromStdString(value));
+  file_.Set(kGeneralGroup, name, value);
   appGeneralState_StateChange.Raise();
 }
 

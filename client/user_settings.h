@@ -1,15 +1,15 @@
 #pragma once
 
-#include <QSettings>
-#include <memory>
+#include <filesystem>
 #include <optional>
 #include <string>
 
+#include "client/ini_file.h"
 #include "host/settings.h"
 
 namespace kiv::client {
 
-/// The user's settings, in the file that the platform keeps for this program.
+/// The user's settings, in a file of this program.
 class UserSettings : public host::Settings {
  public:
   static constexpr const char* kDefaultApplicationTitle = "KIV Studies";
@@ -26,11 +26,10 @@ class UserSettings : public host::Settings {
   std::string ApplicationTitle() const;
   void SetApplicationTitle(const std::string& title);
 
-  /// Where windows keep their sizes.
-  QSettings& File() { return file_; }
+  const std::filesystem::path& FilePath() const { return file_.Path(); }
 
  private:
-  QSettings file_;
+  IniFile file_;
 };
 
 }  // namespace kiv::client

@@ -8,7 +8,7 @@ kinds=$(sed -n 's/^set(kiv_kinds \(.*\))$/\1/p' CMakeLists.txt)
 [ -n "$kinds" ] || { echo "CMakeLists.txt has no list of kinds." >&2; exit 1; }
 kind_rules=$(for kind in $kinds; do echo "$kind: base host ui core editor $kind"; done)
 
-# folder: the folders it may include
+# folder: the folders it may include; folder/. is only what stands right in it
 rules="
 base: base
 host: base host
@@ -18,20 +18,25 @@ editor: base host ui core editor
 $kind_rules
 database: base host database
 qt: base host ui qt
-store: base core database editor host store
+store: base core database host store
+store/exchange: base core host store/. store/exchange
+store/history: base core database host store/. store/exchange store/history
+store/studies: base core database host store/. store/exchange store/history store/studies
+store/network: base core database host store/. store/network
 session: base core editor host session store ui
 client: base client core database editor host qt session store support ui $kinds
-client/cli: client core database host session store
-client/texts: base client/texts core database editor host session store
+client/texts: client/texts session store
+client/cli: base client/. client/cli client/texts core database host session store
+client/window: base client/. client/texts client/window core database editor host qt session store ui
 samples: base samples store
 "
 
 failed=0
 while IFS=: read -r folder allowed; do
   [ -n "$folder" ] || continue
-  pattern=$(echo $allowed | tr ' ' '|')
+  pattern=$(for part in $allowed; do [ "${part%/.}" = "$part" ] && echo "$part/.*" || echo "${part%.}[^/]*"; done | paste -sd'|')
   if grep -rnE '^#include "' "$folder" --include='*.h' --include='*.cpp' |
-    grep -vE "#include \"($pattern)/"; then
+    grep -vE "#include \"($pattern)\""; then
     echo "$folder may include only:$allowed" >&2
     failed=1
   fi
@@ -40,6 +45,12 @@ done <<<"$rules"
 # The library itself is standard C++: no toolkit, no database.
 if grep -rnE '#include <(Q|sqlite3|libpq|windows)' base host ui core editor $kinds | grep -v _windows.cpp; then
   echo "The library may include standard headers only." >&2
+  failed=1
+fi
+
+# What works without a window is built on machines that have no toolkit.
+if grep -rnE '#include <Q' database store session client/*.* client/cli client/texts; then
+  echo "The store and the command line may not include a toolkit." >&2
   failed=1
 fi
 

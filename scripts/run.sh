@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 
 scripts/setup.sh
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
-  scripts/build.sh release kivstudy
+  scripts/build.sh release kivstudy kivstudy-window
   exec build/release/client/kivstudy "$@"
 fi
 scripts/build.sh release kivstudy kivstudy_demo

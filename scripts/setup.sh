@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(
   # build
-  cmake ninja-build g++ libsqlite3-dev libpq-dev qt6-base-dev libcli11-dev nlohmann-json3-dev
+  cmake ninja-build g++ libsqlite3-dev zlib1g-dev libpq-dev qt6-base-dev libcli11-dev nlohmann-json3-dev
   # the program on a desktop
   fonts-dejavu-core
   # tests and checks; their PostgreSQL and X servers are started and stopped by themselves

@@ -23,7 +23,7 @@ class PlannedScenarios {
   explicit PlannedScenarios(const store::StudyStore& store)
       : store_(store), before_(host::InstalledServices()), documents_(std::make_shared<Library>()) {
     documents_->inner = before_.documents;
-    documents_->all = store.Scenarios();
+    documents_->all = store.Scenarios().List();
     host::Services services = before_;
     services.documents = documents_;
     host::InstallServices(std::move(services));
@@ -35,7 +35,7 @@ class PlannedScenarios {
   /// The number of a scenario, which is planned when there is none of the name.
   std::int32_t Find(const std::string& name) {
     if (name.empty()) return CKivStudyData::kNotGiven;
-    if (const auto stored = store_.FindScenario(name)) return *stored;
+    if (const auto stored = store_.Scenarios().Find(name)) return *stored;
     const auto found = std::ranges::find(names_, sql::AsciiUpper(name),
                                          [](const std::string& planned) { return sql::AsciiUpper(planned); });
     const auto number = kFirstPlanned - static_cast<std::int32_t>(found - names_.begin());

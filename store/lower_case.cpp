@@ -1,17 +1,43 @@
 #include "store/lower_case.h"
 
-#include <QString>
+#include <clocale>
+#include <cwctype>
+
 #include <algorithm>
+
+#include "base/utf16.h"
 
 namespace kiv::store {
 
+namespace {
+
+char LowerAscii(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+/// The letters of every language, whatever language the user has chosen; null where the system has no such
+/// rules.
+locale_t EveryLanguage() {
+  static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+  return locale;
+}
+
+char16_t LowerUnit(char16_t unit) {
+  const bool isHalf = unit >= 0xD800 && unit <= 0xDFFF;  // of one of the rare letters beyond 16 bits
+  return isHalf ? unit : static_cast<char16_t>(towlower_l(unit, EveryLanguage()));
+}
+
+}  // namespace
+
 std::string LowerCase(std::string_view text) {
   const bool ascii = std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-  if (!ascii) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toLower().toStdString();
+  if (!ascii && EveryLanguage()) {
+    std::u16string units = ToUtf16(text);
+    std::ranges::transform(units, units.begin(), LowerUnit);
+    return ToUtf8(units);
   }
   std::string lowered(text);
-  for (char& c : lowered) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  std::ranges::transform(lowered, lowered.begin(), LowerAscii);
   return lowered;
 }
 

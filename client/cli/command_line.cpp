@@ -5,16 +5,17 @@
 #include <exception>
 #include <ostream>
 
+#include "client/cli/history_printer.h"
+#include "client/cli/network_printer.h"
+#include "client/cli/study_import_printer.h"
+#include "client/cli/study_printer.h"
+#include "client/cli/terminal_text.h"
 #include "client/program.h"
-#include "client/texts/history_printer.h"
-#include "client/texts/network_printer.h"
-#include "client/texts/study_import_printer.h"
-#include "client/texts/study_printer.h"
-#include "client/texts/terminal_text.h"
 #include "database/open_error.h"
 #include "session/study_session.h"
 #include "store/exchange/study_files.h"
 #include "store/network/network_import.h"
+#include "store/studies/study_export.h"
 
 namespace kiv::client {
 
@@ -82,7 +83,7 @@ int List(Program& program, const Options& options, std::ostream& out) {
 
 int Show(Program& program, const Options& options, std::ostream& out) {
   const store::Study study = program.Store().Load(options.id);
-  PrintStudy(study, program.Store().Scenarios(), options.Format(), out);
+  PrintStudy(study, program.Store().Scenarios().List(), options.Format(), out);
   switch (study.kindData) {
     case store::KindData::Complete: break;
     case store::KindData::Missing: throw store::StoreError(store::MissingDataText(options.id));
@@ -176,23 +177,15 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
   CLI::App app("Defines, checks, stores and finds KIV studies.", "kivstudy");
   app.set_help_all_flag("--help-all", "Print this help message of every command and exit");
   app.require_subcommand(0, 1);
-  app.set_version_flag("--version", "kivstudy " KIV_VERSION);
+  app.set_version_flag("--version", kVersionText);
   app.fallthrough();
-  const auto addDatabase = [&](CLI::App& command) {
-    command
-        .add_option("--database", options.database,
-                    "Study database: a file, or the address of a PostgreSQL database such as "
-                    "postgresql://user@server/database (default: studies.db in your data folder)")
-        ->type_name("DATABASE")
-        ->check([](const std::string& file) { return file.empty() ? "the name is missing" : ""; });
-  };
   const std::string exitCodes = "Exit codes: 0 done, 1 refused, 2 wrong usage.";
-  addDatabase(app);
+  AddDatabaseOption(app, options.database);
   app.footer("Without a command the window opens. " + exitCodes);
 
   const auto addCommand = [&](const char* name, const char* description) {
     CLI::App* command = app.add_subcommand(name, description);
-    addDatabase(*command);
+    AddDatabaseOption(*command, options.database);
     command->footer(exitCodes);
     return command;
   };

@@ -55,7 +55,7 @@ class ScenariosDialog : public QDialog {
  private:
   void Fill(std::int32_t selected) {
     list_->clear();
-    for (const host::Document& scenario : program_.Store().Scenarios()) {
+    for (const host::Document& scenario : program_.Store().Scenarios().List()) {
       auto* item = new QListWidgetItem(QString::fromStdString(scenario.name), list_);
       item->setData(Qt::UserRole, scenario.id);
       if (scenario.id == selected) list_->setCurrentItem(item);
@@ -90,20 +90,20 @@ class ScenariosDialog : public QDialog {
 
   void Add() {
     AskName(QStringLiteral("New Scenario"), {},
-            [this](const std::string& name) { return program_.Store().AddScenario(name); });
+            [this](const std::string& name) { return program_.Store().Scenarios().Add(name); });
   }
 
   void Rename() {
     AskName(QStringLiteral("Rename Scenario"), list_->currentItem()->text(), [this](const std::string& name) {
       const std::int32_t id = SelectedID();
-      program_.Store().RenameScenario(id, name);
+      program_.Store().Scenarios().Rename(id, name);
       return id;
     });
   }
 
   void Remove() {
     try {
-      program_.Store().RemoveScenario(SelectedID());
+      program_.Store().Scenarios().Remove(SelectedID());
       Fill(0);
       program_.AnnounceScenarios();
     } catch (const std::exception& error) {

@@ -12,11 +12,11 @@
 #include <exception>
 #include <utility>
 
-#include "client/texts/history_printer.h"
+#include "client/texts/history_text.h"
 #include "client/window/cut_text_tips.h"
 #include "client/window/messages.h"
 #include "client/window/plain_table.h"
-#include "store/local_time.h"
+#include "store/times.h"
 
 namespace kiv::client {
 

@@ -25,6 +25,7 @@
 #include "client/window/question.h"
 #include "client/window/start_page.h"
 #include "client/window/study_list.h"
+#include "client/window/window_settings.h"
 #include "core/study_kinds.h"
 #include "database/open_error.h"
 #include "session/study_session.h"
@@ -82,9 +83,10 @@ MainWindow::MainWindow(Program& program)
   program_.Settings().appGeneralState_StateChange.Connect([this] { ShowState(); });
 
   resize(fontMetrics().averageCharWidth() * 226, fontMetrics().height() * 48);
-  restoreGeometry(program_.Settings().File().value(QLatin1String(kGeometryKey)).toByteArray());
-  restoreState(program_.Settings().File().value(QLatin1String(kStateKey)).toByteArray());
-  list_->RestoreColumns(program_.Settings().File());
+  const QSettings settings = WindowSettings(program_.Settings());
+  restoreGeometry(settings.value(QLatin1String(kGeometryKey)).toByteArray());
+  restoreState(settings.value(QLatin1String(kStateKey)).toByteArray());
+  list_->RestoreColumns(settings);
   ShowNoDatabase({}, {}, false);
 }
 
@@ -435,9 +437,10 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
-  program_.Settings().File().setValue(QLatin1String(kGeometryKey), saveGeometry());
-  program_.Settings().File().setValue(QLatin1String(kStateKey), saveState());
-  list_->SaveColumns(program_.Settings().File());
+  QSettings settings = WindowSettings(program_.Settings());
+  settings.setValue(QLatin1String(kGeometryKey), saveGeometry());
+  settings.setValue(QLatin1String(kStateKey), saveState());
+  list_->SaveColumns(settings);
   event->accept();
 }
 

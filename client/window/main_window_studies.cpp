@@ -12,6 +12,7 @@
 #include "client/window/study_list.h"
 #include "session/study_session.h"
 #include "store/exchange/study_files.h"
+#include "store/studies/study_export.h"
 
 namespace kiv::client {
 

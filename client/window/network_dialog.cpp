@@ -12,9 +12,10 @@
 #include <exception>
 #include <utility>
 
-#include "client/texts/network_printer.h"
+#include "client/texts/import_text.h"
 #include "client/window/fault_list.h"
 #include "client/window/messages.h"
+#include "client/window/window_settings.h"
 #include "host/services.h"
 #include "store/network/network_import.h"
 #include "store/store_error.h"
@@ -71,7 +72,7 @@ class NetworkDialog : public QDialog {
         this);
     text->setWordWrap(true);
     folder_->setObjectName(QStringLiteral("networkFolder"));
-    folder_->setText(program_.Settings().File().value(QLatin1String(kFolderKey)).toString());
+    folder_->setText(WindowSettings(program_.Settings()).value(QLatin1String(kFolderKey)).toString());
     tryFirst_->setObjectName(QStringLiteral("networkTryFirst"));
     auto* label = new QLabel(QStringLiteral("&Folder:"), this);
     label->setBuddy(folder_);
@@ -164,7 +165,7 @@ class NetworkDialog : public QDialog {
   void Show(const store::NetworkReport& report) {
     imported_ = imported_ || report.outcome == store::NetworkReport::Outcome::Imported;
     if (report.badLines.empty()) {
-      program_.Settings().File().setValue(QLatin1String(kFolderKey), folder_->text().trimmed());
+      WindowSettings(program_.Settings()).setValue(QLatin1String(kFolderKey), folder_->text().trimmed());
     }
     QString text = ToQt(OutcomeText(report));
     if (report.badLines.empty()) {

@@ -9,7 +9,7 @@
 #include <exception>
 #include <utility>
 
-#include "client/texts/study_import_printer.h"
+#include "client/texts/import_text.h"
 #include "client/window/fault_list.h"
 #include "client/window/messages.h"
 

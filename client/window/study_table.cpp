@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "client/window/kind_icon.h"
-#include "store/local_time.h"
 #include "store/lower_case.h"
+#include "store/times.h"
 #include "ui/row_order.h"
 
 namespace kiv::client {

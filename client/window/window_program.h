@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <memory>
 
-#include "client/cli/command_line.h"
+#include "client/arguments.h"
 #include "client/program.h"
 
 namespace kiv::client {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/sub_record.h"
-#include "store/studies/study.h"
+#include "store/study.h"
 
 /// Records as JSON values, whose keys keep their order.
 namespace kiv::store {

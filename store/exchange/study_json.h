@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "store/studies/study.h"
+#include "store/study.h"
 
 /// Studies as text that files and the history keep; docs/export-format.md describes it.
 namespace kiv::store {

@@ -1,13 +1,13 @@
 #include "store/history/study_history.h"
 
-#include <QByteArray>
 #include <algorithm>
 #include <array>
 #include <utility>
 
 #include "core/conversions.h"
 #include "core/fields.h"
-#include "core/msql.h"
+#include "store/history/packed_text.h"
+#include "store/query.h"
 #include "store/store_error.h"
 
 namespace kiv::store {
@@ -24,23 +24,6 @@ StudyEvent EventOf(const std::string& name) {
   const auto found = std::ranges::find(kEventNames, name);
   return found == kEventNames.end() ? StudyEvent::Changed
                                     : static_cast<StudyEvent>(found - kEventNames.begin());
-}
-
-/// Long contents are compressed: those of a large study repeat themselves a lot, and saving it stays fast.
-constexpr std::size_t kLongestPlain = 8000;
-
-std::string Packed(const std::string& content) {
-  constexpr int kFast = 1;
-  if (content.size() <= kLongestPlain) return content;
-  return qCompress(QByteArray::fromRawData(content.data(), static_cast<qsizetype>(content.size())), kFast)
-      .toBase64()
-      .toStdString();
-}
-
-/// JSON begins with a brace, which base64 does not have.
-std::string Unpacked(const std::string& stored) {
-  if (stored.empty() || stored.starts_with('{')) return stored;
-  return qUncompress(QByteArray::fromBase64(QByteArray::fromStdString(stored))).toStdString();
 }
 
 std::string Where(std::int32_t study, std::int32_t revision) {
@@ -68,9 +51,10 @@ void StudyHistory::RequireKept() const {
 
 std::vector<HistoryEntry> StudyHistory::Read(const std::string& condition) const {
   RequireKept();
-  const auto rows = MSQL::OpenQuery(
-      "SELECT study_id, revision, event, changed_by, changed_at, kind, name FROM kiv_study_history " +
-      condition + " ORDER BY study_id, revision");
+  const auto rows =
+      Query(connection_,
+            "SELECT study_id, revision, event, changed_by, changed_at, kind, name FROM kiv_study_history " +
+                condition + " ORDER BY study_id, revision");
   std::vector<HistoryEntry> entries;
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     int column = 0;
@@ -104,12 +88,12 @@ std::vector<HistoryEntry> StudyHistory::DeletedStudies() const {
 }
 
 bool StudyHistory::Has(std::int32_t study, std::int32_t revision) const {
-  return !MSQL::OpenQuery("SELECT 1 FROM kiv_study_history" + Where(study, revision))->EndOfFile();
+  return !Query(connection_, "SELECT 1 FROM kiv_study_history" + Where(study, revision))->EndOfFile();
 }
 
 std::string StudyHistory::Content(std::int32_t study, std::int32_t revision) const {
   RequireKept();
-  const auto row = MSQL::OpenQuery("SELECT content FROM kiv_study_history" + Where(study, revision));
+  const auto row = Query(connection_, "SELECT content FROM kiv_study_history" + Where(study, revision));
   if (row->EndOfFile()) {
     (void)Entries(study);  // says when there is no history at all
     throw StoreError("The history of study " + std::to_string(study) + " has no revision " +

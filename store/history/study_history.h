@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "database/connection.h"
-#include "store/studies/study.h"
+#include "store/study.h"
 
 namespace kiv::store {
 

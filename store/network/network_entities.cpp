@@ -8,12 +8,12 @@
 #include "core/conversions.h"
 #include "store/lower_case.h"
 #include "store/network/network_tables.h"
+#include "store/query.h"
 
 namespace kiv::store {
 
 namespace {
 
-constexpr int kTimeoutSeconds = 60;
 constexpr std::size_t kMostWords = 64;
 
 /// The numbers of `37`, `1-2` or `1-2-37`, while it is typed also of `1-2-`; none of anything else.
@@ -58,7 +58,7 @@ std::string_view KindText(EntityKind kind) {
 
 NetworkEntities NetworkEntities::Load(database::Connection& connection) {
   NetworkEntities entities;
-  const auto rows = connection.OpenQuery(std::string(SelectStatement()), kTimeoutSeconds);
+  const auto rows = Query(connection, std::string(SelectStatement()));
   entities.rows_.reserve(static_cast<std::size_t>(rows->RecordCount()));
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     int field = 0;

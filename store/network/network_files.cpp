@@ -20,7 +20,7 @@ StoreError Unreadable(const std::string& folder, const std::string& reason) {
 }  // namespace
 
 NetworkFiles FindNetworkFiles(const std::string& utf8Folder) {
-  const std::filesystem::path folder(std::u8string(utf8Folder.begin(), utf8Folder.end()));
+  const std::filesystem::path folder = PathOf(utf8Folder);
   NetworkFiles files;
   std::error_code error;
   std::filesystem::directory_iterator entries(folder, error);

@@ -5,13 +5,11 @@
 
 #include "core/conversions.h"
 #include "core/fields.h"
-#include "core/msql.h"
-#include "core/numeric_text.h"
 #include "core/study_kinds.h"
 #include "database/statement_error.h"
 #include "database/transaction.h"
-#include "store/local_time.h"
-#include "store/utc_time.h"
+#include "store/query.h"
+#include "store/times.h"
 
 namespace kiv::store {
 
@@ -38,11 +36,12 @@ std::int32_t ReadableNumber(const Variant& field) {
 }
 
 /// The lines of the list that a condition and an order leave.
-std::vector<StudySummary> Summaries(const std::string& which) {
-  const auto rows = MSQL::OpenQuery(
-      "SELECT s.id, s.kind, s.name, c.name AS scenario, s.duration, s.modified_by, s.modified_at "
-      "FROM kiv_study s LEFT JOIN kiv_scenario c ON c.id = s.scenario_id " +
-      which);
+std::vector<StudySummary> Summaries(host::Database& database, const std::string& which) {
+  const auto rows =
+      Query(database,
+            "SELECT s.id, s.kind, s.name, c.name AS scenario, s.duration, s.modified_by, s.modified_at "
+            "FROM kiv_study s LEFT JOIN kiv_scenario c ON c.id = s.scenario_id " +
+                which);
   std::vector<StudySummary> studies;
   studies.reserve(static_cast<std::size_t>(rows->RecordCount()));
   for (; !rows->EndOfFile(); rows->MoveNext()) {
@@ -119,23 +118,27 @@ class InsertWhenMissing {
 }  // namespace
 
 StudyStore::StudyStore(std::shared_ptr<database::Connection> connection, std::shared_ptr<ErrorLog> errors)
-    : connection_(std::move(connection)), history_(*connection_), errors_(std::move(errors)) {}
+    : connection_(std::move(connection)),
+      history_(*connection_),
+      scenarios_(*connection_),
+      errors_(std::move(errors)) {}
 
 std::vector<StudySummary> StudyStore::List() const {
-  return Summaries("ORDER BY s.id");
+  return Summaries(*connection_, "ORDER BY s.id");
 }
 
 std::vector<StudySummary> StudyStore::ListFrom(std::int32_t id, std::size_t most) const {
-  return Summaries("WHERE s.id >= " + std::to_string(id) + " ORDER BY s.id LIMIT " + std::to_string(most));
+  return Summaries(*connection_,
+                   "WHERE s.id >= " + std::to_string(id) + " ORDER BY s.id LIMIT " + std::to_string(most));
 }
 
 std::optional<StudySummary> StudyStore::Summary(std::int32_t id) const {
-  std::vector<StudySummary> found = Summaries("WHERE s.id = " + std::to_string(id));
+  std::vector<StudySummary> found = Summaries(*connection_, "WHERE s.id = " + std::to_string(id));
   return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
 }
 
 std::size_t StudyStore::Count() const {
-  return static_cast<std::size_t>(ToInt32(MSQL::OpenQuery("SELECT count(*) FROM kiv_study")->FieldAt(0)));
+  return static_cast<std::size_t>(ToInt32(Query(*connection_, "SELECT count(*) FROM kiv_study")->FieldAt(0)));
 }
 
 Study StudyStore::Load(std::int32_t id) const {
@@ -143,7 +146,7 @@ Study StudyStore::Load(std::int32_t id) const {
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     Study study = LoadOnce(id);
     // Its lists are read one after the other, and somebody may have saved in between.
-    const auto row = MSQL::OpenQuery("SELECT revision FROM kiv_study WHERE id = " + std::to_string(id));
+    const auto row = Query(*connection_, "SELECT revision FROM kiv_study WHERE id = " + std::to_string(id));
     if (!row->EndOfFile() && ToInt32(row->FieldAt(0)) == study.revision) return study;
   }
   throw StoreError("Study " + std::to_string(id) +
@@ -152,10 +155,11 @@ Study StudyStore::Load(std::int32_t id) const {
 
 Study StudyStore::LoadOnce(std::int32_t id) const {
   const ErrorLog::Watch watch(*errors_);
-  const auto row = MSQL::OpenQuery(
+  const auto row = Query(
+      *connection_,
       "SELECT kind, name, scenario_id, duration, polling_interval, retrieve_delay, revision FROM kiv_study "
       "WHERE id = " +
-      std::to_string(id));
+          std::to_string(id));
   if (row->EndOfFile()) {
     throw StoreError("There is no study " + std::to_string(id) + ". It may have been deleted.");
   }
@@ -211,7 +215,7 @@ std::int32_t StudyStore::Write(Study& study, const SaveNote& note, Identifier id
   CKivStudyData& record = *study.record;
   if (!record.IsNew()) KeepKnownState(record.ID(), study.revision);
   // Asked before anything is written, because the rows of the study wait to be sent together.
-  const std::string scenario = history_.IsKept() ? ScenarioName(record.ScenarioID()) : std::string();
+  const std::string scenario = history_.IsKept() ? scenarios_.NameOf(record.ScenarioID()) : std::string();
   const WrittenRow row = WriteStudyRow(study, note, identifier);
   {
     const InsertWhenMissing missing(record, row.hasKindData);
@@ -225,21 +229,16 @@ std::int32_t StudyStore::Write(Study& study, const SaveNote& note, Identifier id
 void StudyStore::AddAll(std::vector<NamedStudy>& studies, const std::string& user) {
   database::Transaction transaction(*connection_);
   for (NamedStudy& named : studies) {
-    if (!named.scenario.empty()) named.study.record->SetScenarioID(FindOrAddScenario(named.scenario));
+    if (!named.scenario.empty()) named.study.record->SetScenarioID(scenarios_.FindOrAdd(named.scenario));
     named.study.revision = Write(named.study, {StudyEvent::Created, user, UtcNow()});
   }
   transaction.Commit();
   for (const NamedStudy& named : studies) named.study.record->SetIsNew(false);
 }
 
-std::int32_t StudyStore::FindOrAddScenario(const std::string& name) {
-  const auto present = FindScenario(name);
-  return present ? *present : AddScenario(name);
-}
-
 bool StudyStore::ScenarioIsDeleted(const CKivStudyData& record) const {
   if (record.ScenarioID() == CKivStudyData::kNotGiven) return false;
-  return MSQL::OpenQuery("SELECT 1 FROM kiv_scenario WHERE id = " + std::to_string(record.ScenarioID()))
+  return Query(*connection_, "SELECT 1 FROM kiv_scenario WHERE id = " + std::to_string(record.ScenarioID()))
       ->EndOfFile();
 }
 
@@ -260,22 +259,23 @@ StudyStore::WrittenRow StudyStore::WriteStudyRow(const Study& study, const SaveN
   };
   if (record.IsNew()) {
     if (identifier == Identifier::OfRecord) values.push_back({"id", record.ID()});
-    const auto row =
-        MSQL::OpenQuery(sql::InsertStatement(*connection_, kStudyTable, values) + " RETURNING id, revision");
+    const auto row = Query(
+        *connection_, sql::InsertStatement(*connection_, kStudyTable, values) + " RETURNING id, revision");
     record.SetID(ToInt32(row->Field("id")));
     return {ToInt32(row->Field("revision")), false};
   }
-  const auto row = MSQL::OpenQuery(sql::UpdateStatement(*connection_, kStudyTable, values, record.ID()) +
-                                   " AND revision = " + std::to_string(study.revision) +
-                                   " RETURNING revision, (SELECT count(*) FROM " +
-                                   FindStudyKind(record.AppName())->table + " k WHERE k.Id = kiv_study.id)");
+  const auto row = Query(*connection_, sql::UpdateStatement(*connection_, kStudyTable, values, record.ID()) +
+                                           " AND revision = " + std::to_string(study.revision) +
+                                           " RETURNING revision, (SELECT count(*) FROM " +
+                                           FindStudyKind(record.AppName())->table +
+                                           " k WHERE k.Id = kiv_study.id)");
   if (row->EndOfFile()) throw ConflictOver(record.ID());
   return {ToInt32(row->FieldAt(0)), ToInt32(row->FieldAt(1)) > 0};
 }
 
 StudyConflict StudyStore::ConflictOver(std::int32_t id) const {
   const auto row =
-      MSQL::OpenQuery("SELECT modified_by, modified_at FROM kiv_study WHERE id = " + std::to_string(id));
+      Query(*connection_, "SELECT modified_by, modified_at FROM kiv_study WHERE id = " + std::to_string(id));
   if (row->EndOfFile()) {
     return {StudyConflict::Reason::Deleted,
             "The study was deleted while you were editing it. Save your version as a copy to keep it."};
@@ -299,56 +299,6 @@ void StudyStore::SaveCopy(Study& study, const std::string& user) {
     study = before;
     throw;
   }
-}
-
-std::vector<host::Document> StudyStore::Scenarios() const {
-  const auto rows = MSQL::OpenQuery("SELECT id, name FROM kiv_scenario");
-  std::vector<host::Document> scenarios;
-  for (; !rows->EndOfFile(); rows->MoveNext()) {
-    scenarios.push_back({ToInt32(rows->FieldAt(0)), ToText(rows->FieldAt(1))});
-  }
-  std::sort(scenarios.begin(), scenarios.end(),
-            [](const auto& left, const auto& right) { return left.name < right.name; });
-  return scenarios;
-}
-
-std::optional<std::int32_t> StudyStore::FindScenario(const std::string& name) const {
-  const auto rows = MSQL::OpenQuery("SELECT id FROM kiv_scenario WHERE lower(name) = lower(" +
-                                    connection_->FormatValueList({{Variant(name)}}) + ")");
-  if (rows->EndOfFile()) return std::nullopt;
-  return ToInt32(rows->FieldAt(0));
-}
-
-std::string StudyStore::CheckedScenarioName(const std::string& name, std::int32_t ownId) const {
-  std::string trimmed(Trimmed(name));
-  if (trimmed.empty()) throw StoreError("A scenario needs a name.");
-  if (FindScenario(trimmed).value_or(ownId) != ownId) {
-    throw StoreError("There is already a scenario named \"" + trimmed + "\". Choose another name.");
-  }
-  return trimmed;
-}
-
-std::int32_t StudyStore::AddScenario(const std::string& name) {
-  const std::string checked = CheckedScenarioName(name, CKivStudyData::kNotGiven);
-  const std::vector<host::Assignment> values = {{"name", checked}};
-  const auto row =
-      MSQL::OpenQuery(sql::InsertStatement(*connection_, "kiv_scenario", values) + " RETURNING id");
-  return ToInt32(row->FieldAt(0));
-}
-
-void StudyStore::RenameScenario(std::int32_t id, const std::string& name) {
-  const std::vector<host::Assignment> values = {{"name", CheckedScenarioName(name, id)}};
-  connection_->ExecuteSql(sql::UpdateStatement(*connection_, "kiv_scenario", values, id));
-}
-
-void StudyStore::RemoveScenario(std::int32_t id) {
-  const auto users =
-      MSQL::OpenQuery("SELECT count(*) FROM kiv_study WHERE scenario_id = " + std::to_string(id));
-  if (const std::int32_t count = ToInt32(users->FieldAt(0)); count > 0) {
-    throw StoreError("The scenario still has " + std::to_string(count) +
-                     (count == 1 ? " study" : " studies") + ". Move or delete them first.");
-  }
-  connection_->ExecuteSql("DELETE FROM kiv_scenario WHERE id = " + std::to_string(id));
 }
 
 }  // namespace kiv::store

@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "database/connection.h"
-#include "host/documents.h"
 #include "store/history/study_history.h"
 #include "store/store_error.h"
 #include "store/studies/error_log.h"
-#include "store/studies/study.h"
+#include "store/studies/scenarios.h"
+#include "store/study.h"
 
 namespace kiv::store {
 
@@ -28,7 +28,7 @@ struct StudySummary {
   friend bool operator==(const StudySummary&, const StudySummary&) = default;
 };
 
-/// Studies and scenarios in the program's database. Database failures are raised as host::DatabaseError.
+/// The studies in the program's database. Database failures are raised as host::DatabaseError.
 class StudyStore {
  public:
   StudyStore(std::shared_ptr<database::Connection> connection, std::shared_ptr<ErrorLog> errors);
@@ -62,14 +62,8 @@ class StudyStore {
   std::int32_t Restore(std::int32_t id, std::int32_t revision, const std::string& user);
   const StudyHistory& History() const { return history_; }
 
-  std::vector<host::Document> Scenarios() const;
-  /// The scenario of a name, whose letter case does not matter.
-  std::optional<std::int32_t> FindScenario(const std::string& name) const;
-  /// Identifier of the new scenario. Raises StoreError for an empty name or one that exists already.
-  std::int32_t AddScenario(const std::string& name);
-  void RenameScenario(std::int32_t id, const std::string& name);
-  /// Raises StoreError while studies belong to the scenario.
-  void RemoveScenario(std::int32_t id);
+  store::Scenarios& Scenarios() { return scenarios_; }
+  const store::Scenarios& Scenarios() const { return scenarios_; }
 
  private:
   struct WrittenRow {
@@ -93,14 +87,12 @@ class StudyStore {
   void KeepKnownState(std::int32_t id, std::int32_t revision);
   void AddToHistory(const Study& study, const std::string& scenario, std::int32_t revision,
                     const SaveNote& note);
-  std::string ScenarioName(std::int32_t id) const;
-  std::int32_t FindOrAddScenario(const std::string& name);
   bool ScenarioIsDeleted(const CKivStudyData& record) const;
   StudyConflict ConflictOver(std::int32_t id) const;
-  std::string CheckedScenarioName(const std::string& name, std::int32_t ownId) const;
 
   std::shared_ptr<database::Connection> connection_;
   StudyHistory history_;
+  store::Scenarios scenarios_;
   std::shared_ptr<ErrorLog> errors_;
 };
 

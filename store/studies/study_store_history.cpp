@@ -3,25 +3,20 @@
 #include <utility>
 
 #include "core/conversions.h"
-#include "core/msql.h"
 #include "database/transaction.h"
 #include "store/exchange/json.h"
 #include "store/exchange/study_json.h"
+#include "store/query.h"
 #include "store/studies/study_store.h"
-#include "store/utc_time.h"
+#include "store/times.h"
 
 namespace kiv::store {
 
-std::string StudyStore::ScenarioName(std::int32_t id) const {
-  if (id == CKivStudyData::kNotGiven) return {};
-  const auto row = MSQL::OpenQuery("SELECT name FROM kiv_scenario WHERE id = " + std::to_string(id));
-  return row->EndOfFile() ? std::string() : ToText(row->FieldAt(0));
-}
-
 /// The revision of a study that nobody else changes until the transaction ends; nothing when there is none.
 std::optional<std::int32_t> StudyStore::LockStudy(std::int32_t id) {
-  const auto row = MSQL::OpenQuery(
-      "UPDATE kiv_study SET revision = revision WHERE id = " + std::to_string(id) + " RETURNING revision");
+  const auto row =
+      Query(*connection_, "UPDATE kiv_study SET revision = revision WHERE id = " + std::to_string(id) +
+                              " RETURNING revision");
   if (row->EndOfFile()) return std::nullopt;
   return ToInt32(row->FieldAt(0));
 }
@@ -29,14 +24,15 @@ std::optional<std::int32_t> StudyStore::LockStudy(std::int32_t id) {
 /// A study may have been saved before its history was kept, or by a program that does not keep it.
 void StudyStore::KeepKnownState(std::int32_t id, std::int32_t revision) {
   if (!history_.IsKept() || history_.Has(id, revision)) return;
-  const auto row = MSQL::OpenQuery("SELECT kind, name, modified_by, modified_at FROM kiv_study WHERE id = " +
-                                   std::to_string(id) + " AND revision = " + std::to_string(revision));
+  const auto row =
+      Query(*connection_, "SELECT kind, name, modified_by, modified_at FROM kiv_study WHERE id = " +
+                              std::to_string(id) + " AND revision = " + std::to_string(revision));
   if (row->EndOfFile()) return;
   std::string content;
   try {
     const Study study = LoadOnce(id);
     const bool complete = study.kindData == KindData::Complete;
-    content = ContentText(study, ScenarioName(study.record->ScenarioID()),
+    content = ContentText(study, scenarios_.NameOf(study.record->ScenarioID()),
                           complete ? study.record->SubRecord()->StoredLists() : std::vector<StoredList>());
   } catch (const StoreError&) {
     // What cannot be read cannot be kept; that must not keep anybody from mending or deleting the study.
@@ -62,7 +58,7 @@ void StudyStore::Remove(std::int32_t id, const std::string& user) {
   if (!revision) return;
   KeepKnownState(id, *revision);
   const auto row =
-      MSQL::OpenQuery("DELETE FROM kiv_study WHERE id = " + std::to_string(id) + " RETURNING kind, name");
+      Query(*connection_, "DELETE FROM kiv_study WHERE id = " + std::to_string(id) + " RETURNING kind, name");
   if (history_.IsKept()) {
     history_.Add({id, *revision + 1, StudyEvent::Deleted, user, UtcNow(), ToText(row->FieldAt(0)),
                   ToText(row->FieldAt(1))},
@@ -92,7 +88,7 @@ std::int32_t StudyStore::Restore(std::int32_t id, std::int32_t revision, const s
   }
   named.study.revision = present ? *present : history_.Entries(id).back().revision;
   record.SetID(id);
-  if (!named.scenario.empty()) record.SetScenarioID(FindOrAddScenario(named.scenario));
+  if (!named.scenario.empty()) record.SetScenarioID(scenarios_.FindOrAdd(named.scenario));
   const std::int32_t restored =
       Write(named.study, {StudyEvent::Restored, user, UtcNow()}, Identifier::OfRecord);
   transaction.Commit();

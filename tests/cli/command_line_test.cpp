@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -60,8 +61,8 @@ class CommandLine : public ::testing::Test {
     store::StudyStore& store = program.Store();
     store::Study study = store.New("HOM Study");
     study.name = name;
-    study.record->SetScenarioID(store.Scenarios().empty() ? store.AddScenario("Downtown")
-                                                          : store.Scenarios().front().id);
+    study.record->SetScenarioID(store.Scenarios().List().empty() ? store.Scenarios().Add("Downtown")
+                                                                 : store.Scenarios().List().front().id);
     study.record->SetDuration(duration);
     const auto data = study.record->SubRecordAs<CKivHomData>();
     data->SetPath(folder_.Path());
@@ -104,6 +105,26 @@ TEST_F(CommandLine, TellsTheWindowFromItsCommands) {
     EXPECT_EQ(help.out.find("Without a command"), std::string::npos) << help.out;
   }
   EXPECT_EQ(RunProgram({"--version"}).out.find("kivstudy 0."), 0U);
+}
+
+TEST_F(CommandLine, TheWindowIsStartedFromBesideTheProgram) {
+  namespace fs = std::filesystem;
+  const auto run = [&](const std::string& arguments) {
+    const std::string output = folder_.File("output");
+    const int status =
+        std::system(("'" + folder_.File("kivstudy") + "' " + arguments + " >" + output + " 2>&1").c_str());
+    std::ifstream text(output);
+    return std::to_string(WEXITSTATUS(status)) + ": " + std::string(std::istreambuf_iterator<char>(text), {});
+  };
+  fs::copy_file(KIV_PROGRAM, folder_.File("kivstudy"));
+  const std::string missing = run("gui");
+  EXPECT_EQ(missing.find("1: The window "), 0U) << missing;
+  EXPECT_NE(missing.find("Install the package kivstudy-window"), std::string::npos) << missing;
+  const std::string window = folder_.File("kivstudy-window");
+  std::ofstream(window) << "#!/bin/sh\nprintf '[%s]' \"$@\"\nexit 7\n";
+  fs::permissions(window, fs::perms::owner_all);
+  EXPECT_EQ(run("gui --database 'my studies.db'"), "7: [--database][my studies.db]");
+  EXPECT_EQ(run(""), "7: []");
 }
 
 TEST_F(CommandLine, OutputThatDoesNotArriveIsNoSuccess) {

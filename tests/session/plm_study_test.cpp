@@ -136,8 +136,8 @@ class PlmStudies : public ::testing::TestWithParam<test::Engine> {
     services.openDatabase = [this] { return connection_; };
     services.errorReporter = errors_;
     host::InstallServices(services);
-    scenario_ = store_.AddScenario("Downtown");
-    host_.documents->documents = store_.Scenarios();
+    scenario_ = store_.Scenarios().Add("Downtown");
+    host_.documents->documents = store_.Scenarios().List();
   }
 
   std::unique_ptr<session::StudySession> NewSession() {

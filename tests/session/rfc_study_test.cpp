@@ -59,8 +59,8 @@ class RfcStudies : public ::testing::TestWithParam<test::Engine> {
     services.openDatabase = [connection = connection_] { return connection; };
     services.errorReporter = errors_;
     host::InstallServices(services);
-    scenario_ = store_.AddScenario("Downtown");
-    host_.documents->documents = store_.Scenarios();
+    scenario_ = store_.Scenarios().Add("Downtown");
+    host_.documents->documents = store_.Scenarios().List();
   }
 
   /// A stored study of one ECP and its DNs.

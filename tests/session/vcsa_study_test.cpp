@@ -75,8 +75,8 @@ INSTANTIATE_TEST_SUITE_P(Engines, VcsaStudies, ::testing::ValuesIn(test::Engines
                          [](const auto& engine) { return engine.param.name; });
 
 TEST_P(VcsaStudies, ChoicesSurviveSavesAndChangesOfTheNetwork) {
-  const std::int32_t scenario = store_.AddScenario("Downtown");
-  host_.documents->documents = store_.Scenarios();
+  const std::int32_t scenario = store_.Scenarios().Add("Downtown");
+  host_.documents->documents = store_.Scenarios().List();
   const auto session = Opened(store_.New(std::string(kVcsStudy)));
   session->SetName("Events");
   dynamic_cast<session::ScenarioStrip&>(*session->Header()).fdocCBScenario.SelectID(scenario);

@@ -5,13 +5,17 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <tuple>
 
-#include "client/texts/study_import_printer.h"
+#include "client/texts/import_text.h"
 #include "database/open.h"
 #include "store/exchange/study_json.h"
+#include "store/studies/study_export.h"
 #include "support/engine.h"
+#include "support/open_folder.h"
+#include "support/ordinary_user.h"
 #include "support/rich_studies.h"
 #include "support/temp_folder.h"
 #include "support/test_store.h"
@@ -30,7 +34,7 @@ TEST_P(RoundTrip, GivesTheSameBytesAgain) {
   store::Study study = store->New(kind);
   test::Fill(study, 2);
   study.name = "It's \"quoted\" \\ ; -- \n \u20AC";
-  study.record->SetScenarioID(store->AddScenario("Down'town \u6771"));
+  study.record->SetScenarioID(store->Scenarios().Add("Down'town \u6771"));
   store->Save(study, "ann");
   const std::int32_t id = study.record->ID();
 
@@ -42,7 +46,7 @@ TEST_P(RoundTrip, GivesTheSameBytesAgain) {
   const std::int32_t copy = content.studies[0].study.record->ID();
   EXPECT_NE(copy, id);
   EXPECT_EQ(store::ExportStudies(*store.operator->(), {copy}), text);
-  EXPECT_EQ(store->Scenarios().size(), 1U);
+  EXPECT_EQ(store->Scenarios().List().size(), 1U);
 
   // A file that makes a scenario, and whose second study fails, leaves nothing.
   content = store::ReadExport(text);
@@ -51,7 +55,7 @@ TEST_P(RoundTrip, GivesTheSameBytesAgain) {
   content.studies[1].study.record->SetAppName(kind == "HOM Study" ? "PLM Study" : "HOM Study");
   EXPECT_ANY_THROW(store->AddAll(content.studies, "bob"));
   EXPECT_EQ(store->List().size(), 2U);
-  EXPECT_EQ(store->Scenarios().size(), 1U);
+  EXPECT_EQ(store->Scenarios().List().size(), 1U);
 }
 
 std::string NameOf(const ::testing::TestParamInfo<RoundTrip::ParamType>& parameter) {
@@ -65,6 +69,28 @@ INSTANTIATE_TEST_SUITE_P(Kinds, RoundTrip,
                          ::testing::Combine(::testing::ValuesIn(test::Engines()),
                                             ::testing::ValuesIn(test::RichKinds())),
                          NameOf);
+
+TEST(StudyFile, IsReplacedWholeOrNotAtAll) {
+  namespace fs = std::filesystem;
+  const test::OpenFolder folder;
+  const std::string file = folder.File("studies.json");
+  const std::string link = folder.File("link.json");
+  std::ofstream(file) << "before";
+  fs::permissions(file, fs::perms::owner_all | fs::perms::group_read);
+  fs::create_symlink("studies.json", link);
+  store::WriteStudyFile(link, "after");
+  EXPECT_EQ(store::ReadStudyFile(file), "after");
+  EXPECT_TRUE(fs::is_symlink(link));
+  EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_all | fs::perms::group_read);
+
+  fs::permissions(file, fs::perms::owner_read | fs::perms::others_read);
+  {
+    const test::AsOrdinaryUser user;
+    EXPECT_THROW(store::WriteStudyFile(file, "replaced"), store::StoreError);
+  }
+  EXPECT_EQ(store::ReadStudyFile(file), "after");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 2) << "nothing is left beside it";
+}
 
 /// The text of one exported study of each kind, which is spoilt.
 class HostileFile : public ::testing::Test {

@@ -7,9 +7,10 @@
 
 #include <tuple>
 
-#include "client/texts/history_printer.h"
+#include "client/texts/history_text.h"
 #include "database/open.h"
 #include "database/schema.h"
+#include "store/history/packed_text.h"
 #include "support/engine.h"
 #include "support/rich_studies.h"
 #include "support/test_store.h"
@@ -28,7 +29,7 @@ class History : public ::testing::TestWithParam<std::tuple<test::Engine, std::st
   store::Study NewStudy() { return (*store_)->New(std::get<std::string>(GetParam())); }
   std::string Stored(std::int32_t id) {
     store::Study study = (*store_)->Load(id);
-    return test::Content(study) + (*store_)->Scenarios().front().name;
+    return test::Content(study) + (*store_)->Scenarios().List().front().name;
   }
   /// Such as `1 created ann;2 changed bob;`
   std::string Events(std::int32_t id) {
@@ -55,7 +56,7 @@ class History : public ::testing::TestWithParam<std::tuple<test::Engine, std::st
 
 TEST_P(History, BringsBackEveryStateAndADeletedStudy) {
   database::UpgradeSchema(*connection_);
-  const std::int32_t scenario = (*store_)->AddScenario("Downtown");
+  const std::int32_t scenario = (*store_)->Scenarios().Add("Downtown");
   store::Study study = NewStudy();
   study.record->SetScenarioID(scenario);
   const std::string first = Save(study, 1, "ann");
@@ -68,11 +69,11 @@ TEST_P(History, BringsBackEveryStateAndADeletedStudy) {
   EXPECT_EQ((*store_)->History().DeletedStudies()[0].name, "it's variant 2");
   EXPECT_THAT(Refusal([&] { (*store_)->Restore(id, 3, "ann"); }), ::testing::StartsWith("Nothing is kept"));
 
-  (*store_)->RemoveScenario(scenario);
+  (*store_)->Scenarios().Remove(scenario);
   EXPECT_EQ((*store_)->Restore(id, 1, "ann"), 4);
   EXPECT_EQ(Stored(id), first) << "with its scenario, made anew";
   EXPECT_TRUE((*store_)->History().DeletedStudies().empty());
-  (*store_)->RenameScenario((*store_)->Scenarios()[0].id, "Harbour");
+  (*store_)->Scenarios().Rename((*store_)->Scenarios().List()[0].id, "Harbour");
   EXPECT_EQ((*store_)->Restore(id, 2, "ann"), 5);
   EXPECT_EQ(Stored(id), second);
   EXPECT_EQ((*store_)->Load(id).revision, 5);
@@ -93,7 +94,7 @@ TEST_P(History, BringsBackEveryStateAndADeletedStudy) {
 
 TEST_P(History, AFailedSaveLeavesNoEntry) {
   database::UpgradeSchema(*connection_);
-  (*store_)->AddScenario("Downtown");
+  (*store_)->Scenarios().Add("Downtown");
   store::Study study = NewStudy();
   Save(study, 1, "ann");
   const std::int32_t id = study.record->ID();
@@ -109,7 +110,7 @@ TEST_P(History, AFailedSaveLeavesNoEntry) {
 TEST_P(History, BeginsWithWhatIsThereWhenADatabaseIsUpgraded) {
   constexpr int kBeforeHistory = 6;
   database::UpgradeSchema(*connection_, kBeforeHistory);
-  (*store_)->AddScenario("Downtown");
+  (*store_)->Scenarios().Add("Downtown");
   store::Study study = NewStudy();
   const std::string first = Save(study, 1, "ann");
   const std::int32_t id = study.record->ID();
@@ -135,6 +136,23 @@ INSTANTIATE_TEST_SUITE_P(Kinds, History,
                          ::testing::Combine(::testing::ValuesIn(test::Engines()),
                                             ::testing::ValuesIn(test::RichKinds())),
                          NameOf);
+
+TEST(PackedText, IsReadAsEarlierVersionsWroteItAndNeverInflatedBeyondItsLength) {
+  const std::string content = "{\"a\":\"" + std::string(9000, 'x') + "\"}";
+  const std::string earlier =
+      "AAAjMHgB7dABDQAwCAMwL5OBm7sgIXi/"
+      "EFoJnbxUGgMGDBgwYMCAAQMGDBgwYMCAAQMGDBgwYMCAAQMGDBgwYMCAAQMHBrIfRdl9zA==";
+  EXPECT_EQ(store::Unpacked(earlier), content);
+  EXPECT_EQ(store::Unpacked(store::Packed(content)), content);
+  EXPECT_LT(store::Packed(content).size(), 200U);
+  EXPECT_EQ(store::Unpacked(store::Packed("{}")), "{}");
+  const std::string stream = earlier.substr(8);
+  for (const std::string& damaged :
+       {"AAAAAHgB" + stream, "AAAjLngB" + stream, "/////3gB" + stream, earlier.substr(0, 60),
+        std::string("AAAj"), std::string("\xFF no base64"), std::string("AAAjMHgB!")}) {
+    EXPECT_EQ(store::Unpacked(damaged), "") << damaged;
+  }
+}
 
 TEST(StudyDifference, IsToldFieldByFieldAndEntryByEntry) {
   const std::string before =

@@ -28,7 +28,7 @@ class Store : public ::testing::TestWithParam<std::tuple<test::Engine, Layout>> 
       database::UpgradeSchema(*connection_);
     }
     Install(connection_);
-    scenario_ = store_->AddScenario("Down'town");
+    scenario_ = store_->Scenarios().Add("Down'town");
   }
 
   void Install(std::shared_ptr<database::Connection> connection) {
@@ -42,7 +42,7 @@ class Store : public ::testing::TestWithParam<std::tuple<test::Engine, Layout>> 
 
   /// A new session with valid input.
   std::unique_ptr<session::StudySession> NewSession() {
-    host_.documents->documents = store_->Scenarios();
+    host_.documents->documents = store_->Scenarios().List();
     auto session = std::make_unique<session::StudySession>(*store_, store_->New("HOM Study"));
     General(*session).fdocCBScenario.SelectID(scenario_);
     General(*session).XDest.SetPath(folder_.Path());
@@ -202,29 +202,29 @@ TEST_P(Store, MissingDataOfAKindAreNoticedAndStoredAgain) {
 
 TEST_P(Store, AScenarioThatWasDeletedMeanwhileIsTold) {
   const auto session = NewSession();
-  store_->RemoveScenario(scenario_);
+  store_->Scenarios().Remove(scenario_);
   EXPECT_THROW(session->Save("ann"), store::ScenarioDeleted);
   EXPECT_TRUE(session->IsNew());
   EXPECT_TRUE(store_->List().empty());
-  scenario_ = store_->AddScenario("Harbour");
-  host_.documents->documents = store_->Scenarios();
+  scenario_ = store_->Scenarios().Add("Harbour");
+  host_.documents->documents = store_->Scenarios().List();
   host_.documents->DocumentsChanged.Raise();
   General(*session).fdocCBScenario.SelectID(scenario_);
   EXPECT_TRUE(session->Save("ann")) << host_.TakeMessage();
 }
 
 TEST_P(Store, ScenariosHaveNamesOfTheirOwn) {
-  EXPECT_THROW(store_->AddScenario("   "), store::StoreError);
-  EXPECT_THROW(store_->AddScenario(" DOWN'town "), store::StoreError);
-  const std::int32_t other = store_->AddScenario("Airport");
-  EXPECT_THROW(store_->RenameScenario(other, "Down'town"), store::StoreError);
-  store_->RenameScenario(other, "AIRPORT");  // its own name in another case
-  EXPECT_EQ(store_->Scenarios().front().name, "AIRPORT");
+  EXPECT_THROW(store_->Scenarios().Add("   "), store::StoreError);
+  EXPECT_THROW(store_->Scenarios().Add(" DOWN'town "), store::StoreError);
+  const std::int32_t other = store_->Scenarios().Add("Airport");
+  EXPECT_THROW(store_->Scenarios().Rename(other, "Down'town"), store::StoreError);
+  store_->Scenarios().Rename(other, "AIRPORT");  // its own name in another case
+  EXPECT_EQ(store_->Scenarios().List().front().name, "AIRPORT");
 
   ASSERT_TRUE(NewSession()->Save("ann"));
-  EXPECT_THROW(store_->RemoveScenario(scenario_), store::StoreError);
-  store_->RemoveScenario(other);
-  EXPECT_EQ(store_->Scenarios().size(), 1U);
+  EXPECT_THROW(store_->Scenarios().Remove(scenario_), store::StoreError);
+  store_->Scenarios().Remove(other);
+  EXPECT_EQ(store_->Scenarios().List().size(), 1U);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 
 #include "client/window/main_window.h"
 #include "client/window/window_program.h"
+#include "client/window/window_settings.h"
 #include "support/temp_folder.h"
 #include "support/user_hand.h"
 
@@ -22,7 +23,7 @@ class Window : public ::testing::Test {
   Window() {
     program_ = std::make_unique<Program>();
     StartWithWindow(*program_);
-    program_->Settings().File().clear();
+    WindowSettings(program_->Settings()).clear();
     window_ = std::make_unique<MainWindow>(*program_);
     window_->show();
     QApplication::setActiveWindow(window_.get());
@@ -31,7 +32,7 @@ class Window : public ::testing::Test {
   void Open() { window_->OpenDatabase(database_, Program::WhenMissing::Create); }
   /// A new HOM study with valid input.
   void StartStudy() {
-    if (program_->Store().Scenarios().empty()) program_->Store().AddScenario("Downtown");
+    if (program_->Store().Scenarios().List().empty()) program_->Store().Scenarios().Add("Downtown");
     window_->NewStudy("HOM Study");
     user_.Choose("fdocCBScenario", "Downtown");
     user_.Fill("txtPath", QString::fromStdString(folder_.Path()));

@@ -16,6 +16,7 @@
 #include "client/window/entity_tree.h"
 #include "client/window/main_window.h"
 #include "client/window/window_program.h"
+#include "client/window/window_settings.h"
 #include "host/services.h"
 #include "samples/network_maker.h"
 #include "support/temp_folder.h"
@@ -29,7 +30,7 @@ class NetworkWindow : public ::testing::Test {
   NetworkWindow() {
     std::filesystem::copy(KIV_SAMPLE_NETWORK, network_);
     StartWithWindow(program_);
-    program_.Settings().File().clear();
+    WindowSettings(program_.Settings()).clear();
     window_ = std::make_unique<MainWindow>(program_);
     window_->show();
     QApplication::setActiveWindow(window_.get());

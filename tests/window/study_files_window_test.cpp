@@ -14,6 +14,7 @@
 #include "client/window/main_window.h"
 #include "client/window/study_list.h"
 #include "client/window/window_program.h"
+#include "client/window/window_settings.h"
 #include "hom/hom_data.h"
 #include "support/temp_folder.h"
 #include "support/user_hand.h"
@@ -25,7 +26,7 @@ class StudyFilesWindow : public ::testing::Test {
  protected:
   StudyFilesWindow() {
     StartWithWindow(program_);
-    program_.Settings().File().clear();
+    WindowSettings(program_.Settings()).clear();
     window_ = std::make_unique<MainWindow>(program_);
     window_->show();
     QApplication::setActiveWindow(window_.get());

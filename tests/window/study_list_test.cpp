@@ -12,6 +12,7 @@
 #include "client/window/main_window.h"
 #include "client/window/study_list.h"
 #include "client/window/window_program.h"
+#include "client/window/window_settings.h"
 #include "support/temp_folder.h"
 #include "support/user_hand.h"
 
@@ -28,7 +29,7 @@ class StudyList : public ::testing::Test {
 
   StudyList() {
     StartWithWindow(program_);
-    program_.Settings().File().clear();
+    WindowSettings(program_.Settings()).clear();
     program_.OpenDatabase(database_, Program::WhenMissing::Create);
     Execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
             std::to_string(kStudies) +

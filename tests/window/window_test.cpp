@@ -181,8 +181,8 @@ TEST_F(Window, AStudyWithoutDataIsToldAndStoredAgain) {
 TEST_F(Window, ADeletedScenarioLeavesTheChooser) {
   Open();
   StartStudy();
-  program_->Store().AddScenario("Harbour");
-  program_->Store().RemoveScenario(program_->Store().Scenarios()[0].id);
+  program_->Store().Scenarios().Add("Harbour");
+  program_->Store().Scenarios().Remove(program_->Store().Scenarios().List()[0].id);
   EXPECT_NE(RefusalOfSave().find("Choose another one"), std::string::npos);
   user_.Choose("fdocCBScenario", "Harbour");
   user_.Fill("txtFilename", "a$ID");
@@ -294,7 +294,7 @@ TEST_F(Window, SettingsAndScenariosAreChangedInTheirDialogs) {
   EXPECT_EQ(window_->windowTitle(), "Network Studies");
   EXPECT_EQ(program_->Settings().General(host::kPhoneNumberMask), "###-####");
 
-  program_->Store().AddScenario("Downtown");
+  program_->Store().Scenarios().Add("Downtown");
   window_->NewStudy("HOM Study");
   user_.Choose("fdocCBScenario", "Downtown");
   user_.During([&] { trigger("Scenarios..."); },
@@ -307,7 +307,7 @@ TEST_F(Window, SettingsAndScenariosAreChangedInTheirDialogs) {
                               });
                  PressButton(dialog, "Close");
                });
-  EXPECT_EQ(program_->Store().Scenarios()[0].name, "Harbour");
+  EXPECT_EQ(program_->Store().Scenarios().List()[0].name, "Harbour");
   EXPECT_EQ(qobject_cast<QComboBox*>(user_.Find("fdocCBScenario"))->currentText(), "Harbour");
 }
 

@@ -11,6 +11,7 @@
 #include "client/window/editor_view.h"
 #include "client/window/entity_tree.h"
 #include "client/window/window_program.h"
+#include "client/window/window_settings.h"
 #include "database/open.h"
 #include "store/network/network_import.h"
 #include "support/rows_text.h"
@@ -53,7 +54,7 @@ WindowSession::WindowSession() {
   InWindows([this] {
     program_ = std::make_unique<client::Program>();
     client::StartWithWindow(*program_);
-    program_->Settings().File().clear();
+    client::WindowSettings(program_->Settings()).clear();
     window_ = std::make_unique<client::MainWindow>(*program_);
     window_->setGeometry(0, 0, 1500, 1150);  // every row of an ECP in sight
     window_->show();

@@ -5,13 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "client/cli/output_format.h"
 #include "session/study_session.h"
 #include "store/studies/study_store.h"
 
 /// Studies as text for people or as JSON for programs.
 namespace kiv::client {
-
-enum class OutputFormat { Text, Json };
 
 void PrintStudies(const std::vector<store::StudySummary>& studies, OutputFormat format, std::ostream& out);
 

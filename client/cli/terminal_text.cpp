@@ -1,4 +1,4 @@
-#include "client/texts/terminal_text.h"
+#include "client/cli/terminal_text.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,14 +1,13 @@
 #pragma once
 
-#include <iosfwd>
-#include <optional>
+#include <cstdint>
+#include <string>
 #include <vector>
 
-#include "client/texts/study_printer.h"
 #include "store/history/study_difference.h"
 #include "store/history/study_history.h"
 
-/// The history of studies as text for people or as JSON for programs.
+/// The history of studies in words.
 namespace kiv::client {
 
 /// One entry, and what it changed.
@@ -26,12 +25,5 @@ std::string ChangeWord(store::StudyDifference::Kind kind);
 
 /// What a difference says: `45 -> 60`, `added: ...`, `removed: ...`
 std::string DifferenceText(const store::StudyDifference& difference);
-
-void PrintHistory(const std::vector<HistoryStep>& steps, OutputFormat format, std::ostream& out);
-/// One entry, field by field.
-void PrintDifferences(const std::vector<store::StudyDifference>& differences, OutputFormat format,
-                      std::ostream& out);
-void PrintDeletedStudies(const std::vector<store::HistoryEntry>& studies, OutputFormat format,
-                         std::ostream& out);
 
 }  // namespace kiv::client

@@ -1,10 +1,10 @@
-#include "client/texts/study_printer.h"
+#include "client/cli/study_printer.h"
 
 #include <algorithm>
 #include <ostream>
 
-#include "client/texts/terminal_text.h"
-#include "client/texts/text_table.h"
+#include "client/cli/terminal_text.h"
+#include "client/cli/text_table.h"
 #include "core/conversions.h"
 #include "session/study_problems.h"
 #include "store/exchange/json.h"
@@ -54,12 +54,6 @@ void PrintList(const StoredList& list, const std::string& indent, std::ostream& 
   }
 }
 
-std::string ScenarioName(const std::vector<host::Document>& scenarios, std::int32_t id) {
-  const auto found = std::find_if(scenarios.begin(), scenarios.end(),
-                                  [id](const host::Document& scenario) { return scenario.id == id; });
-  return found == scenarios.end() ? std::string() : found->name;
-}
-
 }  // namespace
 
 void PrintStudies(const std::vector<store::StudySummary>& studies, OutputFormat format, std::ostream& out) {
@@ -91,7 +85,7 @@ void PrintStudy(const store::Study& study, const std::vector<host::Document>& sc
                 std::ostream& out) {
   const CKivStudyData& record = *study.record;
   store::Json json = {{"id", record.ID()}, {"revision", study.revision}};
-  json.update(store::ContentOf(study, ScenarioName(scenarios, record.ScenarioID())));
+  json.update(store::ContentOf(study, store::NameOf(scenarios, record.ScenarioID())));
   if (format == OutputFormat::Json) {
     out << store::ShownJson(json) << '\n';
     return;

@@ -1,4 +1,4 @@
-#include "store/studies/study.h"
+#include "store/study.h"
 
 #include "core/study_kinds.h"
 #include "store/store_error.h"

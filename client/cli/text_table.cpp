@@ -1,9 +1,9 @@
-#include "client/texts/text_table.h"
+#include "client/cli/text_table.h"
 
 #include <algorithm>
 #include <ostream>
 
-#include "client/texts/terminal_text.h"
+#include "client/cli/terminal_text.h"
 
 namespace kiv::client {
 

@@ -1,8 +1,9 @@
-#include "client/texts/study_import_printer.h"
+#include "client/cli/study_import_printer.h"
 
 #include <ostream>
 
-#include "client/texts/terminal_text.h"
+#include "client/cli/terminal_text.h"
+#include "client/texts/import_text.h"
 #include "store/exchange/json.h"
 
 namespace kiv::client {
@@ -11,10 +12,6 @@ namespace {
 
 using Outcome = session::StudyImportReport::Outcome;
 
-std::string Counted(std::size_t count, const std::string& one, const std::string& many) {
-  return std::to_string(count) + " " + (count == 1 ? one : many);
-}
-
 const char* OutcomeWord(Outcome outcome) {
   switch (outcome) {
     case Outcome::Good: return "good";
@@ -22,14 +19,6 @@ const char* OutcomeWord(Outcome outcome) {
     case Outcome::Refused: return "refused";
   }
   return "";
-}
-
-std::string ScenarioText(const session::StudyImportReport& report) {
-  if (report.newScenarios.empty() || report.outcome == Outcome::Refused) return {};
-  std::string names;
-  for (const std::string& name : report.newScenarios) names += (names.empty() ? "\"" : ", \"") + name + "\"";
-  return (report.outcome == Outcome::Good ? " An import makes the " : " It made the ") +
-         std::string(report.newScenarios.size() == 1 ? "scenario " : "scenarios ") + names + ".";
 }
 
 void PrintJson(const session::StudyImportReport& report, std::ostream& out) {
@@ -54,22 +43,6 @@ void PrintJson(const session::StudyImportReport& report, std::ostream& out) {
 }
 
 }  // namespace
-
-std::string ImportProblemText(const session::ImportProblem& problem) {
-  return problem.file + ": " + (problem.study.empty() ? "" : problem.study + ": ") + problem.reason;
-}
-
-std::string OutcomeText(const session::StudyImportReport& report) {
-  const std::string studies = Counted(report.studies.size(), "study is ", "studies are ");
-  switch (report.outcome) {
-    case Outcome::Good: return studies + "good. Nothing was stored." + ScenarioText(report);
-    case Outcome::Imported: return studies + "imported." + ScenarioText(report);
-    case Outcome::Refused:
-      return Counted(report.problems.size(), "problem", "problems") +
-             " found. Nothing was stored. Correct the files, then try again.";
-  }
-  return {};
-}
 
 void PrintStudyImport(const session::StudyImportReport& report, OutputFormat format, std::ostream& out,
                       std::ostream& err) {

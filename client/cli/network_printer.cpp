@@ -1,4 +1,4 @@
-#include "client/texts/network_printer.h"
+#include "client/cli/network_printer.h"
 
 #include <unistd.h>
 
@@ -8,7 +8,8 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
-#include "client/texts/terminal_text.h"
+#include "client/cli/terminal_text.h"
+#include "client/texts/import_text.h"
 #include "store/exchange/json.h"
 
 namespace kiv::client {
@@ -25,10 +26,6 @@ std::string_view OutcomeWord(Outcome outcome) {
     case Outcome::Cancelled: return "cancelled";
   }
   return "";
-}
-
-std::string Counted(std::size_t count, const std::string& one) {
-  return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
 }
 
 void PrintJson(const store::NetworkReport& report, std::ostream& out) {
@@ -51,24 +48,6 @@ void PrintJson(const store::NetworkReport& report, std::ostream& out) {
 }
 
 }  // namespace
-
-std::string BadLineText(const store::BadLine& badLine) {
-  const std::string place =
-      badLine.line == 0 ? badLine.file : badLine.file + ":" + std::to_string(badLine.line);
-  return place + ": " + badLine.reason;
-}
-
-std::string OutcomeText(const store::NetworkReport& report) {
-  switch (report.outcome) {
-    case Outcome::Good: return "Every line is good. Nothing was written.";
-    case Outcome::Imported: return "The network is imported.";
-    case Outcome::Refused:
-      return Counted(report.badLines.size(), "fault") +
-             " found. Nothing was imported; the network is as it was. Correct the files, then try again.";
-    case Outcome::Cancelled: return "Cancelled. Nothing was imported; the network is as it was.";
-  }
-  return {};
-}
 
 void PrintNetworkReport(const store::NetworkReport& report, OutputFormat format, std::ostream& out,
                         std::ostream& err) {

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "host/database.h"
+
+namespace kiv::store {
+
+/// Runs one of the store's own queries.
+inline std::shared_ptr<host::Recordset> Query(host::Database& database, const std::string& sql) {
+  constexpr int kTimeoutSeconds = 60;
+  return database.OpenQuery(sql, kTimeoutSeconds);
+}
+
+}  // namespace kiv::store

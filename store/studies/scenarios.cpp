@@ -1,0 +1,84 @@
+#include "store/studies/scenarios.h"
+
+#include <algorithm>
+
+#include "core/conversions.h"
+#include "core/fields.h"
+#include "core/numeric_text.h"
+#include "core/study_data.h"
+#include "store/query.h"
+#include "store/store_error.h"
+
+namespace kiv::store {
+
+namespace {
+
+constexpr std::string_view kTable = "kiv_scenario";
+
+}  // namespace
+
+std::vector<host::Document> Scenarios::List() const {
+  const auto rows = Query(connection_, "SELECT id, name FROM kiv_scenario");
+  std::vector<host::Document> scenarios;
+  for (; !rows->EndOfFile(); rows->MoveNext()) {
+    scenarios.push_back({ToInt32(rows->FieldAt(0)), ToText(rows->FieldAt(1))});
+  }
+  std::ranges::sort(scenarios, {}, &host::Document::name);
+  return scenarios;
+}
+
+std::optional<std::int32_t> Scenarios::Find(const std::string& name) const {
+  const auto row = Query(connection_, "SELECT id FROM kiv_scenario WHERE lower(name) = lower(" +
+                                          connection_.FormatValueList({{Variant(name)}}) + ")");
+  if (row->EndOfFile()) return std::nullopt;
+  return ToInt32(row->FieldAt(0));
+}
+
+std::string Scenarios::NameOf(std::int32_t id) const {
+  if (id == CKivStudyData::kNotGiven) return {};
+  const auto row = Query(connection_, "SELECT name FROM kiv_scenario WHERE id = " + std::to_string(id));
+  return row->EndOfFile() ? std::string() : ToText(row->FieldAt(0));
+}
+
+std::int32_t Scenarios::Add(const std::string& name) {
+  const std::string checked = CheckedName(name, CKivStudyData::kNotGiven);
+  const std::vector<host::Assignment> values = {{"name", checked}};
+  const auto row = Query(connection_, sql::InsertStatement(connection_, kTable, values) + " RETURNING id");
+  return ToInt32(row->FieldAt(0));
+}
+
+std::int32_t Scenarios::FindOrAdd(const std::string& name) {
+  const auto present = Find(name);
+  return present ? *present : Add(name);
+}
+
+void Scenarios::Rename(std::int32_t id, const std::string& name) {
+  const std::vector<host::Assignment> values = {{"name", CheckedName(name, id)}};
+  connection_.ExecuteSql(sql::UpdateStatement(connection_, kTable, values, id));
+}
+
+void Scenarios::Remove(std::int32_t id) {
+  const auto users =
+      Query(connection_, "SELECT count(*) FROM kiv_study WHERE scenario_id = " + std::to_string(id));
+  if (const std::int32_t count = ToInt32(users->FieldAt(0)); count > 0) {
+    throw StoreError("The scenario still has " + std::to_string(count) +
+                     (count == 1 ? " study" : " studies") + ". Move or delete them first.");
+  }
+  connection_.ExecuteSql("DELETE FROM kiv_scenario WHERE id = " + std::to_string(id));
+}
+
+std::string Scenarios::CheckedName(const std::string& name, std::int32_t ownId) const {
+  std::string trimmed(Trimmed(name));
+  if (trimmed.empty()) throw StoreError("A scenario needs a name.");
+  if (Find(trimmed).value_or(ownId) != ownId) {
+    throw StoreError("There is already a scenario named \"" + trimmed + "\". Choose another name.");
+  }
+  return trimmed;
+}
+
+std::string NameOf(std::span<const host::Document> scenarios, std::int32_t id) {
+  const auto found = std::ranges::find(scenarios, id, &host::Document::id);
+  return found == scenarios.end() ? std::string() : found->name;
+}
+
+}  // namespace kiv::store
