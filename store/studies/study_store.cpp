@@ -264,11 +264,11 @@ StudyStore::WrittenRow StudyStore::WriteStudyRow(const Study& study, const SaveN
     record.SetID(ToInt32(row->Field("id")));
     return {ToInt32(row->Field("revision")), false};
   }
-  const auto row = Query(*connection_, sql::UpdateStatement(*connection_, kStudyTable, values, record.ID()) +
-                                           " AND revision = " + std::to_string(study.revision) +
-                                           " RETURNING revision, (SELECT count(*) FROM " +
-                                           FindStudyKind(record.AppName())->table +
-                                           " k WHERE k.Id = kiv_study.id)");
+  const auto row =
+      Query(*connection_, sql::UpdateStatement(*connection_, kStudyTable, values, record.ID()) +
+                              " AND revision = " + std::to_string(study.revision) +
+                              " RETURNING revision, (SELECT count(*) FROM " +
+                              FindStudyKind(record.AppName())->table + " k WHERE k.Id = kiv_study.id)");
   if (row->EndOfFile()) throw ConflictOver(record.ID());
   return {ToInt32(row->FieldAt(0)), ToInt32(row->FieldAt(1)) > 0};
 }
