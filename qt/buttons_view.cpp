@@ -1,3 +1,4 @@
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -21,9 +22,7 @@ Qt::CheckState ToQt(ui::CheckState state) {
 
 void ShowCaption(QAbstractButton& button, const std::string& caption) {
   const QString text = qt::ToQt(caption);
-  if (button.text() == text) return;
-  button.setText(text);
-  button.setAccessibleName(PlainCaption(caption));
+  if (button.text() != text) button.setText(text);
 }
 
 class CheckBoxView final : public QCheckBox, public ControlView {
@@ -33,8 +32,6 @@ class CheckBoxView final : public QCheckBox, public ControlView {
     ShowAppearance();
     ShowValue();
   }
-
-  bool HoldsValue() const override { return true; }
 
   void ShowAppearance() override {
     ControlView::ShowAppearance();
@@ -65,12 +62,14 @@ class OptionButtonView final : public QRadioButton, public ControlView {
         ControlView(option, *this),
         option_(option),
         changed_(ShowValueOn(option.Changed)) {
-    setAutoExclusive(false);  // the control alone knows which options belong together
+    // The control alone knows which options belong together. Alone in a group the button leaves others as
+    // they are, and a screen reader still calls it an option.
+    auto* alone = new QButtonGroup(this);
+    alone->setExclusive(false);
+    alone->addButton(this);
     ShowAppearance();
     ShowValue();
   }
-
-  bool HoldsValue() const override { return true; }
 
   void ShowAppearance() override {
     ControlView::ShowAppearance();
@@ -85,6 +84,12 @@ class OptionButtonView final : public QRadioButton, public ControlView {
 
   void nextCheckState() override {
     Act([this] { option_.Click(); });
+  }
+
+  /// Qt would stop at every option that once had the focus.
+  void focusInEvent(QFocusEvent* event) override {
+    QRadioButton::focusInEvent(event);
+    if (Alive()) ShowValue();
   }
 
   void keyPressEvent(QKeyEvent* event) override {

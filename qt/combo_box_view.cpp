@@ -38,7 +38,6 @@ class ComboBoxView final : public QComboBox, public ControlView {
     setPlaceholderText(hint);
     setMinimumContentsLength(std::max(kLeastCharacters, static_cast<int>(hint.size())));
   }
-  bool HoldsValue() const override { return true; }
 
  protected:
   void ShowValue() override { setCurrentIndex(list_.ListIndex()); }

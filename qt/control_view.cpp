@@ -68,23 +68,25 @@ void ControlView::Enter() {
   }
 }
 
-void ControlView::Leave() {
-  Act([this] { control_.LoseFocus(); });
+void ControlView::Leave(ui::FocusTo to) {
+  Act([this, to] { control_.LoseFocus(to); });
 }
 
 ScopedConnection ControlView::ShowValueOn(Signal<>& event) {
   return event.Connect([this] { ShowValue(); });
 }
 
-void ControlView::Act(const std::function<void()>& verb) {
-  if (!Alive()) return;
+bool ControlView::Act(const std::function<void()>& verb) {
+  if (!Alive()) return true;
   const QPointer<QWidget> widget(&widget_);  // the verb may close the page
   try {
     verb();
   } catch (const std::exception& error) {
     ReportHandledError(error);
   }
-  if (widget && Alive()) ShowValue();
+  if (!widget) return false;
+  if (Alive()) ShowValue();
+  return true;
 }
 
 }  // namespace kiv::qt

@@ -31,9 +31,6 @@ class ControlView {
   /// Shows whether the control is enabled and visible, and its caption.
   virtual void ShowAppearance();
 
-  /// Whether the user enters a value here, which can be marked as wrong.
-  virtual bool HoldsValue() const { return false; }
-
   /// A widget that is enabled and visible together with this one: a fixed text or a label of it.
   void AddCompanion(QWidget* companion);
 
@@ -44,7 +41,7 @@ class ControlView {
 
   /// The input focus came to the widget, or left it.
   void Enter();
-  void Leave();
+  void Leave(ui::FocusTo to);
 
  protected:
   ControlView(ui::Control& control, QWidget& widget);
@@ -53,8 +50,8 @@ class ControlView {
   /// Shows the value whenever the event is raised.
   ScopedConnection ShowValueOn(Signal<>& event);
   /// Runs a user's verb and shows the value that it left. An exception, which could not pass through Qt, goes
-  /// to the host's error reporter.
-  void Act(const std::function<void()>& verb);
+  /// to the host's error reporter. False when the verb closed the page: nothing of this view is left then.
+  bool Act(const std::function<void()>& verb);
 
  private:
   /// A hidden control has no icon.

@@ -6,7 +6,7 @@ namespace {
 
 class ViewFactory final : public ui::ControlVisitor {
  public:
-  ViewFactory(QWidget* parent, BoxWidth width) : parent_(parent), width_(width) {}
+  ViewFactory(QWidget* parent, ui::BoxWidth width) : parent_(parent), width_(width) {}
 
   ControlView* Made() const { return made_; }
 
@@ -23,13 +23,13 @@ class ViewFactory final : public ui::ControlVisitor {
 
  private:
   QWidget* parent_;
-  BoxWidth width_;
+  ui::BoxWidth width_;
   ControlView* made_ = nullptr;
 };
 
 }  // namespace
 
-ControlView* MakeView(ui::Control& control, QWidget* parent, BoxWidth width) {
+ControlView* MakeView(ui::Control& control, QWidget* parent, ui::BoxWidth width) {
   ViewFactory factory(parent, width);
   control.Accept(factory);
   return factory.Made();

@@ -1,9 +1,9 @@
-#include <QAbstractButton>
 #include <QGroupBox>
 #include <QLabel>
 
 #include "qt/control_views.h"
 #include "qt/text.h"
+#include "ui/caption.h"
 
 namespace kiv::qt {
 
@@ -16,15 +16,11 @@ class LabelView final : public QLabel, public ControlView {
     ShowAppearance();
   }
 
-  /// A label of a field underlines its mnemonic and names the field.
+  /// A label of a field underlines its mnemonic.
   void ShowAppearance() override {
     ControlView::ShowAppearance();
-    const QString shown = buddy() ? ToQt(label_.Caption()) : PlainCaption(label_.Caption());
+    const QString shown = ToQt(buddy() ? label_.Caption() : ui::PlainCaption(label_.Caption()));
     if (shown != text()) setText(shown);
-    // A button or box goes by its own caption.
-    if (buddy() && !qobject_cast<QAbstractButton*>(buddy())) {
-      buddy()->setAccessibleName(SpokenLabel(label_.Caption()));
-    }
   }
 
  private:
@@ -40,9 +36,7 @@ class FrameView final : public QGroupBox, public ControlView {
   void ShowAppearance() override {
     ControlView::ShowAppearance();
     const QString caption = ToQt(frame_.Caption());
-    if (caption == title()) return;
-    setTitle(caption);
-    setAccessibleName(PlainCaption(frame_.Caption()));
+    if (caption != title()) setTitle(caption);
   }
 
  private:

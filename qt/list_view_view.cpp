@@ -4,9 +4,11 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QMimeData>
+#include <QPointer>
 #include <QScrollBar>
 #include <QTreeView>
 #include <algorithm>
+#include <utility>
 
 #include "host/services.h"
 #include "qt/control_views.h"
@@ -19,31 +21,28 @@ namespace {
 constexpr int kLeastLines = 4;
 constexpr int kUsualLines = 6;
 
-/// The rows of a list as Qt asks for them; it holds none of its own.
+/// The rows of a list as Qt asks for them; it holds none of its own. Qt may ask at any moment, also for rows
+/// that are gone and after the list itself is gone.
 class RowModel final : public QAbstractTableModel {
  public:
-  RowModel(ui::ListView& list, std::function<void(std::size_t)> clickCheckBox)
-      : list_(list), clickCheckBox_(std::move(clickCheckBox)) {}
+  /// `view` is the view of `list` and knows whether the list is there.
+  RowModel(const ControlView& view, ui::ListView& list, std::function<void(std::size_t)> clickCheckBox)
+      : view_(view), list_(list), clickCheckBox_(std::move(clickCheckBox)) {}
 
   void Reset() {
     beginResetModel();
     endResetModel();
   }
-  /// The list is gone; there is nothing to show any more.
-  void Detach() {
-    beginResetModel();
-    attached_ = false;
-    endResetModel();
-  }
 
   int rowCount(const QModelIndex& parent = {}) const override {
-    return parent.isValid() || !attached_ ? 0 : static_cast<int>(list_.RowCount());
+    return parent.isValid() || !view_.Alive() ? 0 : static_cast<int>(list_.RowCount());
   }
   int columnCount(const QModelIndex& parent = {}) const override {
-    return parent.isValid() || !attached_ ? 0 : static_cast<int>(list_.Columns().size());
+    return parent.isValid() || !view_.Alive() ? 0 : static_cast<int>(list_.Columns().size());
   }
 
   QVariant data(const QModelIndex& index, int role) const override {
+    if (!hasIndex(index.row(), index.column())) return {};
     const auto position = static_cast<std::size_t>(index.row());
     if (role == Qt::DisplayRole) {
       return ToQt(list_.Text(position, static_cast<std::size_t>(index.column())));
@@ -56,18 +55,19 @@ class RowModel final : public QAbstractTableModel {
   }
 
   bool setData(const QModelIndex& index, const QVariant&, int role) override {
-    if (role != Qt::CheckStateRole) return false;
+    if (role != Qt::CheckStateRole || !hasIndex(index.row(), index.column())) return false;
     clickCheckBox_(static_cast<std::size_t>(index.row()));
     return true;
   }
 
   Qt::ItemFlags flags(const QModelIndex& index) const override {
+    if (!hasIndex(index.row(), index.column())) return Qt::NoItemFlags;
     const Qt::ItemFlags usual = QAbstractTableModel::flags(index) | Qt::ItemNeverHasChildren;
     return list_.Checkboxes() && index.column() == 0 ? usual | Qt::ItemIsUserCheckable : usual;
   }
 
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
-    if (orientation != Qt::Horizontal) return {};
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
     if (role == Qt::DisplayRole) return ToQt(list_.Columns()[static_cast<std::size_t>(section)].caption);
     if (role == Qt::TextAlignmentRole) return QVariant::fromValue(AlignmentOf(section));
     return {};
@@ -79,9 +79,9 @@ class RowModel final : public QAbstractTableModel {
     return (right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
   }
 
+  const ControlView& view_;
   ui::ListView& list_;
   std::function<void(std::size_t)> clickCheckBox_;
-  bool attached_ = true;
 };
 
 class ListViewView final : public QTreeView, public ControlView {
@@ -90,7 +90,8 @@ class ListViewView final : public QTreeView, public ControlView {
       : QTreeView(parent),
         ControlView(list, *this),
         list_(list),
-        model_(list, [this](std::size_t position) { Act([=, this] { list_.ClickCheckBox(position); }); }),
+        model_(*this, list,
+               [this](std::size_t position) { Act([=, this] { list_.ClickCheckBox(position); }); }),
         rowsChanged_(list.RowsChanged.Connect([this] { ShowRows(); })),
         columnsChanged_(list.ColumnsChanged.Connect([this] { ShowColumns(); })),
         selectionChanged_(list.SelectionChanged.Connect([this] { ShowSelection(); })) {
@@ -113,7 +114,11 @@ class ListViewView final : public QTreeView, public ControlView {
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { TakeSelection(); });
   }
 
-  bool HoldsValue() const override { return true; }
+  void ShowAppearance() override {
+    ControlView::ShowAppearance();
+    setSelectionMode(list_.MultiSelect() ? ExtendedSelection : SingleSelection);
+    if (std::exchange(checkboxes_, list_.Checkboxes()) != checkboxes_) ShowRows();
+  }
 
   QSize sizeHint() const override {
     return {QTreeView::sizeHint().width(), header()->sizeHint().height() + LineHeight() * kUsualLines};
@@ -125,10 +130,12 @@ class ListViewView final : public QTreeView, public ControlView {
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override {
     if (!Alive() || list_.MenuItems().empty()) return;
-    QMenu menu(this);
-    for (const std::string& item : list_.MenuItems()) menu.addAction(ToQt(item));
-    const QAction* chosen = menu.exec(event->globalPos());
-    const auto item = menu.actions().indexOf(chosen);
+    const QPointer<QMenu> menu = new QMenu(this);
+    for (const std::string& item : list_.MenuItems()) menu->addAction(ToQt(item));
+    const QAction* chosen = menu->exec(event->globalPos());
+    if (!menu) return;  // the page was closed meanwhile, and its menu with it
+    const auto item = menu->actions().indexOf(chosen);
+    delete menu;
     if (item >= 0) Act([=, this] { list_.ChooseMenuItem(static_cast<std::size_t>(item)); });
   }
 
@@ -178,8 +185,6 @@ class ListViewView final : public QTreeView, public ControlView {
   }
 
   void ShowRows() {
-    const bool multi = list_.MultiSelect();
-    setSelectionMode(multi ? ExtendedSelection : SingleSelection);
     header()->setSortIndicatorShown(list_.SortColumn() != ui::ListView::kUnsorted);
     header()->setSortIndicator(list_.SortColumn(), list_.Direction() == ui::SortDirection::Ascending
                                                        ? Qt::AscendingOrder
@@ -223,13 +228,13 @@ class ListViewView final : public QTreeView, public ControlView {
       }
     }
     showing_ = true;  // the list has it now as it is shown
-    Act([&] { list_.SelectPositions(positions); });
-    showing_ = false;
+    if (Act([&] { list_.SelectPositions(positions); })) showing_ = false;
   }
 
   ui::ListView& list_;
   RowModel model_;
   bool showing_ = false;
+  bool checkboxes_ = false;
   ScopedConnection rowsChanged_;
   ScopedConnection columnsChanged_;
   ScopedConnection selectionChanged_;

@@ -23,17 +23,15 @@ class MaskedEditView final : public QLineEdit, public ControlView {
     ShowValue();
     // What comes past the keyboard, such as a drop or the context menu.
     connect(this, &QLineEdit::textEdited, this,
-            [this](const QString& text) { Act([this, &text] { edit_.SetText(FromQt(text)); }); });
+            [this](const QString& text) { Act([this, &text] { edit_.Edit(FromQt(text)); }); });
   }
-
-  bool HoldsValue() const override { return true; }
 
  protected:
   void ShowValue() override {
     setPlaceholderText(ToQt(edit_.Mask()));
     const QString shown = ToQt(edit_.Text());
     if (shown != text()) setText(shown);
-    setCursorPosition(static_cast<int>(edit_.CursorPosition()));
+    setCursorPosition(static_cast<int>(edit_.CaretPosition()));
   }
 
   void keyPressEvent(QKeyEvent* event) override {
@@ -43,7 +41,7 @@ class MaskedEditView final : public QLineEdit, public ControlView {
  private:
   bool Edits(const QKeyEvent& event) {
     if (event.matches(QKeySequence::Paste)) {
-      Do([this] { edit_.Paste(FromQt(QGuiApplication::clipboard()->text().trimmed())); });
+      Do([this] { edit_.Paste(FromQt(QGuiApplication::clipboard()->text())); });
     } else if (event.matches(QKeySequence::Cut)) {
       copy();
       if (hasSelectedText()) Do([this] { edit_.Delete(); });

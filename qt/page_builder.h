@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QString>
+#include <utility>
 #include <vector>
 
-#include "ui/layout.h"
+#include "ui/page_plan.h"
 
 class QBoxLayout;
 class QGridLayout;
@@ -13,35 +13,32 @@ class QWidget;
 namespace kiv::qt {
 
 class ControlView;
-enum class BoxWidth;
 
-/// Makes the widgets of a layout tree and arranges them.
+/// Makes the widgets of a page plan and arranges them in Qt's layouts.
 class PageBuilder {
  public:
   /// Fills a widget that has no layout yet.
-  void Build(const ui::LayoutItem& page, QWidget* content);
+  void Build(const ui::PlanItem& root, QWidget* content);
 
-  /// Every view made, in the order of the layout.
+  /// Every view made, in the order of the plan.
   const std::vector<ControlView*>& Views() const { return views_; }
   /// The labels in front of the fields of all forms.
   const std::vector<QLabel*>& FormLabels() const { return formLabels_; }
 
  private:
-  struct Row;
-
-  void AddToColumn(QBoxLayout& column, const ui::LayoutItem& item, QWidget* parent);
-  void AddArea(QBoxLayout& box, const ui::LayoutItem& area, QWidget* parent);
-  void AddGrid(QBoxLayout& box, const ui::LayoutItem& grid, QWidget* parent);
-  void AddToForm(QGridLayout& form, const ui::LayoutItem& item, QWidget* parent);
-  QLabel* MakeFieldLabel(const ui::LayoutItem& field, QWidget* parent);
-  void FillField(QBoxLayout& box, const ui::LayoutItem& field, QLabel* label, QWidget* parent);
-  void FillRow(QBoxLayout& box, const std::vector<ui::LayoutItem>& items, QWidget* parent,
-               const QString& fieldName);
-  void AddControl(Row& row, ui::Control& control, BoxWidth width);
-  ControlView* Make(ui::Control& control, QWidget* parent, BoxWidth width);
+  void Fill(QBoxLayout& box, const ui::PlanItem& whole, QWidget* parent);
+  void Add(QBoxLayout& box, const ui::PlanItem& item, QWidget* parent);
+  void AddGroup(QBoxLayout& box, const ui::PlanItem& group, QWidget* parent);
+  void FillGrid(QGridLayout& grid, const ui::PlanItem& item, QWidget* parent);
+  QWidget* MakeText(const ui::PlanItem& text, QWidget* parent);
+  QWidget* MakeControl(const ui::PlanItem& item, QWidget* parent);
+  void AddFormLabel(QGridLayout& form, const ui::PlanItem& label, QWidget* parent);
+  void TieTexts();
+  ControlView* ViewOf(const ui::Control* control) const;
 
   std::vector<ControlView*> views_;
   std::vector<QLabel*> formLabels_;
+  std::vector<std::pair<QLabel*, const ui::PlanItem*>> texts_;  // fixed ones and Labels
 };
 
 }  // namespace kiv::qt

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFocusEvent>
 #include <QLabel>
+#include <QPointer>
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -11,6 +12,7 @@
 #include "qt/control_view.h"
 #include "qt/page_builder.h"
 #include "qt/text.h"
+#include "ui/control_traits.h"
 
 namespace kiv::qt {
 
@@ -22,33 +24,25 @@ ui::Container& OutermostOf(ui::Container& page) {
   return *container;
 }
 
-/// From a menu, a drop-down list or another window the focus comes back by itself: the control never lost it.
-bool IsTemporary(const QWidget& left, Qt::FocusReason reason) {
+ui::FocusTo WhereTo(const QWidget& left, Qt::FocusReason reason) {
   const QWidget* now = QApplication::focusWidget();
-  return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
-         reason == Qt::MenuBarFocusReason || (now && now->window() != left.window());
-}
-
-QString SummaryOf(const std::vector<Mark>& marks) {
-  if (marks.empty()) return {};
-  const QString first = ToQt(marks.front().message).simplified();
-  switch (marks.size()) {
-    case 1: return first;
-    case 2: return QStringLiteral("%1 (and one more problem)").arg(first);
-    default: return QStringLiteral("%1 (and %2 more problems)").arg(first).arg(marks.size() - 1);
-  }
+  if (reason == Qt::MenuBarFocusReason) return ui::FocusTo::Menu;
+  if (reason == Qt::PopupFocusReason) return ui::FocusTo::DropDownList;
+  const bool toWindow = reason == Qt::ActiveWindowFocusReason || (now && now->window() != left.window());
+  return toWindow ? ui::FocusTo::AnotherWindow : ui::FocusTo::AnotherControl;
 }
 
 }  // namespace
 
 PageView::PageView(ui::Container& page, const ui::LayoutItem& layout, QWidget* parent, Shape shape)
     : QWidget(parent),
+      plan_(layout),
       outermost_(&OutermostOf(page)),
       scroll_(new QScrollArea(this)),
       summary_(new QLabel(this)) {
   auto* content = new QWidget;
   PageBuilder builder;
-  builder.Build(layout, content);
+  builder.Build(plan_.Root(), content);
   formLabels_ = builder.FormLabels();
   if (shape == Shape::Strip) {
     content->layout()->setContentsMargins({});
@@ -59,12 +53,9 @@ PageView::PageView(ui::Container& page, const ui::LayoutItem& layout, QWidget* p
   for (ControlView* view : builder.Views()) {
     views_.emplace(&view->Control(), view);
     if (view->Widget().focusPolicy() != Qt::NoFocus) view->Widget().installEventFilter(this);
+    ShowNames({&view->Control()});
   }
-  for (QLabel* label : formLabels_) {
-    if (auto* view = dynamic_cast<ControlView*>(label)) {
-      labelsChanged_.emplace_back(view->Control().AppearanceChanged.Connect([this] { AlignLabels(); }));
-    }
-  }
+  FollowCaptions();
 
   scroll_->setFrameShape(QFrame::NoFrame);
   scroll_->setWidgetResizable(true);
@@ -98,9 +89,9 @@ ControlView* PageView::ViewOf(const ui::Control* control) const {
   return found == views_.end() ? nullptr : found->second;
 }
 
-void PageView::ShowMarks(const std::vector<Mark>& marks) {
+void PageView::ShowMarks(const std::vector<ui::Mark>& marks) {
   const std::vector<ControlView*> before = std::exchange(marked_, {});
-  for (const Mark& mark : marks) {
+  for (const ui::Mark& mark : marks) {
     ControlView* view = ViewOf(mark.control);
     if (!view || std::find(marked_.begin(), marked_.end(), view) != marked_.end()) continue;
     view->ShowMark(ToQt(mark.message));
@@ -109,7 +100,7 @@ void PageView::ShowMarks(const std::vector<Mark>& marks) {
   for (ControlView* view : before) {
     if (std::find(marked_.begin(), marked_.end(), view) == marked_.end()) view->ShowMark({});
   }
-  summary_->setText(SummaryOf(marks));
+  summary_->setText(ToQt(ui::SummaryOf(marks)));
 }
 
 QSize PageView::sizeHint() const {
@@ -123,11 +114,13 @@ QSize PageView::sizeHint() const {
 bool PageView::eventFilter(QObject* object, QEvent* event) {
   if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
     if (auto* view = dynamic_cast<ControlView*>(object)) {
+      const QPointer<QObject> widget(object);
       if (event->type() == QEvent::FocusIn) {
         view->Enter();
-      } else if (!IsTemporary(view->Widget(), static_cast<QFocusEvent*>(event)->reason())) {
-        view->Leave();
+      } else {
+        view->Leave(WhereTo(view->Widget(), static_cast<QFocusEvent*>(event)->reason()));
       }
+      return widget.isNull();  // an event for nobody goes no further
     }
   }
   return QWidget::eventFilter(object, event);
@@ -152,8 +145,29 @@ void PageView::MoveFocusTo(const ui::Control& control) {
   const ControlView* view = ViewOf(&control);
   if (!view || view->Widget().focusPolicy() == Qt::NoFocus) return;
   QWidget& widget = view->Widget();
+  const QPointer<PageView> page(this);  // who loses the focus may close it
   if (!widget.hasFocus()) widget.setFocus(Qt::OtherFocusReason);
-  scroll_->ensureWidgetVisible(&widget);
+  if (page) scroll_->ensureWidgetVisible(&widget);
+}
+
+void PageView::ShowNames(const std::vector<ui::Control*>& controls) {
+  for (ui::Control* control : controls) {
+    const QString name = ToQt(plan_.NameOf(*control));
+    QWidget* widget = WidgetOf(*control);
+    if (widget && widget->accessibleName() != name) widget->setAccessibleName(name);
+  }
+}
+
+/// A changed caption may name other controls and widen the labels.
+void PageView::FollowCaptions() {
+  for (const auto& entry : views_) {
+    ui::Control& control = entry.second->Control();
+    if (!ui::TraitsOf(control).caption) continue;
+    captionsChanged_.emplace_back(control.AppearanceChanged.Connect([this, &control] {
+      ShowNames(plan_.NamedBy(control));
+      if (qobject_cast<QLabel*>(WidgetOf(control))) AlignLabels();
+    }));
+  }
 }
 
 /// All forms of a page share one width of labels.

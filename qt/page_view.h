@@ -1,13 +1,12 @@
 #pragma once
 
 #include <QWidget>
-#include <string>
 #include <unordered_map>
 #include <vector>
 
 #include "base/signal.h"
 #include "ui/control.h"
-#include "ui/layout.h"
+#include "ui/page_plan.h"
 
 class QLabel;
 class QScrollArea;
@@ -15,12 +14,6 @@ class QScrollArea;
 namespace kiv::qt {
 
 class ControlView;
-
-/// Something that is wrong with a control, in words for the user.
-struct Mark {
-  const ui::Control* control = nullptr;
-  std::string message;
-};
 
 /// A page of controls as Qt widgets. The page and its view may go away in either order.
 class PageView : public QWidget {
@@ -39,7 +32,7 @@ class PageView : public QWidget {
 
   /// Marks these controls and no others, and tells the first message below the page, also when its control is
   /// on another page.
-  void ShowMarks(const std::vector<Mark>& marks);
+  void ShowMarks(const std::vector<ui::Mark>& marks);
 
   QSize sizeHint() const override;
   bool eventFilter(QObject* object, QEvent* event) override;
@@ -51,8 +44,11 @@ class PageView : public QWidget {
  private:
   ControlView* ViewOf(const ui::Control* control) const;
   void MoveFocusTo(const ui::Control& control);
+  void ShowNames(const std::vector<ui::Control*>& controls);
+  void FollowCaptions();
   void AlignLabels();
 
+  ui::PagePlan plan_;
   ui::Container* outermost_;
   QScrollArea* scroll_;
   QLabel* summary_;
@@ -60,7 +56,7 @@ class PageView : public QWidget {
   std::vector<QLabel*> formLabels_;
   std::vector<ControlView*> marked_;
   ScopedConnection focusChanged_;
-  std::vector<ScopedConnection> labelsChanged_;
+  std::vector<ScopedConnection> captionsChanged_;
 };
 
 }  // namespace kiv::qt

@@ -1,7 +1,6 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTextCursor>
-#include <algorithm>
 
 #include "qt/control_views.h"
 #include "qt/text.h"
@@ -25,8 +24,11 @@ class TextAreaView final : public TypedTextView<QPlainTextEdit> {
     ShowValue();
     connect(this, &QPlainTextEdit::textChanged, this, [this] {
       const std::string edited = FromQt(toPlainText());
-      if (Alive() && edited != area_.Text()) Act([this, &edited] { area_.Edit(edited); });
+      const auto caret = static_cast<std::size_t>(textCursor().position());
+      if (Alive() && edited != area_.Text()) Act([this, &edited, caret] { area_.Edit(edited, caret); });
     });
+    connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] { TakeCaret(); });
+    connect(this, &QPlainTextEdit::selectionChanged, this, [this] { TakeCaret(); });
   }
 
   QSize sizeHint() const override { return SizeOf(kUsualLines); }
@@ -36,21 +38,29 @@ class TextAreaView final : public TypedTextView<QPlainTextEdit> {
   void ShowValue() override {
     const QString shown = ToQt(area_.Text());
     if (shown == toPlainText()) return;
-    const int place = textCursor().position();
+    const auto caret = static_cast<int>(area_.CaretPosition());
     setPlainText(shown);
     QTextCursor cursor = textCursor();
-    cursor.setPosition(std::min(place, static_cast<int>(shown.size())));
+    cursor.setPosition(caret);
     setTextCursor(cursor);
   }
 
   void insertFromMimeData(const QMimeData* source) override {
     if (!source->hasText() || !Alive()) return;
     QString pasted;
-    Act([this, source, &pasted] { pasted = ToQt(area_.Pasted(FromQt(source->text()))); });
-    insertPlainText(pasted);
+    if (Act([this, source, &pasted] { pasted = ToQt(area_.Pasted(FromQt(source->text()))); })) {
+      insertPlainText(pasted);
+    }
   }
 
  private:
+  /// Tells the area where the user put the caret.
+  void TakeCaret() {
+    if (!Alive() || toPlainText() != ToQt(area_.Text())) return;  // the text is on its way
+    const QTextCursor cursor = textCursor();
+    area_.Select(static_cast<std::size_t>(cursor.anchor()), static_cast<std::size_t>(cursor.position()));
+  }
+
   QSize SizeOf(int lines) const {
     const int margin = 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
     return {fontMetrics().averageCharWidth() * kLeastCharacters + margin,

@@ -1,5 +1,4 @@
 #include <QLineEdit>
-#include <algorithm>
 
 #include "qt/control_views.h"
 #include "qt/text.h"
@@ -13,27 +12,24 @@ namespace {
 constexpr int kUsualCharacters = 17;
 constexpr int kShortCharacters = 7;
 
-/// A pasted line often comes with its line end, and a box holds one line.
-QString OneLine(QString text) {
-  while (text.endsWith(u'\n') || text.endsWith(u'\r')) text.chop(1);
-  text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
-  return text.replace(u'\n', u' ').replace(u'\r', u' ');
-}
-
 class TextBoxView final : public TypedTextView<QLineEdit> {
  public:
-  TextBoxView(ui::TextBox& box, QWidget* parent, BoxWidth width)
+  TextBoxView(ui::TextBox& box, QWidget* parent, ui::BoxWidth width)
       : TypedTextView(box, parent), box_(box), width_(width), changed_(ShowValueOn(box.Changed)) {
-    if (width == BoxWidth::Short) setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    if (width == ui::BoxWidth::Short) setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     ShowAppearance();
     ShowValue();
-    connect(this, &QLineEdit::textEdited, this,
-            [this](const QString& edited) { Act([this, &edited] { box_.Edit(FromQt(OneLine(edited))); }); });
+    connect(this, &QLineEdit::textEdited, this, [this](const QString& edited) {
+      const auto caret = static_cast<std::size_t>(cursorPosition());
+      Act([this, &edited, caret] { box_.Edit(FromQt(edited), caret); });
+    });
+    connect(this, &QLineEdit::cursorPositionChanged, this, [this] { TakeCaret(); });
+    connect(this, &QLineEdit::selectionChanged, this, [this] { TakeCaret(); });
   }
 
   QSize sizeHint() const override {
     const QSize usual = QLineEdit::sizeHint();
-    if (width_ == BoxWidth::Full) return usual;
+    if (width_ == ui::BoxWidth::Full) return usual;
     const int character = fontMetrics().horizontalAdvance(u'x');
     return {usual.width() - character * (kUsualCharacters - kShortCharacters), usual.height()};
   }
@@ -42,20 +38,30 @@ class TextBoxView final : public TypedTextView<QLineEdit> {
   void ShowValue() override {
     const QString shown = ToQt(box_.Text());
     if (shown == text()) return;
-    const int cursor = cursorPosition();
+    const auto caret = static_cast<int>(box_.CaretPosition());
     setText(shown);
-    setCursorPosition(std::min(cursor, static_cast<int>(shown.size())));
+    setCursorPosition(caret);
   }
 
  private:
+  /// Tells the box where the user put the caret.
+  void TakeCaret() {
+    if (!Alive() || text() != ToQt(box_.Text())) return;  // the text is on its way
+    const int caret = cursorPosition();
+    const int anchor = !hasSelectedText()          ? caret
+                       : caret == selectionStart() ? selectionEnd()
+                                                   : selectionStart();
+    box_.Select(static_cast<std::size_t>(anchor), static_cast<std::size_t>(caret));
+  }
+
   ui::TextBox& box_;
-  const BoxWidth width_;
+  const ui::BoxWidth width_;
   ScopedConnection changed_;
 };
 
 }  // namespace
 
-ControlView* MakeView(ui::TextBox& control, QWidget* parent, BoxWidth width) {
+ControlView* MakeView(ui::TextBox& control, QWidget* parent, ui::BoxWidth width) {
   return new TextBoxView(control, parent, width);
 }
 

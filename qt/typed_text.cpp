@@ -1,6 +1,6 @@
 #include "qt/typed_text.h"
 
-#include <algorithm>
+#include "qt/text.h"
 
 namespace kiv::qt {
 
@@ -31,17 +31,9 @@ KeyUse UseOf(const QKeyEvent& event) {
 }
 
 QString PassedByFilter(const ui::EditableText& box, const QString& typed) {
-  QString passed;
-  for (qsizetype i = 0; i < typed.size(); ++i) {
-    const bool pair = typed[i].isHighSurrogate() && i + 1 < typed.size();
-    const QString character = typed.mid(i, pair ? 2 : 1);
-    if (pair) ++i;
-    if (std::all_of(character.begin(), character.end(),
-                    [&box](QChar key) { return box.PassesFilter(key.unicode()); })) {
-      passed += character;
-    }
-  }
-  return passed;
+  // Some platforms send the two halves of a character as keys of their own, which are no text by themselves.
+  if (typed.size() == 1) return box.PassesFilter(typed.at(0).unicode()) ? typed : QString();
+  return ToQt(box.Passed(FromQt(typed)));
 }
 
 }  // namespace kiv::qt

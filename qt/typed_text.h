@@ -13,7 +13,7 @@ namespace kiv::qt {
 enum class KeyUse { Character, AltCombination, Other };
 KeyUse UseOf(const QKeyEvent& event);
 
-/// What the key filter of a box lets through; both halves of a surrogate pair, or none.
+/// What the key filter of a box lets through.
 QString PassedByFilter(const ui::EditableText& box, const QString& typed);
 
 /// A box for text whose typed characters go through the key filter of its control. `Base` is the toolkit's
@@ -23,8 +23,6 @@ class TypedTextView : public Base, public ControlView {
  public:
   TypedTextView(ui::EditableText& box, QWidget* parent) : Base(parent), ControlView(box, *this), box_(box) {}
 
-  bool HoldsValue() const override { return true; }
-
  protected:
   void keyPressEvent(QKeyEvent* event) override {
     switch (UseOf(*event)) {
@@ -32,7 +30,8 @@ class TypedTextView : public Base, public ControlView {
       case KeyUse::AltCombination: event->ignore(); return;
       case KeyUse::Character: break;
     }
-    const QString passed = Filtered(event->text());
+    QString passed;
+    if (!Filter(event->text(), passed)) return;
     if (passed == event->text()) {
       Base::keyPressEvent(event);
     } else if (!passed.isEmpty()) {
@@ -42,7 +41,8 @@ class TypedTextView : public Base, public ControlView {
   }
 
   void inputMethodEvent(QInputMethodEvent* event) override {
-    const QString passed = Filtered(event->commitString());
+    QString passed;
+    if (!Filter(event->commitString(), passed)) return;
     if (passed == event->commitString()) {
       Base::inputMethodEvent(event);
       return;
@@ -56,10 +56,9 @@ class TypedTextView : public Base, public ControlView {
   }
 
  private:
-  QString Filtered(const QString& typed) {
-    QString passed;
-    Act([this, &typed, &passed] { passed = PassedByFilter(box_, typed); });
-    return passed;
+  /// False when the filter closed the page.
+  bool Filter(const QString& typed, QString& passed) {
+    return Act([this, &typed, &passed] { passed = PassedByFilter(box_, typed); });
   }
 
   ui::EditableText& box_;

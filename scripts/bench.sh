@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/setup.sh
+scripts/setup.sh bench
 scripts/build.sh bench
 export QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES="default.warning=false"
 build/bench/bench/editor_bench

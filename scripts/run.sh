@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/setup.sh
+scripts/setup.sh run
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   scripts/build.sh release kivstudy kivstudy-window
   exec build/release/client/kivstudy "$@"

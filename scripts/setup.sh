@@ -1,20 +1,28 @@
 #!/usr/bin/env bash
-# Installs every Debian 12 package that building, testing and measuring needs. Does nothing when all are there.
+# setup.sh run|test|bench: installs the Debian 12 packages that the script of that name needs, and no others. Does
+# nothing when all are there.
 set -euo pipefail
 
-packages=(
-  # build
-  cmake ninja-build g++ libsqlite3-dev zlib1g-dev libpq-dev qt6-base-dev libcli11-dev nlohmann-json3-dev
-  # the program on a desktop
-  fonts-dejavu-core
-  # tests and checks; their PostgreSQL and X servers are started and stopped by themselves
-  libgtest-dev libgmock-dev clang-format postgresql-15 xvfb xdotool
-  # the demonstration and the benchmarks
-  sqlite3
-)
+# scripts | packages | reason
+packages='
+run        | cmake ninja-build g++                               | build
+run        | libsqlite3-dev                                      | study databases in a file
+run        | libpq-dev                                           | study databases on a PostgreSQL server
+run        | nlohmann-json3-dev zlib1g-dev                       | study files, and the states of the history
+run        | libcli11-dev                                        | the command line
+run        | qt6-base-dev fonts-dejavu-core                      | the window, and letters in its pictures
+test       | libgmock-dev                                        | tests
+test bench | postgresql-15                                       | a server that tests and measurements start and stop
+test       | xvfb xdotool                                        | the window worked by a real pointer and real keys
+test       | clang-format clang-tidy                             | format and linter
+test       | g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix | the library for Windows
+test       | googletest wine wine64                              | its tests there
+bench      | sqlite3                                             | the shell that lists are measured against
+'
 
+needed=$(awk -F'|' -v script="(run|${1:?run, test or bench})" '$1 ~ "(^| )" script " " { print $2 }' <<<"$packages")
 missing=()
-for package in "${packages[@]}"; do
+for package in $needed; do
   dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
 done
 [ ${#missing[@]} -eq 0 ] && exit 0

@@ -8,17 +8,16 @@
 namespace kiv::ui {
 
 void ComboBox::SetItems(ItemList items, int index) {
+  RequireIndex(items, index);
   const auto before = SelectedData();
   items_ = std::move(items);
-  index_ = kNoSelection;
-  RequireIndex(index);
   index_ = index;
   ItemsChanged.Raise();
   if (SelectedData() != before) Changed.Raise();
 }
 
 void ComboBox::SetListIndex(int index) {
-  RequireIndex(index);
+  RequireIndex(items_, index);
   if (index_ == index) return;
   index_ = index;
   Changed.Raise();
@@ -35,8 +34,8 @@ std::optional<std::int32_t> ComboBox::SelectedData() const {
   return items_[static_cast<std::size_t>(index_)].data;
 }
 
-void ComboBox::RequireIndex(int index) const {
-  if (index >= kNoSelection && index < static_cast<int>(items_.size())) return;
+void ComboBox::RequireIndex(const ItemList& items, int index) const {
+  if (index >= kNoSelection && index < static_cast<int>(items.size())) return;
   throw Error(ErrorNumber::InvalidArgument, Name() + " has no entry " + std::to_string(index) + ".");
 }
 

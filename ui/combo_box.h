@@ -26,7 +26,8 @@ class ComboBox : public Control {
   using Control::Control;
 
   const ItemList& Items() const { return items_; }
-  /// Replaces the entries and selects one of them, or none.
+  /// Replaces the entries and selects one of them, or none. Raises error 5 for another index, and keeps the
+  /// entries then.
   void SetItems(ItemList items, int index = kNoSelection);
 
   int ListIndex() const { return index_; }
@@ -49,7 +50,7 @@ class ComboBox : public Control {
 
  private:
   std::optional<std::int32_t> SelectedData() const;
-  void RequireIndex(int index) const;
+  void RequireIndex(const ItemList& items, int index) const;
 
   ItemList items_;
   int index_ = kNoSelection;

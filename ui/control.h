@@ -11,6 +11,9 @@ namespace kiv::ui {
 class Container;
 class ControlVisitor;
 
+/// Where the input focus goes when it leaves a control.
+enum class FocusTo { AnotherControl, Menu, DropDownList, AnotherWindow };
+
 /// A thing on a page, without any toolkit: what it shows, whether it can be used, and its events.
 ///
 /// A control belongs to the container that it was made in, which must outlive it. Events are raised whenever
@@ -38,8 +41,9 @@ class Control {
   /// Asks the view to move the input focus here. Does nothing while the control is not usable.
   void SetFocus();
   bool HasFocus() const;
-  /// The user leaves the control.
-  void LoseFocus();
+  /// The user leaves the control. From a menu, a drop-down list or another window the focus comes back by
+  /// itself: the control keeps it. One that becomes disabled or hidden loses it.
+  void LoseFocus(FocusTo to = FocusTo::AnotherControl);
 
   virtual void Accept(ControlVisitor& visitor) = 0;
 
@@ -52,6 +56,10 @@ class Control {
 
  private:
   friend class Container;
+
+  Container* Outermost() const;
+  /// Whoever has the focus loses it when this change took it out of reach.
+  void DropFocusOutOfReach();
 
   Container* parent_;
   std::string name_;
@@ -66,10 +74,11 @@ class Container : public Control {
 
   const std::vector<Control*>& Children() const { return children_; }
 
-  /// The control of this name in this container or, below it, in any container; null when there is none.
+  /// The control of this name, in any letter case, in this container or, below it, in any container; null
+  /// when there is none. An element of an array has its index behind the name, such as `chkTDMA(0)`.
   Control* FindControl(std::string_view name) const;
   /// The control below this container that has the input focus, if any.
-  Control* FocusedControl() const { return Outermost().focused_; }
+  Control* FocusedControl() const;
 
   /// Raised by the outermost container when a control below it is given the focus.
   Signal<Control&> FocusChanged;
@@ -79,9 +88,6 @@ class Container : public Control {
 
  private:
   friend class Control;
-
-  const Container& Outermost() const;
-  Container& Outermost();
 
   std::vector<Control*> children_;  // in the order of making
   Control* focused_ = nullptr;      // kept by the outermost container

@@ -4,9 +4,18 @@
 #include <numeric>
 #include <utility>
 
+#include "base/error.h"
 #include "ui/control_visitor.h"
 
 namespace kiv::ui {
+
+namespace {
+
+Error NoSuch(const char* what, const std::string& number) {
+  return {ErrorNumber::InvalidArgument, "The list has no " + std::string(what) + " " + number + "."};
+}
+
+}  // namespace
 
 void ListView::SetColumns(std::vector<ListColumn> columns) {
   columns_ = std::move(columns);
@@ -23,19 +32,45 @@ void ListView::SetRows(std::shared_ptr<const ListRows> rows) {
   SelectionChanged.Raise();
 }
 
+std::size_t ListView::RowAt(std::size_t position) const {
+  if (position < RowCount()) return order_.empty() ? position : order_[position];
+  throw NoSuch("row", std::to_string(position));
+}
+
 std::string ListView::Text(std::size_t position, std::size_t column) const {
+  if (position >= RowCount() || column >= columns_.size()) return {};
   return rows_->Text(RowAt(position), column);
 }
 
 bool ListView::Checked(std::size_t position) const {
-  return rows_->Checked(RowAt(position));
+  return position < RowCount() && rows_->Checked(RowAt(position));
 }
 
 void ListView::SortBy(int column, SortDirection direction) {
+  if (column != kUnsorted && !IsColumn(column)) throw NoSuch("column", std::to_string(column));
   sortColumn_ = column;
   direction_ = direction;
   Sort();
   RowsChanged.Raise();
+}
+
+void ListView::SetMultiSelect(bool multiSelect) {
+  if (multiSelect_ == multiSelect) return;
+  multiSelect_ = multiSelect;
+  RaiseAppearanceChanged();
+  SetSelectedRows(selected_);
+}
+
+void ListView::SetCheckboxes(bool checkboxes) {
+  if (checkboxes_ == checkboxes) return;
+  checkboxes_ = checkboxes;
+  RaiseAppearanceChanged();
+}
+
+void ListView::SetMenuItems(std::vector<std::string> items) {
+  if (menuItems_ == items) return;
+  menuItems_ = std::move(items);
+  RaiseAppearanceChanged();
 }
 
 void ListView::Sort() {
@@ -53,6 +88,8 @@ void ListView::Sort() {
 
 void ListView::SetSelectedRows(std::vector<std::size_t> rows) {
   std::sort(rows.begin(), rows.end());
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+  if (!rows.empty() && rows.back() >= RowCount()) throw NoSuch("row", std::to_string(rows.back()));
   if (!multiSelect_ && rows.size() > 1) rows.erase(rows.begin() + 1, rows.end());
   if (rows == selected_) return;
   selected_ = std::move(rows);
@@ -70,7 +107,7 @@ void ListView::SelectPositions(const std::vector<std::size_t>& positions) {
 }
 
 void ListView::ClickHeader(int column) {
-  if (!Usable() || column < 0 || column >= static_cast<int>(columns_.size())) return;
+  if (!Usable() || !IsColumn(column)) return;
   const bool again = column == sortColumn_ && direction_ == SortDirection::Ascending;
   SortBy(column, again ? SortDirection::Descending : SortDirection::Ascending);
 }

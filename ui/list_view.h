@@ -39,8 +39,8 @@ struct DragData {
   std::vector<std::uint16_t> formats;
 };
 
-/// Rows with column headers. A row has its number in the source and its position on the screen, which differ
-/// once the list is sorted.
+/// Rows with column headers. Its flags and menu belong to its appearance. A row has its number in the source
+/// and its position on the screen, which differ once the list is sorted.
 class ListView : public Control {
  public:
   using Control::Control;
@@ -51,8 +51,9 @@ class ListView : public Control {
   /// Shows other rows, or the same ones after they changed; nothing is selected afterwards.
   void SetRows(std::shared_ptr<const ListRows> rows);
   std::size_t RowCount() const { return rows_ ? rows_->Count() : 0; }
-  /// Number of the row at a position.
-  std::size_t RowAt(std::size_t position) const { return order_.empty() ? position : order_[position]; }
+  /// Number of the row at a position. Raises error 5 where no row is.
+  std::size_t RowAt(std::size_t position) const;
+  /// What the list shows; nothing, and unchecked, where no row or column is.
   std::string Text(std::size_t position, std::size_t column) const;
   bool Checked(std::size_t position) const;
 
@@ -60,18 +61,21 @@ class ListView : public Control {
   static constexpr int kUnsorted = -1;
   int SortColumn() const { return sortColumn_; }
   SortDirection Direction() const { return direction_; }
+  /// Raises error 5 for what is neither a column nor kUnsorted.
   void SortBy(int column, SortDirection direction);
 
   bool MultiSelect() const { return multiSelect_; }
-  void SetMultiSelect(bool multiSelect) { multiSelect_ = multiSelect; }
+  /// Without it only the first of several selected rows stays selected.
+  void SetMultiSelect(bool multiSelect);
   bool Checkboxes() const { return checkboxes_; }
-  void SetCheckboxes(bool checkboxes) { checkboxes_ = checkboxes; }
+  void SetCheckboxes(bool checkboxes);
   /// Entries of the menu that a right click opens; none opens while there are none.
   const std::vector<std::string>& MenuItems() const { return menuItems_; }
-  void SetMenuItems(std::vector<std::string> items) { menuItems_ = std::move(items); }
+  void SetMenuItems(std::vector<std::string> items);
 
   /// Numbers of the selected rows, ascending.
   const std::vector<std::size_t>& SelectedRows() const { return selected_; }
+  /// Raises error 5 for a row that is not there.
   void SetSelectedRows(std::vector<std::size_t> rows);
 
   /// What a user does. A list that is not usable ignores it.
@@ -101,6 +105,7 @@ class ListView : public Control {
 
  private:
   void Sort();
+  bool IsColumn(int column) const { return column >= 0 && column < static_cast<int>(columns_.size()); }
 
   std::vector<ListColumn> columns_;
   std::shared_ptr<const ListRows> rows_;

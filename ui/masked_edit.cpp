@@ -15,56 +15,60 @@ bool IsDigit(char character) {
   return character >= '0' && character <= '9';
 }
 
-/// Whether a byte goes on with a character that began before it.
-bool ContinuesCharacter(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
-std::size_t StepBack(std::string_view text, std::size_t position) {
-  if (position == 0) return 0;
-  do --position;
-  while (position > 0 && ContinuesCharacter(text[position]));
-  return position;
-}
-
-std::size_t StepForward(std::string_view text, std::size_t position) {
-  if (position == text.size()) return position;
-  do ++position;
-  while (position < text.size() && ContinuesCharacter(text[position]));
-  return position;
-}
-
-std::size_t Characters(std::string_view text) {
-  return text.size() - static_cast<std::size_t>(std::count_if(text.begin(), text.end(), ContinuesCharacter));
-}
-
 }  // namespace
 
 std::size_t MaskedEdit::DigitPlaces(std::string_view mask) {
   return static_cast<std::size_t>(std::count(mask.begin(), mask.end(), kPlace));
 }
 
+template <class Change>
+void MaskedEdit::Apply(Change change) {
+  const std::string before = entered_.Text();
+  change(entered_);
+  if (entered_.Text() != before) Changed.Raise();
+}
+
 void MaskedEdit::SetMask(std::string mask) {
   if (mask_ == mask) return;
   mask_ = std::move(mask);
-  Replace(0, entered_.size(), Accepted(entered_));
+  SetText(entered_.Text());
   MaskChanged.Raise();
 }
 
-std::string MaskedEdit::Text() const {
-  const bool full = entered_.size() >= DigitPlaces(mask_);
-  std::string shown;
-  std::size_t next = 0;
-  for (const char place : mask_) {
-    // What stands behind the last digit shows once every place is taken.
-    if (next == entered_.size() && (!full || entered_.empty())) return shown;
-    shown += place == kPlace ? entered_[next++] : place;
-  }
-  return shown + entered_.substr(next);
+void MaskedEdit::SetText(std::string_view text) {
+  Apply([accepted = Accepted(text)](CaretText& entered) {
+    entered.Select(0, entered.Text().size());
+    entered.Insert(accepted);
+  });
 }
 
-void MaskedEdit::SetText(std::string_view text) {
-  Replace(0, entered_.size(), Accepted(text));
+MaskedEdit::Shown MaskedEdit::Show() const {
+  const std::string& entered = ClipText();
+  // What stands behind the last digit shows once every place is taken.
+  const bool showsEnd = !entered.empty() && entered.size() >= DigitPlaces(mask_);
+  Shown shown;
+  const auto showNext = [&] {
+    const char next = entered[shown.places.size()];
+    shown.places.push_back(shown.text.size());
+    shown.text += next;
+  };
+  for (const char place : mask_) {
+    if (shown.places.size() == entered.size() && !showsEnd) break;
+    place == kPlace ? showNext() : shown.text.push_back(place);
+  }
+  while (shown.places.size() < entered.size()) showNext();
+  shown.places.push_back(entered.empty() ? 0 : shown.places.back() + 1);
+  return shown;
+}
+
+std::size_t MaskedEdit::Shown::EnteredPosition(std::size_t byte) const {
+  const auto place = std::lower_bound(places.begin(), std::prev(places.end()), byte);
+  return static_cast<std::size_t>(place - places.begin());
+}
+
+std::size_t MaskedEdit::ShownPosition(std::size_t enteredPosition) const {
+  const Shown shown = Show();
+  return UnitsAt(shown.text, shown.places[enteredPosition]);
 }
 
 std::string MaskedEdit::Accepted(std::string_view text) const {
@@ -73,64 +77,51 @@ std::string MaskedEdit::Accepted(std::string_view text) const {
   return accepted;
 }
 
-void MaskedEdit::Replace(std::size_t from, std::size_t to, std::string_view with) {
-  const std::string before = entered_;
-  entered_.replace(from, to - from, with);
-  cursor_ = anchor_ = from + with.size();
-  if (entered_ != before) Changed.Raise();
-}
-
-/// Behind the characters that were entered before it, and the literals in front of the next one.
-std::size_t MaskedEdit::ShownPosition(std::size_t enteredPosition) const {
-  std::size_t shown = 0;
-  std::size_t left = enteredPosition;
-  for (const char place : mask_) {
-    const bool behindAll = left == 0 && enteredPosition == entered_.size();
-    if (behindAll || (left == 0 && place == kPlace)) return shown;
-    if (place == kPlace) --left;
-    if (!ContinuesCharacter(place)) ++shown;
-  }
-  return shown + Characters(std::string_view(entered_).substr(enteredPosition - left, left));
-}
-
-std::size_t MaskedEdit::EnteredPosition(std::size_t shownPosition) const {
-  std::size_t position = 0;
-  while (position < entered_.size() && ShownPosition(position) < shownPosition) {
-    position = StepForward(entered_, position);
-  }
-  return position;
-}
-
-void MaskedEdit::Select(std::size_t shownAnchor, std::size_t shownCursor) {
+void MaskedEdit::Select(std::size_t shownAnchor, std::size_t shownCaret) {
   if (!Usable()) return;
-  anchor_ = EnteredPosition(shownAnchor);
-  cursor_ = EnteredPosition(shownCursor);
+  const Shown shown = Show();
+  entered_.Select(shown.EnteredPosition(ByteAt(shown.text, shownAnchor)),
+                  shown.EnteredPosition(ByteAt(shown.text, shownCaret)));
 }
 
 void MaskedEdit::MoveLeft() {
-  if (Usable()) cursor_ = anchor_ = StepBack(entered_, cursor_);
+  if (Usable()) entered_.MoveLeft();
 }
 
 void MaskedEdit::MoveRight() {
-  if (Usable()) cursor_ = anchor_ = StepForward(entered_, cursor_);
+  if (Usable()) entered_.MoveRight();
 }
 
 void MaskedEdit::Type(std::string_view keys) {
-  if (!Usable()) return;
   const std::string accepted = Accepted(keys);
-  if (!accepted.empty()) Replace(std::min(anchor_, cursor_), std::max(anchor_, cursor_), accepted);
+  if (Usable() && !accepted.empty()) Apply([&](CaretText& entered) { entered.Insert(accepted); });
 }
 
 void MaskedEdit::Backspace() {
-  if (!Usable()) return;
-  const std::size_t from = anchor_ == cursor_ ? StepBack(entered_, cursor_) : std::min(anchor_, cursor_);
-  Replace(from, std::max(anchor_, cursor_), {});
+  if (Usable()) Apply([](CaretText& entered) { entered.DeleteBack(); });
 }
 
 void MaskedEdit::Delete() {
+  if (Usable()) Apply([](CaretText& entered) { entered.DeleteForward(); });
+}
+
+void MaskedEdit::Edit(std::string_view text) {
   if (!Usable()) return;
-  const std::size_t to = anchor_ == cursor_ ? StepForward(entered_, cursor_) : std::max(anchor_, cursor_);
-  Replace(std::min(anchor_, cursor_), to, {});
+  const std::string now = OneLine(text);
+  if (mask_.empty()) return Apply([&now](CaretText& entered) { entered.SetText(now); });
+  const Shown before = Show();
+  const auto [oldEnd, newEnd] = std::mismatch(before.text.begin(), before.text.end(), now.begin(), now.end());
+  const auto kept = static_cast<std::size_t>(oldEnd - before.text.begin());
+  const std::size_t most = std::min(before.text.size(), now.size()) - kept;
+  std::size_t keptBehind = 0;
+  while (keptBehind < most && before.text.rbegin()[static_cast<std::ptrdiff_t>(keptBehind)] ==
+                                  now.rbegin()[static_cast<std::ptrdiff_t>(keptBehind)]) {
+    ++keptBehind;
+  }
+  Apply([&](CaretText& entered) {
+    entered.Select(before.EnteredPosition(kept), before.EnteredPosition(before.text.size() - keptBehind));
+    entered.Insert(Accepted(std::string_view(now).substr(kept, now.size() - keptBehind - kept)));
+  });
 }
 
 void MaskedEdit::Accept(ControlVisitor& visitor) {

@@ -3,7 +3,9 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "ui/caret_text.h"
 #include "ui/control.h"
 
 namespace kiv::ui {
@@ -11,8 +13,8 @@ namespace kiv::ui {
 /// A box for digits that shows the literals of a pattern between them: with the mask `###-####` the digits
 /// 5551234 read 555-1234. Digits beyond the places of the mask follow it. Without a mask it is a plain box.
 ///
-/// The cursor and the selection stand between entered characters, never between a literal and its neighbour:
-/// literals are stepped over, and cannot be deleted.
+/// The caret and the selection stand between entered characters, never between a literal and its neighbour:
+/// literals are stepped over, and cannot be deleted. Positions count UTF-16 code units of the shown text.
 class MaskedEdit : public Control {
  public:
   using Control::Control;
@@ -23,28 +25,31 @@ class MaskedEdit : public Control {
   void SetMask(std::string mask);
 
   /// What the box shows.
-  std::string Text() const;
+  std::string Text() const { return Show().text; }
   /// Enters the text; with a mask only its digits.
   void SetText(std::string_view text);
   /// The entered characters, without the mask's literals.
-  const std::string& ClipText() const { return entered_; }
+  const std::string& ClipText() const { return entered_.Text(); }
 
-  /// Position of the cursor in the shown text, in characters.
-  std::size_t CursorPosition() const { return ShownPosition(cursor_); }
-  /// Other end of the selection; the cursor's position when nothing is selected.
-  std::size_t AnchorPosition() const { return ShownPosition(anchor_); }
+  std::size_t CaretPosition() const { return ShownPosition(entered_.Caret()); }
+  /// Other end of the selection; the caret's position when nothing is selected.
+  std::size_t AnchorPosition() const { return ShownPosition(entered_.Anchor()); }
 
-  /// What a user does. A box that is not usable ignores it.
-  void MoveCursor(std::size_t shownPosition) { Select(shownPosition, shownPosition); }
-  void Select(std::size_t shownAnchor, std::size_t shownCursor);
+  // What a user does. A box that is not usable ignores it.
+  void MoveCaret(std::size_t shownPosition) { Select(shownPosition, shownPosition); }
+  void Select(std::size_t shownAnchor, std::size_t shownCaret);
   void MoveLeft();
   void MoveRight();
-  /// Types or pastes over the selection; with a mask everything but digits is dropped.
+  /// Types over the selection; with a mask everything but digits is dropped.
   void Type(std::string_view keys);
-  void Paste(std::string_view text) { Type(text); }
-  /// Deletes the selection, or the character before or behind the cursor.
+  /// Pastes over the selection, without white space around the text and on one line.
+  void Paste(std::string_view text) { Type(OneLine(Trimmed(text))); }
+  /// Deletes the selection, or the character before or behind the caret.
   void Backspace();
   void Delete();
+  /// The shown text was edited past the keys, as by a drop or a menu: takes over what is new or missing in
+  /// it. The mask's own digits are not the user's.
+  void Edit(std::string_view shown);
 
   void Accept(ControlVisitor& visitor) override;
 
@@ -57,15 +62,23 @@ class MaskedEdit : public Control {
   static std::size_t DigitPlaces(std::string_view mask);
 
  private:
+  /// What the box shows, and the byte in it before which each entered one stands; one more is the end.
+  struct Shown {
+    std::string text;
+    std::vector<std::size_t> places;
+
+    std::size_t EnteredPosition(std::size_t byte) const;
+  };
+  Shown Show() const;
+
   std::string Accepted(std::string_view text) const;
-  void Replace(std::size_t from, std::size_t to, std::string_view with);
+  /// Changes the entered characters and raises the event when that made a difference.
+  template <class Change>
+  void Apply(Change change);
   std::size_t ShownPosition(std::size_t enteredPosition) const;
-  std::size_t EnteredPosition(std::size_t shownPosition) const;
 
   std::string mask_;
-  std::string entered_;
-  std::size_t cursor_ = 0;  // positions in the entered text
-  std::size_t anchor_ = 0;
+  CaretText entered_;
 };
 
 }  // namespace kiv::ui

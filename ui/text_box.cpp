@@ -1,5 +1,6 @@
 #include "ui/text_box.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/utf16.h"
@@ -7,9 +8,16 @@
 
 namespace kiv::ui {
 
+template <class Change>
+void EditableText::Apply(Change change) {
+  const std::string before = edited_.Text();
+  change(edited_);
+  if (edited_.Text() != before) Changed.Raise();
+}
+
 void EditableText::SetText(std::string text) {
-  if (text_ == text) return;
-  text_ = std::move(text);
+  if (Text() == text) return;
+  edited_.SetText(std::move(text));
   Changed.Raise();
 }
 
@@ -20,26 +28,49 @@ bool EditableText::PassesFilter(char16_t key) const {
   return keyCode != 0;
 }
 
+bool EditableText::PassesWhole(std::string_view character) const {
+  const std::u16string keys = ToUtf16(character);
+  return std::all_of(keys.begin(), keys.end(), [this](char16_t key) { return PassesFilter(key); });
+}
+
+std::string EditableText::Passed(std::string_view typed) const {
+  std::string passed;
+  for (const std::string& character : CharactersOf(typed)) {
+    if (PassesWhole(character)) passed += character;
+  }
+  return passed;
+}
+
+void EditableText::Select(std::size_t anchor, std::size_t caret) {
+  if (Usable()) edited_.Select(ByteAt(Text(), anchor), ByteAt(Text(), caret));
+}
+
 void EditableText::Type(std::string_view keys) {
-  if (!Usable()) return;
-  for (const char16_t key : ToUtf16(keys)) {
-    if (!PassesFilter(key)) continue;
-    std::u16string text = ToUtf16(text_);
-    if (key != kBackspaceKey) {
-      text += key;
-    } else if (!text.empty()) {
-      text.pop_back();
-    }
-    SetText(ToUtf8(text));
+  for (const std::string& character : CharactersOf(keys)) {
+    if (!Usable() || !PassesWhole(character)) continue;
+    Apply([&character](CaretText& text) {
+      character.front() == kBackspaceKey ? text.DeleteBack() : text.Insert(character);
+    });
   }
 }
 
-void EditableText::Append(std::string_view text) {
-  if (Usable()) SetText(text_ + std::string(text));
+void EditableText::Paste(std::string_view text) {
+  if (!Usable()) return;
+  Apply([arrives = Pasted(text)](CaretText& edited) { edited.Insert(arrives); });
 }
 
-void EditableText::Edit(std::string text) {
-  if (Usable()) SetText(std::move(text));
+void EditableText::Delete() {
+  if (Usable()) Apply([](CaretText& text) { text.DeleteForward(); });
+}
+
+void EditableText::Edit(std::string_view text, std::size_t caret) {
+  if (!Usable()) return;
+  const std::size_t behindCaret = text.size() - ByteAt(text, caret);
+  Apply([arrives = Edited(text), behindCaret](CaretText& edited) {
+    edited.SetText(arrives);
+    const std::size_t place = arrives.size() - std::min(behindCaret, arrives.size());
+    edited.Select(place, place);
+  });
 }
 
 std::string TextArea::Pasted(std::string_view text) const {

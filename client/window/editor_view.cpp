@@ -23,8 +23,8 @@ namespace {
 
 constexpr int kMarkDelayMs = 200;  // typing is not interrupted by checks that look at folders
 
-std::vector<qt::Mark> MarksOf(const Tab& tab) {
-  std::vector<qt::Mark> marks;
+std::vector<ui::Mark> MarksOf(const Tab& tab) {
+  std::vector<ui::Mark> marks;
   for (const Problem& problem : tab.Problems()) marks.push_back({problem.control, problem.message});
   return marks;
 }
@@ -174,13 +174,13 @@ void EditorView::StartMarking() {
 
 void EditorView::ShowMarks() {
   if (!marking_) return;
-  std::vector<qt::Mark> headerMarks;
+  std::vector<ui::Mark> headerMarks;
   if (header_) {
     headerMarks = MarksOf(*session_->Header());
     header_->ShowMarks(headerMarks);
   }
   for (std::size_t i = 0; i < pages_.size(); ++i) {
-    std::vector<qt::Mark> marks = MarksOf(*session_->Tabs()[i]);
+    std::vector<ui::Mark> marks = MarksOf(*session_->Tabs()[i]);
     tabs_->setTabIcon(static_cast<int>(i),
                       marks.empty() ? QIcon() : style()->standardIcon(QStyle::SP_MessageBoxWarning));
     marks.insert(marks.begin(), headerMarks.begin(), headerMarks.end());

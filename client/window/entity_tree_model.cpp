@@ -215,6 +215,7 @@ QVariant EntityTreeModel::headerData(int section, Qt::Orientation orientation, i
   static const std::array<QString, kColumnCount> captions = {
       QStringLiteral("Element"), QStringLiteral("Name"), QStringLiteral("Technology")};
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+  if (section < 0 || section >= kColumnCount) return {};
   return captions[static_cast<std::size_t>(section)];
 }
 

@@ -43,6 +43,7 @@ class FaultList::Table : public QAbstractTableModel {
       return QVariant::fromValue(placeAlignment_ | Qt::AlignVCenter);
     }
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
+    if (!hasIndex(index.row(), index.column())) return {};
     const Fault& fault = At(index.row());
     const std::array<const QString*, kColumnCount> texts = {&fault.file, &fault.place, &fault.reason};
     const QString& text = *texts[static_cast<std::size_t>(index.column())];
@@ -50,6 +51,7 @@ class FaultList::Table : public QAbstractTableModel {
   }
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    if (section < 0 || section >= kColumnCount) return {};
     return captions_[static_cast<std::size_t>(section)];
   }
 

@@ -167,6 +167,7 @@ int StudyTable::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant StudyTable::data(const QModelIndex& index, int role) const {
+  if (!hasIndex(index.row(), index.column())) return {};
   const store::StudySummary& study = At(index.row());
   if (role == Qt::DisplayRole) return CellText(study, index.column());
   if (role == Qt::DecorationRole && index.column() == kKind) return KindIcon(study.kind);
@@ -182,6 +183,7 @@ QVariant StudyTable::headerData(int section, Qt::Orientation orientation, int ro
       QStringLiteral("Scenario"),  QStringLiteral("Minutes"), QStringLiteral("Changed by"),
       QStringLiteral("Changed at")};
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+  if (section < 0 || section >= kColumnCount) return {};
   return captions[static_cast<std::size_t>(section)];
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "core/drive_type.h"
 #include "support/fake_host.h"
 
@@ -91,10 +93,16 @@ TEST(DriveTypes, ByFileSystemAndMedium) {
 
 TEST(DriveTypes, OfRealPlaces) {
   std::string description;
+#ifdef _WIN32
+  EXPECT_EQ(GetDriveTypeName("c:\\not\\there", description), kDriveFixed);
+  EXPECT_EQ(description, "Fixed Drive");
+#else
   EXPECT_EQ(GetDriveTypeName("/dev/shm/not/there", description), kDriveRamDisk);
   EXPECT_EQ(description, "RAM Disk");
+#endif
   std::string current;
-  EXPECT_EQ(GetDriveTypeName("", description), GetDriveTypeName(".", current));
+  EXPECT_EQ(GetDriveTypeName("", description),
+            GetDriveTypeName(std::filesystem::current_path().string(), current));
   EXPECT_EQ(description, current);
 }
 

@@ -76,26 +76,26 @@ TEST_F(DnBox, EditsWhereTheCursorStands) {
   ui::MaskedEdit& edit = box_.edit;
   edit.SetMask("###-####");
   edit.Type("5551234");
-  edit.MoveCursor(3);  // before the hyphen is behind the third digit
-  EXPECT_EQ(edit.CursorPosition(), 4U);
+  edit.MoveCaret(3);  // before the hyphen is behind the third digit
+  EXPECT_EQ(edit.CaretPosition(), 4U);
   edit.Backspace();
   EXPECT_EQ(edit.Text(), "551-234");
-  EXPECT_EQ(edit.CursorPosition(), 2U);
+  EXPECT_EQ(edit.CaretPosition(), 2U);
   edit.MoveRight();
-  EXPECT_EQ(edit.CursorPosition(), 4U);
+  EXPECT_EQ(edit.CaretPosition(), 4U);
   edit.MoveLeft();
   edit.Delete();
   EXPECT_EQ(edit.Text(), "552-34");
   edit.Select(0, 4);
   edit.Paste("9-8");
   EXPECT_EQ(edit.Text(), "983-4");
-  EXPECT_EQ(edit.CursorPosition(), 2U);
+  EXPECT_EQ(edit.CaretPosition(), 2U);
   edit.SetMask("(##)");
   edit.SetText("12");
   EXPECT_EQ(edit.Text(), "(12)");
   edit.SetMask("");
   edit.SetText("né");
-  edit.MoveCursor(2);
+  edit.MoveCaret(2);
   edit.Backspace();
   EXPECT_EQ(edit.Text(), "n");
 }

@@ -39,7 +39,8 @@ std::filesystem::path ProgramFolder() {
     const std::filesystem::path programs = version.path() / "bin";
     if (std::filesystem::exists(programs / "initdb") && programs > newest) newest = programs;
   }
-  if (newest.empty()) throw std::runtime_error("No PostgreSQL server is installed; run scripts/setup.sh.");
+  if (newest.empty())
+    throw std::runtime_error("No PostgreSQL server is installed; run scripts/setup.sh test.");
   return newest;
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <functional>
@@ -30,6 +31,13 @@ class Window : public ::testing::Test {
   }
 
   void Open() { window_->OpenDatabase(database_, Program::WhenMissing::Create); }
+  /// Chooses an entry of a menu.
+  void Trigger(const QString& text) const {
+    for (auto* action : window_->findChildren<QAction*>()) {
+      if (action->text().remove('&') == text) return action->trigger();
+    }
+    ADD_FAILURE() << "no action " << text.toStdString();
+  }
   /// A new HOM study with valid input.
   void StartStudy() {
     if (program_->Store().Scenarios().List().empty()) program_->Store().Scenarios().Add("Downtown");
@@ -62,7 +70,7 @@ class Window : public ::testing::Test {
   std::string database_ = folder_.File("studies.db");
   std::unique_ptr<Program> program_;
   std::unique_ptr<MainWindow> window_;
-  UserHand user_{QString()};
+  UserHand user_{qEnvironmentVariable("KIV_PICTURES")};
 };
 
 }  // namespace kiv::client

@@ -46,7 +46,9 @@ TEST(Controls, AreFoundByNameAtAnyDepth) {
   Page page;
   EXPECT_EQ(page.FindControl("box"), &page.box);
   EXPECT_EQ(page.FindControl("check(2)"), &page.checks[2]);
-  EXPECT_EQ(page.FindControl("Box"), nullptr);
+  EXPECT_EQ(page.FindControl("BOX"), &page.box);
+  EXPECT_EQ(page.FindControl("Check(2)"), &page.checks[2]);
+  EXPECT_EQ(page.FindControl("check(3)"), nullptr);
 }
 
 TEST(Controls, FocusIsRememberedInOnePlace) {
@@ -58,8 +60,17 @@ TEST(Controls, FocusIsRememberedInOnePlace) {
   page.list.SetFocus();
   EXPECT_TRUE(page.list.HasFocus());
   EXPECT_EQ(events, "+box-box+list");
+  page.list.LoseFocus(FocusTo::DropDownList);
+  page.list.LoseFocus(FocusTo::AnotherWindow);
+  EXPECT_TRUE(page.list.HasFocus());
   page.list.LoseFocus();
   EXPECT_EQ(page.FocusedControl(), nullptr);
+  for (const bool hides : {false, true}) {  // out of the user's reach
+    page.box.SetFocus();
+    hides ? page.frame.SetVisible(false) : page.frame.SetEnabled(false);
+    EXPECT_EQ(page.FocusedControl(), nullptr);
+    page.frame.SetEnabled(true);
+  }
 }
 
 TEST(Controls, TypingIsFilteredAndPastingIsNot) {
@@ -70,13 +81,13 @@ TEST(Controls, TypingIsFilteredAndPastingIsNot) {
     if (key == 'x') key = 0;
   });
   page.box.Type("axb\b\b€\U0001F600\b");
-  EXPECT_EQ(page.box.Text(), "€\uFFFD");  // a Backspace takes one UTF-16 unit
+  EXPECT_EQ(page.box.Text(), "€");  // a Backspace takes a whole character
   page.box.SetText("1");
   const int before = changes;
   page.box.SetText("1");
   EXPECT_EQ(changes, before);
-  page.box.Paste("x2");
-  EXPECT_EQ(page.box.Text(), "1x2");
+  page.box.Paste("x\r\n2\n");
+  EXPECT_EQ(page.box.Text(), "1x 2");
 }
 
 TEST(Controls, ListsRaiseWhenTheSelectionChanges) {
@@ -88,7 +99,9 @@ TEST(Controls, ListsRaiseWhenTheSelectionChanges) {
   page.list.Select(1);
   EXPECT_EQ(changes, 1);
   EXPECT_THROW(page.list.SetListIndex(2), Error);
+  EXPECT_THROW(page.list.SetItems({{"c", 3}}, 1), Error);
   EXPECT_EQ(page.list.ListIndex(), 1);
+  EXPECT_EQ(page.list.Items().size(), 2U);
   page.list.SetItems({});
   EXPECT_EQ(page.list.ListIndex(), kNoSelection);
   EXPECT_EQ(changes, 2);
@@ -123,6 +136,93 @@ TEST(Controls, AtMostOneOptionIsChosen) {
   options[1].Move(OptionButton::Direction::Back);
   EXPECT_EQ(options.Index(), 1);
   EXPECT_TRUE(page.box.HasFocus());  // a refusal leaves the focus where it sent it
+}
+
+TEST(Controls, ACaretAndASelectionStandBetweenCharacters) {
+  Page page;
+  TextBox& box = page.box;
+  box.SetText("a\U0001F600c");
+  box.Select(1, 2);  // inside a character: before it
+  EXPECT_EQ(box.AnchorPosition(), 1U);
+  EXPECT_EQ(box.CaretPosition(), 1U);
+  box.Type("b");
+  EXPECT_EQ(box.Text(), "ab\U0001F600c");
+  box.Delete();
+  box.Backspace();
+  EXPECT_EQ(box.Text(), "ac");
+  box.SetText("long ac");  // the caret stays where it was, seen from the end
+  EXPECT_EQ(box.CaretPosition(), 6U);
+  box.Select(7, 0);
+  box.Paste("x");
+  EXPECT_EQ(box.Text(), "x");
+  box.Edit("x\nyz", 3);
+  EXPECT_EQ(box.Text(), "x yz");
+  EXPECT_EQ(box.CaretPosition(), 3U);
+  page.frame.SetEnabled(false);
+  box.MoveCaret(0);
+  box.Delete();
+  EXPECT_EQ(box.CaretPosition(), 3U);
+}
+
+TEST(Controls, AListAnswersEveryIndex) {
+  struct Rows : ListRows {
+    std::size_t Count() const override { return 2; }
+    std::string Text(std::size_t row, std::size_t column) const override {
+      return std::to_string(row) + "-" + std::to_string(column);
+    }
+    std::int64_t Number(std::size_t row, std::size_t) const override {
+      return static_cast<std::int64_t>(row);
+    }
+    bool Checked(std::size_t) const override { return true; }
+  };
+  Page page;
+  ListView list(&page, "list");
+  int looks = 0;
+  list.AppearanceChanged.Connect([&] { ++looks; });
+  for (const bool filled : {false, true}) {
+    if (filled) {
+      list.SetColumns({{"one"}});
+      list.SetRows(std::make_shared<Rows>());
+    }
+    EXPECT_EQ(list.Text(filled ? 2 : 0, 0), "");
+    EXPECT_EQ(list.Text(0, 1), "");
+    EXPECT_FALSE(list.Checked(2));
+    EXPECT_THROW(list.RowAt(2), Error);
+    EXPECT_THROW(list.SetSelectedRows({2}), Error);
+    EXPECT_THROW(list.SortBy(1, SortDirection::Ascending), Error);
+    EXPECT_THROW(list.SortBy(-2, SortDirection::Ascending), Error);
+    EXPECT_EQ(list.SortColumn(), ListView::kUnsorted);
+  }
+  list.SetMultiSelect(true);
+  list.SetCheckboxes(true);
+  list.SetMenuItems({"Remove"});
+  EXPECT_EQ(looks, 3);
+  list.SetSelectedRows({1, 0, 1});
+  EXPECT_EQ(list.SelectedRows(), (std::vector<std::size_t>{0, 1}));
+  list.SetMultiSelect(false);
+  EXPECT_EQ(list.SelectedRows(), std::vector<std::size_t>{0});
+}
+
+TEST(Controls, AMaskKeepsItsOwnDigits) {
+  Page page;
+  MaskedEdit box(&page, "box");
+  box.SetMask("1-### (##)");
+  box.SetText("55566");
+  EXPECT_EQ(box.Text(), "1-555 (66)");
+  for (const auto& [edited, entered] : {std::pair{"1-555 (667)", "555667"},
+                                        {"1-5595 (66)", "559566"},
+                                        {"41-555 (66)", "455566"},
+                                        {"1-5 (66)", "566"},
+                                        {"", ""},
+                                        {"1-555 (66", "55566"},
+                                        {"1-555 66)", "55566"}}) {
+    box.SetText("55566");
+    box.Edit(edited);
+    EXPECT_EQ(box.ClipText(), entered) << edited;
+  }
+  box.SetMask({});
+  box.Paste(" a\nb \n");
+  EXPECT_EQ(box.Text(), "55566a b");
 }
 
 TEST(Controls, AnAreaMayChangeWhatIsPasted) {

@@ -2,9 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include <QApplication>
 #include <QClipboard>
-#include <QLabel>
 #include <QLineEdit>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -14,27 +12,18 @@
 #include <fstream>
 
 #include "client/window/entity_tree.h"
-#include "client/window/main_window.h"
-#include "client/window/window_program.h"
-#include "client/window/window_settings.h"
 #include "host/services.h"
 #include "samples/network_maker.h"
-#include "support/temp_folder.h"
-#include "support/user_hand.h"
+#include "support/window_fixture.h"
 
 namespace kiv::client {
 namespace {
 
-class NetworkWindow : public ::testing::Test {
+class NetworkWindow : public Window {
  protected:
   NetworkWindow() {
     std::filesystem::copy(KIV_SAMPLE_NETWORK, network_);
-    StartWithWindow(program_);
-    WindowSettings(program_.Settings()).clear();
-    window_ = std::make_unique<MainWindow>(program_);
-    window_->show();
-    QApplication::setActiveWindow(window_.get());
-    window_->OpenDatabase(folder_.File("studies.db"), Program::WhenMissing::Create);
+    Open();
   }
 
   /// Works in the import dialog, then closes it.
@@ -48,15 +37,11 @@ class NetworkWindow : public ::testing::Test {
   QString Result() const { return qobject_cast<QLabel*>(user_.Find("networkResult"))->text(); }
   std::size_t CellsShown() { return window_->Network().Model().ShownCount(store::EntityKind::Cell); }
 
-  test::TempFolder folder_;
   std::string network_ = folder_.File("network");
-  Program program_;
-  std::unique_ptr<MainWindow> window_;
-  UserHand user_{QString()};
 };
 
 TEST_F(NetworkWindow, IsTriedCorrectedAndImported) {
-  EXPECT_EQ(&host::TheDragSource(), &program_.Drag());
+  EXPECT_EQ(&host::TheDragSource(), &program_->Drag());
   EXPECT_TRUE(user_.Find("networkEmpty")->isVisible());
   std::ofstream(network_ + "/KIV_FAF.csv", std::ios::app) << "7,,,,,,,,,,\n1,2\n";
   InDialog([this] {

@@ -2,46 +2,34 @@
 
 #include <gmock/gmock.h>
 
-#include <QAction>
-#include <QApplication>
 #include <QClipboard>
 #include <QFile>
-#include <QLabel>
 #include <QTableView>
 #include <QTableWidget>
 
 #include "client/window/editor_view.h"
-#include "client/window/main_window.h"
 #include "client/window/study_list.h"
-#include "client/window/window_program.h"
-#include "client/window/window_settings.h"
 #include "hom/hom_data.h"
-#include "support/temp_folder.h"
-#include "support/user_hand.h"
+#include "support/window_fixture.h"
 
 namespace kiv::client {
 namespace {
 
-class StudyFilesWindow : public ::testing::Test {
+class StudyFilesWindow : public Window {
  protected:
   StudyFilesWindow() {
-    StartWithWindow(program_);
-    WindowSettings(program_.Settings()).clear();
-    window_ = std::make_unique<MainWindow>(program_);
-    window_->show();
-    QApplication::setActiveWindow(window_.get());
-    window_->OpenDatabase(folder_.File("studies.db"), Program::WhenMissing::Create);
+    Open();
     for (const char* name : {"First", "Second"}) {
-      store::Study study = program_.Store().New("HOM Study");
+      store::Study study = program_->Store().New("HOM Study");
       study.name = name;
       study.record->SetDuration(30);
       study.record->HomData()->SetToAmps("Y");
       study.record->HomData()->SetPath(folder_.Path());
       study.record->HomData()->SetDataFile("h$YY$MM$DD$HH$MI.hom");
       std::vector<store::NamedStudy> all = {{study, "Downtown"}};
-      program_.Store().AddAll(all, "ann");
+      program_->Store().AddAll(all, "ann");
     }
-    window_->OpenDatabase(folder_.File("studies.db"), Program::WhenMissing::Refuse);
+    Open();
   }
 
   QString Text(const QString& file) const {
@@ -62,22 +50,11 @@ class StudyFilesWindow : public ::testing::Test {
                        QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }
   }
-  void Trigger(const QString& text) const {
-    for (auto* action : window_->findChildren<QAction*>()) {
-      if (action->text().remove('&') == text) return action->trigger();
-    }
-    ADD_FAILURE() << text.toStdString();
-  }
   void InHistory(const std::function<void(QTableWidget& revisions)>& work) {
     user_.During([this] { Trigger("History..."); },
                  [&](QWidget&) { work(*qobject_cast<QTableWidget*>(user_.Find("revisions"))); });
   }
   QString Result() const { return qobject_cast<QLabel*>(user_.Find("importResult"))->text(); }
-
-  test::TempFolder folder_;
-  Program program_;
-  std::unique_ptr<MainWindow> window_;
-  UserHand user_{qEnvironmentVariable("KIV_PICTURES")};
 };
 
 TEST_F(StudyFilesWindow, SelectedStudiesAreExportedCorrectedAndImported) {
@@ -109,7 +86,7 @@ TEST_F(StudyFilesWindow, SelectedStudiesAreExportedCorrectedAndImported) {
                  user_.TakePicture("import-good");
                  user_.Click("importRun");
                });
-  const auto studies = program_.Store().List();
+  const auto studies = program_->Store().List();
   ASSERT_EQ(studies.size(), 3U);
   EXPECT_EQ(studies[2].name, "Second");
   EXPECT_EQ(studies[2].scenario, "Harbour");
@@ -117,7 +94,7 @@ TEST_F(StudyFilesWindow, SelectedStudiesAreExportedCorrectedAndImported) {
 }
 
 TEST_F(StudyFilesWindow, AStateAndADeletedStudyComeBack) {
-  store::StudyStore& store = program_.Store();
+  store::StudyStore& store = program_->Store();
   EditorView* editor = window_->OpenStudy(1);
   ASSERT_NE(editor, nullptr);
   editor->Session().SetName("First, renamed");

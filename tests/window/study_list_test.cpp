@@ -2,19 +2,13 @@
 
 #include <gmock/gmock.h>
 
-#include <QApplication>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
 
 #include "client/window/editor_view.h"
-#include "client/window/main_window.h"
 #include "client/window/study_list.h"
-#include "client/window/window_program.h"
-#include "client/window/window_settings.h"
-#include "support/temp_folder.h"
-#include "support/user_hand.h"
+#include "support/window_fixture.h"
 
 namespace kiv::client {
 namespace {
@@ -23,27 +17,22 @@ using State = StudyReader::State;
 
 constexpr std::size_t kPage = 100;
 
-class StudyList : public ::testing::Test {
+class StudyList : public Window {
  protected:
   static constexpr int kStudies = 2000;
 
   StudyList() {
-    StartWithWindow(program_);
-    WindowSettings(program_.Settings()).clear();
-    program_.OpenDatabase(database_, Program::WhenMissing::Create);
+    program_->OpenDatabase(database_, Program::WhenMissing::Create);
     Execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
             std::to_string(kStudies) +
             ") INSERT INTO kiv_study (kind, name, modified_by, modified_at) "
             "SELECT 'HOM Study', 'Study ' || i, 'test', 'now' FROM n");
     Execute("INSERT INTO KIV_HomStudy (Id, HomMode) SELECT id, 1 FROM kiv_study");
-    window_ = std::make_unique<MainWindow>(program_);
-    window_->show();
-    QApplication::setActiveWindow(window_.get());
     Reader().SetPageSize(kPage);
-    window_->OpenDatabase(database_, Program::WhenMissing::Refuse);
+    Open();
   }
 
-  void Execute(const std::string& sql) { program_.Store().Database().ExecuteSql(sql); }
+  void Execute(const std::string& sql) { program_->Store().Database().ExecuteSql(sql); }
   StudyReader& Reader() { return window_->List().Reader(); }
   void ReadOnePage() {
     const std::size_t before = Reader().ReadCount();
@@ -58,7 +47,7 @@ class StudyList : public ::testing::Test {
   QString Shown(int row, int column) { return Shown().index(row, column).data().toString(); }
   /// What the list shows, as the database has it.
   void ExpectAllShown() {
-    const std::vector<store::StudySummary> stored = program_.Store().List();
+    const std::vector<store::StudySummary> stored = program_->Store().List();
     ASSERT_EQ(Shown().rowCount(), static_cast<int>(stored.size()));
     for (int row = 0; row < Shown().rowCount(); ++row) {
       ASSERT_EQ(Shown(row, StudyTable::kId).toInt(), stored[std::size_t(row)].id);
@@ -66,12 +55,6 @@ class StudyList : public ::testing::Test {
     }
   }
   std::string ReadSoFar() { return qobject_cast<QLabel*>(user_.Find("studiesRead"))->text().toStdString(); }
-
-  test::TempFolder folder_;
-  std::string database_ = folder_.File("studies.db");
-  Program program_;
-  std::unique_ptr<MainWindow> window_;
-  UserHand user_{QString()};
 };
 
 TEST_F(StudyList, IsStoppedWorkedWithAndReadAgain) {
@@ -87,9 +70,9 @@ TEST_F(StudyList, IsStoppedWorkedWithAndReadAgain) {
   // One that was not read, one that was, and one that is gone.
   for (const std::int32_t id : {1900, 50}) {
     EditorView& editor = *window_->OpenStudy(id);
-    store::Study changed = program_.Store().Load(id);
+    store::Study changed = program_->Store().Load(id);
     changed.name = "Changed";
-    program_.Store().Save(changed, "test");
+    program_->Store().Save(changed, "test");
     editor.Stored.Raise();
     EXPECT_EQ(window_->List().SelectedStudy(), id);
     user_.Press(Qt::Key_W, Qt::ControlModifier);
@@ -141,7 +124,7 @@ TEST_F(StudyList, MayBeLeftWhileItIsRead) {
   window_->close();
   window_.reset();
   QApplication::processEvents();
-  EXPECT_EQ(program_.Store().Count(), std::size_t{kStudies});
+  EXPECT_EQ(program_->Store().Count(), std::size_t{kStudies});
 }
 
 }  // namespace

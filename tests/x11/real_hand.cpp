@@ -28,7 +28,7 @@ constexpr int kWellBeyondAClick = 40;  // pixels
 /// Has the X server do something with its pointer and its keyboard, and waits until it is done.
 void Do(const QStringList& commands) {
   const int result = QProcess::execute(QStringLiteral("xdotool"), commands);
-  if (result == -2) throw std::runtime_error("xdotool is not installed; run scripts/setup.sh.");
+  if (result == -2) throw std::runtime_error("xdotool is not installed; run scripts/setup.sh test.");
   if (result != 0) throw std::runtime_error("xdotool failed: " + commands.join(' ').toStdString());
 }
 

@@ -58,7 +58,8 @@ XServer::XServer() {
   int status = 0;
   waitpid(process_, &status, 0);
   const bool absent = WIFEXITED(status) && WEXITSTATUS(status) == kNotInstalled;
-  throw std::runtime_error(absent ? "Xvfb is not installed; run scripts/setup.sh." : "Xvfb does not start.");
+  throw std::runtime_error(absent ? "Xvfb is not installed; run scripts/setup.sh test."
+                                  : "Xvfb does not start.");
 }
 
 XServer::~XServer() {

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "qt/page_test.h"
-#include "ui/control_visitor.h"
-#include "ui/layout.h"
+#include "views/view_test.h"
 
 namespace kiv::test {
 
-/// A page with every kind of control, in groups inside groups.
+/// Every kind of control but lists, in groups inside groups, and rows of a box and an option each.
 struct SamplePage : ui::Container {
   SamplePage() : Container(nullptr, "page") {
     lblArea.SetCaption("&Area code:");
@@ -19,11 +17,26 @@ struct SamplePage : ui::Container {
       ++filtered;
       if (key != ui::kBackspaceKey && (key < '0' || key > '9')) key = 0;
     });
+    txtLines.SetKeyFilter([](std::int16_t& key) { key = key == 'x' ? std::int16_t{0} : key; });
+    txtLines.SetPasteFilter([](std::string_view text) {
+      std::string lines(text);
+      for (char& c : lines) c = c == ',' ? '\n' : c;
+      return lines;
+    });
+    for (std::size_t i = 0; i < 3; ++i) {
+      chkRow[i].SetCaption("Row" + std::string(2 * i, ' ') + " &" + std::to_string(i));
+      optRow[i].SetCaption("Details");
+      lblRow[i].SetCaption("note");
+    }
   }
   void Accept(ui::ControlVisitor&) override {}
 
   ui::LayoutItem Layout() {
     using namespace ui;
+    std::vector<LayoutItem> rows;
+    for (std::size_t i = 0; i < 3; ++i) {
+      rows.push_back(Row({Single(chkRow[i]), Single(optRow[i]), Single(lblRow[i])}));
+    }
     return Column(
         {Form({Field("&Name:", {Single(txtName), Single(cmdGo)}),
                Field("Number of c&ounts:", {Single(txtCount), Text("minutes")})}),
@@ -32,7 +45,7 @@ struct SamplePage : ui::Container {
                 Group(fraInner, {Form({Field(lblArea, {Single(txtArea)}),
                                        Field("&From:", {Single(txtFrom), Text("to"), Single(txtTo)})}),
                                  Row({Single(lblNote), Stretch()})})}),
-         Stretch()});
+         Grid(std::move(rows)), Form({Field("&Lines:", {Single(txtLines)})})});
   }
 
   int filtered = 0;
@@ -48,8 +61,12 @@ struct SamplePage : ui::Container {
   ui::TextBox txtFrom{&fraInner, "txtFrom"};
   ui::TextBox txtTo{&fraInner, "txtTo"};
   ui::Label lblNote{&fraInner, "lblNote"};
+  ui::ControlArray<ui::CheckBox, 3> chkRow{this, "chkRow"};
+  ui::OptionGroup<3> optRow{this, "optRow"};
+  ui::ControlArray<ui::Label, 3> lblRow{this, "lblRow"};
+  ui::TextArea txtLines{this, "txtLines"};
 };
 
-using SampleView = PageTest<SamplePage>;
+using SampleView = ViewTest<SamplePage>;
 
 }  // namespace kiv::test

@@ -1,0 +1,116 @@
+#include "views/sample_page.h"
+
+namespace kiv::test {
+namespace {
+
+using Focus = SampleView;
+
+TEST_F(Focus, GoesBothWaysOnce) {
+  std::vector<std::string> events;
+  page_->FocusChanged.Connect([&events](ui::Control& control) { events.push_back("to " + control.Name()); });
+  page_->txtCount.FocusLost.Connect([&events] { events.emplace_back("lost"); });
+  page_->txtCount.SetFocus();
+  EXPECT_TRUE(user_->HasFocus(page_->txtCount));
+  user_->Focus(page_->cboKind);
+  EXPECT_TRUE(page_->cboKind.HasFocus());
+  user_->Click(page_->txtTo);
+  EXPECT_TRUE(page_->txtTo.HasFocus());
+  EXPECT_EQ(events, (std::vector<std::string>{"to txtCount", "lost", "to cboKind", "to txtTo"}));
+  page_->txtTo.SetEnabled(false);
+  EXPECT_FALSE(page_->txtTo.HasFocus() || user_->HasFocus(page_->txtTo));
+}
+
+TEST_F(Focus, AHandlerMayHoldIt) {
+  page_->txtCount.SetFocus();
+  page_->txtName.FocusLost.Connect([this] { page_->chkUse.SetFocus(); });
+  page_->txtName.SetFocus();
+  user_->Press(Key::Tab);
+  const ui::Control* focused = page_->FocusedControl();
+  ASSERT_NE(focused, nullptr);
+  EXPECT_TRUE(user_->HasFocus(*focused));
+}
+
+TEST_F(Focus, StaysWhileAnotherWindowOrADropDownListTakesOver) {
+  page_->txtName.SetFocus();
+  user_->GoToOtherWindow();
+  EXPECT_TRUE(page_->txtName.HasFocus());
+  // What a check does after its message box: the window is not active again yet.
+  page_->txtTo.SetFocus();
+  user_->ComeBack();
+  EXPECT_TRUE(user_->HasFocus(page_->txtTo));
+  EXPECT_TRUE(page_->txtTo.HasFocus());
+
+  const Count lost(page_->cboKind.FocusLost);
+  page_->cboKind.SetFocus();
+  user_->OpenDropDown(page_->cboKind);
+  EXPECT_TRUE(page_->cboKind.HasFocus());
+  user_->CloseDropDown(page_->cboKind);
+  EXPECT_TRUE(page_->cboKind.HasFocus());
+  EXPECT_EQ(lost.raised, 0);
+}
+
+TEST_F(Focus, ComesIntoViewAlsoOnAPageThatWasHidden) {
+  user_->Resize(220, 110);
+  EXPECT_FALSE(user_->IsInView(page_->txtFrom));
+  page_->txtFrom.SetFocus();
+  EXPECT_TRUE(user_->IsInView(page_->txtFrom));
+  user_->Hide();
+  page_->txtName.SetFocus();
+  user_->ShowAgain();
+  EXPECT_TRUE(user_->HasFocus(page_->txtName));
+  EXPECT_TRUE(user_->IsInView(page_->txtName));
+}
+
+TEST_F(Focus, TheTabKeyFollowsTheLayoutAndStopsAtTheChosenOption) {
+  page_->optRow.SetIndex(1);
+  const std::vector<const ui::Control*> order = {
+      &page_->txtName,   &page_->cmdGo,     &page_->txtCount, &page_->chkUse,    &page_->cboKind,
+      &page_->txtArea,   &page_->txtFrom,   &page_->txtTo,    &page_->chkRow[0], &page_->chkRow[1],
+      &page_->optRow[1], &page_->chkRow[2], &page_->txtLines};
+  page_->txtName.SetFocus();
+  for (const ui::Control* control : order) {
+    EXPECT_TRUE(control->HasFocus()) << control->Name();
+    user_->Press(Key::Tab);
+  }
+  EXPECT_EQ(page_->txtLines.Text(), "");
+}
+
+TEST_F(Focus, TheArrowKeysMoveTheChoice) {
+  page_->optRow.SetIndex(1);
+  page_->optRow[1].SetFocus();
+  user_->Press(Key::Down);
+  EXPECT_EQ(page_->optRow.Index(), 2);
+  user_->Press(Key::Right);
+  EXPECT_EQ(page_->optRow.Index(), 0);
+  user_->Press(Key::Up);
+  EXPECT_EQ(page_->optRow.Index(), 2);
+  EXPECT_TRUE(user_->HasFocus(page_->optRow[2]));
+  page_->optRow.Changed.Connect([this] {
+    page_->optRow.SetIndex(2);
+    page_->txtName.SetFocus();
+  });
+  user_->Press(Key::Up);
+  EXPECT_EQ(user_->CheckOf(page_->optRow[2]), ui::CheckState::Checked);
+  EXPECT_TRUE(user_->HasFocus(page_->txtName));
+}
+
+TEST_F(Focus, MnemonicsReachFieldsAndButtons) {
+  const Count clicks(page_->cmdGo.Clicked);
+  page_->txtName.SetFocus();
+  user_->Press('O', With::Alt);
+  EXPECT_TRUE(page_->txtCount.HasFocus());
+  user_->Press('A', With::Alt);
+  EXPECT_TRUE(page_->txtArea.HasFocus());
+  page_->lblArea.SetCaption("&City:");
+  user_->Press('K', With::Alt);
+  EXPECT_TRUE(page_->cboKind.HasFocus());
+  user_->Press('C', With::Alt);
+  EXPECT_TRUE(page_->txtArea.HasFocus());
+  user_->Press('U', With::Alt);
+  EXPECT_TRUE(user_->WaitFor([this] { return page_->chkUse.Checked(); }));
+  user_->Press('G', With::Alt);
+  EXPECT_TRUE(user_->WaitFor([&clicks] { return clicks.raised == 1; }));
+}
+
+}  // namespace
+}  // namespace kiv::test

@@ -1,0 +1,173 @@
+#include "ui/page_plan.h"
+#include "views/sample_page.h"
+
+namespace kiv::test {
+namespace {
+
+using Look = SampleView;
+using Text = ViewDriver::Look;
+using ui::CheckState;
+
+TEST_F(Look, FollowsTheModel) {
+  page_->txtName.SetText("Zürich");
+  page_->txtLines.SetText("7\n8");
+  page_->cboKind.SetListIndex(1);
+  page_->chkUse.SetState(CheckState::Grayed);
+  page_->fraInner.SetCaption("Nested");
+  page_->lblNote.SetCaption("R&&D &note");
+  page_->optRow.SetIndex(1);
+  EXPECT_EQ(user_->TextOf(page_->txtName), "Zürich");
+  EXPECT_EQ(user_->TextOf(page_->txtLines), "7\n8");
+  EXPECT_EQ(user_->TextOf(page_->txtArea), "");
+  EXPECT_EQ(user_->TextOf(page_->cboKind), "Large");
+  EXPECT_EQ(user_->CheckOf(page_->chkUse), CheckState::Grayed);
+  EXPECT_EQ(user_->TextOf(page_->fraInner), "Nested");
+  EXPECT_EQ(user_->TextOf(page_->lblNote), "R&D note");
+  EXPECT_EQ(user_->CheckOf(page_->optRow[1]), CheckState::Checked);
+
+  page_->cboKind.SetItems({{"A"}, {"B"}, {"C"}});
+  EXPECT_EQ(user_->TextOf(page_->cboKind), "");
+  page_->optRow.SetIndex(2);
+  EXPECT_EQ(user_->CheckOf(page_->optRow[1]), CheckState::Unchecked);
+}
+
+TEST_F(Look, EnabledAndVisibleAreInheritedAndTakeTheTextsAlong) {
+  page_->fraOuter.SetEnabled(false);
+  page_->fraInner.SetEnabled(false);
+  page_->fraOuter.SetEnabled(true);
+  EXPECT_FALSE(user_->IsEnabled(page_->txtFrom));
+  EXPECT_TRUE(user_->IsEnabled(page_->cboKind));
+  page_->fraInner.SetEnabled(true);
+  EXPECT_TRUE(user_->IsEnabled(page_->txtFrom));
+
+  page_->txtFrom.SetEnabled(false);
+  EXPECT_FALSE(user_->IsEnabled(page_->txtFrom));
+  for (const char* text : {"From:", "to"}) EXPECT_EQ(user_->LookOfText(text), Text::Disabled) << text;
+  EXPECT_TRUE(user_->IsEnabled(page_->txtTo));
+  page_->txtFrom.SetVisible(false);
+  EXPECT_FALSE(user_->IsVisible(page_->txtFrom));
+  for (const char* text : {"From:", "to"}) EXPECT_EQ(user_->LookOfText(text), Text::Absent) << text;
+  page_->fraOuter.SetVisible(false);
+  page_->txtFrom.SetVisible(true);
+  EXPECT_FALSE(user_->IsVisible(page_->fraOuter));
+  page_->fraOuter.SetVisible(true);
+  EXPECT_TRUE(user_->IsVisible(page_->txtFrom));
+  EXPECT_EQ(user_->LookOfText("to"), Text::Disabled);
+
+  user_->SetEnabled(false);
+  page_->txtName.SetEnabled(false);
+  page_->txtFrom.SetEnabled(true);
+  user_->SetEnabled(true);
+  EXPECT_FALSE(user_->IsEnabled(page_->txtName));
+  EXPECT_TRUE(user_->IsEnabled(page_->txtFrom));
+}
+
+TEST_F(Look, NamesAndRolesForScreenReadersAndScripts) {
+  const std::tuple<const ui::Control*, const char*, ui::Role> names[] = {
+      {&page_->txtName, "Name", ui::Role::Text},
+      {&page_->txtCount, "Number of counts", ui::Role::Text},
+      {&page_->cmdGo, "Go...", ui::Role::PushButton},
+      {&page_->chkUse, "Use it", ui::Role::CheckBox},
+      {&page_->cboKind, "Kind", ui::Role::DropDownList},
+      {&page_->txtArea, "Area code", ui::Role::Text},
+      {&page_->txtFrom, "From", ui::Role::Text},
+      {&page_->txtTo, "From to", ui::Role::Text},
+      {&page_->fraOuter, "Outer", ui::Role::Group},
+      {&page_->optRow[1], "Row   1 Details", ui::Role::RadioButton},
+      {&page_->txtLines, "Lines", ui::Role::Text}};
+  for (const auto& [control, name, role] : names) {
+    EXPECT_EQ(user_->NameOf(*control), name) << control->Name();
+    EXPECT_EQ(user_->RoleOf(*control), role) << control->Name();
+    EXPECT_EQ(user_->IdOf(*control), control->Name());
+  }
+  page_->lblArea.SetCaption("&City:");
+  page_->chkRow[1].SetCaption("Line");
+  page_->cmdGo.SetCaption("S&top");
+  EXPECT_EQ(user_->NameOf(page_->txtArea), "City");
+  EXPECT_EQ(user_->NameOf(page_->optRow[1]), "Line Details");
+  EXPECT_EQ(user_->NameOf(page_->cmdGo), "Stop");
+  EXPECT_FALSE(user_->Shows(*page_));
+}
+
+TEST_F(Look, LabelsShareOneWidthGridsAlignAndNumbersAreNarrow) {
+  const int width = user_->PlaceOfText("Name:").width;
+  for (const char* label : {"Number of counts:", "Kind:", "Area code:", "From:", "Lines:"}) {
+    EXPECT_EQ(user_->PlaceOfText(label).width, width) << label;
+  }
+  for (std::size_t i = 1; i < 3; ++i) {
+    EXPECT_EQ(user_->PlaceOf(page_->optRow[i]).x, user_->PlaceOf(page_->optRow[0]).x);
+    EXPECT_EQ(user_->PlaceOf(page_->lblRow[i]).x, user_->PlaceOf(page_->lblRow[0]).x);
+    EXPECT_GT(user_->PlaceOf(page_->optRow[i]).y, user_->PlaceOf(page_->optRow[i - 1]).y);
+  }
+  EXPECT_LT(user_->PlaceOf(page_->txtCount).width * 2, user_->PlaceOf(page_->txtName).width);
+  EXPECT_LT(user_->PlaceOf(page_->cboKind).width * 2, user_->PlaceOf(page_->fraOuter).width);
+  page_->lblArea.SetCaption("A much longer caption for the &city:");
+  user_->Settle();
+  EXPECT_GT(user_->PlaceOf(page_->lblArea).width, width);
+}
+
+TEST_F(Look, NothingIsCutOffWithALargeFont) {
+  user_->UseLargeFont();
+  for (const auto* controls :
+       {&page_->Children(), &page_->fraOuter.Children(), &page_->fraInner.Children()}) {
+    for (const ui::Control* control : *controls) EXPECT_FALSE(user_->IsCutOff(*control)) << control->Name();
+  }
+  EXPECT_FALSE(user_->Scrolls());
+  user_->Resize(200, 120);
+  EXPECT_TRUE(user_->Scrolls());
+}
+
+TEST_F(Look, MarksStandBesideTheirControlsAndMoveNothing) {
+  const auto places = [this] {
+    user_->Settle();
+    std::vector<int> all;
+    for (const ui::Control* control : page_->Children()) {
+      const ui::Rect place = user_->PlaceOf(*control);
+      all.insert(all.end(), {place.x, place.y, place.width, place.height});
+    }
+    return all;
+  };
+  const auto before = places();
+  user_->ShowMarks({{&page_->txtName, "no\r\nname"}, {&page_->chkUse, "use it"}, {&page_->txtName, "again"}});
+  EXPECT_EQ(places(), before);
+  EXPECT_EQ(user_->MarkIcons().size(), 2U);
+  for (int i = 0; i < 2; ++i) {
+    const ui::Rect icon = user_->MarkIcons().at("no\r\nname");
+    EXPECT_GE(icon.x, user_->PlaceOf(page_->txtName).Right() - 1);
+    EXPECT_LE(icon.Right(), user_->PlaceOf(page_->cmdGo).x);
+    user_->Resize(700, 500);
+  }
+  EXPECT_EQ(user_->TipOf(page_->txtName), "no\r\nname");
+  EXPECT_EQ(user_->DescriptionOf(page_->txtName), "no\r\nname");
+  EXPECT_EQ(user_->LookOfText("no name (and 2 more problems)"), Text::Enabled);
+}
+
+TEST_F(Look, OtherMarksReplaceThemAndNoneClearsThem) {
+  user_->ShowMarks({{&page_->txtName, "first"}, {&page_->txtTo, "second"}});
+  EXPECT_EQ(user_->LookOfText("first (and one more problem)"), Text::Enabled);
+  user_->ShowMarks({{&page_->txtTo, "if <b>x</b>"}});
+  EXPECT_EQ(user_->MarkIcons().size(), 1U);
+  EXPECT_EQ(user_->LookOfText("if <b>x</b>"), Text::Enabled);
+  EXPECT_EQ(user_->TipOf(page_->txtTo), "if <b>x</b>");
+  EXPECT_EQ(user_->TipOf(page_->txtName), "");
+  for (ui::Control* hidden :
+       {static_cast<ui::Control*>(&page_->fraOuter), static_cast<ui::Control*>(&page_->txtTo)}) {
+    hidden->SetVisible(false);
+    EXPECT_TRUE(user_->MarkIcons().empty());
+    hidden->SetVisible(true);
+    EXPECT_EQ(user_->MarkIcons().size(), 1U);
+  }
+  user_->ShowMarks({});
+  EXPECT_TRUE(user_->MarkIcons().empty());
+  EXPECT_EQ(user_->LookOfText("if <b>x</b>"), Text::Absent);
+  EXPECT_EQ(user_->DescriptionOf(page_->txtTo), "");
+
+  // A control elsewhere is told below the page.
+  const ui::TextBox elsewhere(page_.get(), "txtElsewhere");
+  user_->ShowMarks({{&elsewhere, "missing"}, {&page_->cmdGo, "press me"}});
+  EXPECT_EQ(user_->LookOfText("missing (and one more problem)"), Text::Enabled);
+  EXPECT_EQ(user_->TipOf(page_->cmdGo), "press me");
+}
+
+}  // namespace
+}  // namespace kiv::test
