@@ -14,6 +14,9 @@ namespace kiv {
 /// What a drop list accepts.
 enum class EntityType : std::int32_t { None = 0, Ecp = 1, RfcCell = 2, VcsCell = 3 };
 
+/// What the user is told who chose no cell.
+inline constexpr const char* kNoCellText = "Please select at least one cell for the study.";
+
 /// The list into which the user drags ECPs or cells from the host's configuration entity tree. It checks what
 /// is dropped, says what is refused and why, and keeps what it accepted in a collection.
 class XDDListView : public EntityListView {

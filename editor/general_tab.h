@@ -83,6 +83,13 @@ class GeneralTabOf : public TabOf<Data> {
         .Remembered(remembered, whenEmpty_);
   }
 
+  static ui::LayoutItem DurationRow(ui::TextBox& box) {
+    return ui::Field("Study &duration:", {ui::Single(box), ui::Text("minutes")});
+  }
+  static ui::LayoutItem RetrieveDelayRow(ui::TextBox& box) {
+    return ui::Field("&Retrieve delay:", {ui::Single(box), ui::Text("minutes")});
+  }
+
   /// What messages call the duration.
   static constexpr const char* kDuration = "Study Duration";
 

@@ -174,6 +174,10 @@ CustomField& Tab::BindScenario(DocumentChooser& list, ui::Button& makeNew) {
   return Adopt(std::move(field), list.Changed).Checked(list.Checks());
 }
 
+ui::LayoutItem Tab::ScenarioRow(DocumentChooser& list, ui::Button& makeNew) {
+  return ui::Form({ui::Field("S&cenario:", {ui::Single(list), ui::Single(makeNew)})});
+}
+
 CustomField& Tab::Bind(CustomField::Actions actions) {
   return Adopt(std::make_unique<CustomField>(std::move(actions)));
 }

@@ -81,6 +81,7 @@ class Tab : public ui::Container, public IDynaTabControl {
   CustomField& Bind(EntityListView& list, Place<std::shared_ptr<EntityCollection>> entities);
   /// The scenario of the study, which must be chosen, and the button that makes a new one.
   CustomField& BindScenario(DocumentChooser& list, ui::Button& makeNew);
+  static ui::LayoutItem ScenarioRow(DocumentChooser& list, ui::Button& makeNew);
   /// What is no single control; its changes are reported by the tab.
   CustomField& Bind(CustomField::Actions actions);
   template <class Kind>

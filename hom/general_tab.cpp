@@ -25,9 +25,8 @@ XKivHomGen::XKivHomGen()
 
 ui::LayoutItem XKivHomGen::Layout() {
   using namespace ui;
-  return Column({Form({Field("S&cenario:", {Single(fdocCBScenario), Single(cmdNewScenario)})}),
-                 XDest.Layout(), Form({Field("Study &duration:", {Single(txtDuration), Text("minutes")})}),
-                 Stretch()});
+  return Column({ScenarioRow(fdocCBScenario, cmdNewScenario), XDest.Layout(),
+                 Form({DurationRow(txtDuration)}), Stretch()});
 }
 
 }  // namespace kiv

@@ -195,7 +195,7 @@ bool XKivPlmCdma::MayCheckMore() {
 std::string XKivPlmCdma::RecordProblem(const CKivPlmMode& mode, Records) const {
   const std::int32_t carrier = mode.Carrier();
   if (carrier != kUnsetNumber && !kCarriers.Hold(carrier)) {
-    return mode.Key() + " carrier must be between " + kCarriers.Words(" and ") + " inclusive.";
+    return RangeText({mode.Key() + " carrier", kCarriers.low, kCarriers.high, {}}) + ".";
   }
   if (!Mode::All()[static_cast<std::size_t>(mode.PlmMode() - kFirstMode)].serviceOptions.empty() &&
       mode.ServiceOption() == kUnsetNumber) {

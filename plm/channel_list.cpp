@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/numeric_text.h"
+#include "editor/number_checks.h"
 #include "plm/limits.h"
 
 namespace kiv {
@@ -89,7 +90,7 @@ std::string XChannelList::FirstProblem() const {
     const auto channel = ParseNumber(entry);
     if (!channel) return subject + " is not a valid channel number. Please fix it.";
     if (!kChannelNumbers.Hold(*channel)) {
-      return subject + " must be between " + kChannelNumbers.Words(" and ") + " inclusive.";
+      return RangeText({subject, kChannelNumbers.low, kChannelNumbers.high, {}}) + ".";
     }
     if (!channels.insert(*channel).second) {
       return "Channel " + std::to_string(*channel) + " is a duplicate.";

@@ -40,10 +40,8 @@ bool XKivPlmGen::Validate() {
 
 ui::LayoutItem XKivPlmGen::Layout() {
   using namespace ui;
-  return Column({Form({Field("S&cenario:", {Single(fdocCBScenario), Single(cmdNewScenario)})}),
-                 XDest.Layout(),
-                 Group(Frame2, {Form({Field("Study &duration:", {Single(txtDuration), Text("minutes")}),
-                                      Field("&Retrieve delay:", {Single(txtRetrieveDelay), Text("minutes")}),
+  return Column({ScenarioRow(fdocCBScenario, cmdNewScenario), XDest.Layout(),
+                 Group(Frame2, {Form({DurationRow(txtDuration), RetrieveDelayRow(txtRetrieveDelay),
                                       Field("Data ta&g:", {Single(txtTag)})})}),
                  Stretch()});
 }

@@ -10,6 +10,7 @@
 #include "core/numeric_text.h"
 #include "editor/file_name_checks.h"
 #include "editor/folder_box.h"
+#include "editor/number_checks.h"
 
 namespace kiv {
 
@@ -19,6 +20,7 @@ using namespace MKivStudyCtls;
 
 constexpr std::string_view kExtension = ".rft";
 constexpr std::int32_t kMaxNameLength = 12;
+constexpr const char* kPollingInterval = "Polling Interval";
 constexpr std::int32_t kLongestInterval = 60;
 
 /// The least polling interval in seconds for up to so many DNs.
@@ -136,13 +138,12 @@ CheckList XKivRfcDetail::IntervalChecks() {
   checks.Add(
       txtPollingInterval,
       [this] { return txtPollingInterval.Text().empty() || IsNumeric(txtPollingInterval.Text()); },
-      "Polling Interval must be numeric.");
+      NotNumericText(kPollingInterval));
   checks.Add(
       txtPollingInterval,
       [this, interval] { return IsNumberBetween("0" + interval(), LeastInterval(), kLongestInterval); },
       [this] {
-        return "Polling Interval must be between " + std::to_string(LeastInterval()) + " and " +
-               std::to_string(kLongestInterval) + " seconds inclusive.";
+        return RangeText({kPollingInterval, LeastInterval(), kLongestInterval, "seconds"}) + ".";
       });
   return checks;
 }
@@ -248,12 +249,11 @@ void XKivRfcDetail::ShowLeastInterval() {
   lblInterval.SetCaption(text + ")");
 }
 
-/// While no features are on record, what is stored of them stays.
 void XKivRfcDetail::SaveDns() {
   ReadFeature();
   EnableRows();
   CKivRfcData& data = *SubRecord();
-  if (KnowsFeature() || data.MultipleDns().empty()) data.SetMultipleDns(BoolToYN(multipleDns_));
+  data.SetMultipleDns(BoolToYN(multipleDns_));  // as it was stored while no features are on record
   data.SetDNs(std::make_shared<DnCollection>());
   for (std::size_t row = 0; row < kRows; ++row) {
     if (!IsTraced(row)) continue;

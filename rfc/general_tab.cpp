@@ -28,8 +28,7 @@ enum : std::size_t { kWholeEcp, kCells };
 
 constexpr Choice kChoices[XKivRfcGen::kEntityTypes] = {
     {EntityType::Ecp, 1, "&ECP", "(Select ECP From Scenario)", "Please select an ECP for the study."},
-    {EntityType::RfcCell, 8, "Ce&lls", "(Select a Maximum of Eight Cells From Scenario)",
-     "Please select at least one cell for the study."}};
+    {EntityType::RfcCell, 8, "Ce&lls", "(Select a Maximum of Eight Cells From Scenario)", kNoCellText}};
 
 constexpr MinutesField kMinutes = {15, 240, 30, host::remembered::kRfcDuration};
 

@@ -10,8 +10,7 @@ ScenarioStrip::ScenarioStrip()
 }
 
 ui::LayoutItem ScenarioStrip::Layout() {
-  using namespace ui;
-  return Form({Field("S&cenario:", {Single(fdocCBScenario), Single(cmdNewScenario)})});
+  return ScenarioRow(fdocCBScenario, cmdNewScenario);
 }
 
 }  // namespace kiv::session

@@ -15,28 +15,27 @@ constexpr MinutesField kMinutes = {kQuarterHour, 480, 30, host::remembered::kVcs
 constexpr MinutesField kDelay = {1, 120, 15, host::remembered::kVcsRetrieveDelay};
 constexpr DataFileNames kDataFiles = {".vcs", "v$YY$MM$DD$HH$MI", host::remembered::kVcsFilename};
 
-CheckList QuarterHours(ui::TextBox& box, const std::string& subject) {
+CheckList QuarterHours(ui::TextBox& box, const char* subject) {
   const auto quarters = [](std::int32_t count) { return std::to_string(count * kQuarterHour); };
   CheckList checks;
   checks.Add(
-      box, [&box] { return IsNumeric(box.Text()); }, subject + " must be numeric.");
+      box, [&box] { return IsNumeric(box.Text()); }, NotNumericText(subject));
   checks.Add(
       box,
       [&box] {
         return IsNumberBetween(box.Text(), kMinutes.low, kMinutes.high) &&
                *ParseNumber(box.Text()) % kQuarterHour == 0;
       },
-      subject + " must be between " + std::to_string(kMinutes.low) + " and " + std::to_string(kMinutes.high) +
-          " minutes inclusive and \r\nexpressed in increments of quarter hours (" + quarters(1) + ", " +
-          quarters(2) + ", " + quarters(3) + ",etc).");
+      RangeText({subject, kMinutes.low, kMinutes.high, "minutes"}) +
+          " and \r\nexpressed in increments of quarter hours (" + quarters(1) + ", " + quarters(2) + ", " +
+          quarters(3) + ",etc).");
   return checks;
 }
 
 CheckList AtLeastOneCell(XDDListView& list) {
   CheckList checks;
   checks.Add(
-      list, [&list] { return Required(list.TheCollection()).Count() > 0; },
-      "Please select at least one cell for the study.");
+      list, [&list] { return Required(list.TheCollection()).Count() > 0; }, kNoCellText);
   return checks;
 }
 
@@ -89,8 +88,7 @@ void XKivVcsGen::ShowStoredStudy() {
 ui::LayoutItem XKivVcsGen::Layout() {
   using namespace ui;
   return Column({Group(fraCells, {Single(dlvwCell)}), XDest.Layout(),
-                 Form({Field("Study &duration:", {Single(txtDuration), Text("minutes")}),
-                       Field("&Retrieve delay:", {Single(txtRetrieveDelay), Text("minutes")})})});
+                 Form({DurationRow(txtDuration), RetrieveDelayRow(txtRetrieveDelay)})});
 }
 
 }  // namespace kiv

@@ -85,7 +85,6 @@ TEST_F(RfcDetail, ChecksRunInOrder) {
       {"_b", first},
       {"b123456789012", length},
       {"b$$$$$$$$$$$$", length},
-      {"b*", length},
       {"b12345678901", "If you entered a DN you must have a corresponding study data file name."}};
   for (const auto& [name, message] : names) {
     Enter(3, "5552", name);
