@@ -4,7 +4,7 @@
 
 #include "base/flag_guard.h"
 #include "base/utf16.h"
-#include "core/kiv_study_ctls.h"
+#include "editor/kiv_study_ctls.h"
 #include "host/constants.h"
 #include "host/services.h"
 
@@ -57,6 +57,13 @@ std::string XDnBox::Problem() const {
   using namespace MKivStudyCtls;
   const bool onlyDigits = FindCharInSet(1, dn, "1234567890", CharSearch::NotInSet, Comparison::Exact) == 0;
   return onlyDigits ? std::string() : "Value for DN may contain only digits.";
+}
+
+CheckList XDnBox::Checks() {
+  CheckList checks;
+  checks.Add(
+      edit, [this] { return Problem().empty(); }, [this] { return Problem(); });
+  return checks;
 }
 
 bool XDnBox::IsValid(const std::string& title) {

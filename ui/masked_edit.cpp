@@ -12,10 +12,6 @@ namespace {
 
 constexpr char kPlace = '#';
 
-bool IsAsciiDigit(char character) {
-  return character >= '0' && character <= '9';
-}
-
 }  // namespace
 
 std::size_t MaskedEdit::DigitPlaces(std::string_view mask) {

@@ -1,20 +1,13 @@
-#include "vcsa/cell_completion.h"
+#include "vcsa/cell_lookup.h"
 
-#include <algorithm>
+#include <string>
 #include <utility>
 
 #include "core/entity_lists.h"
-#include "vcsa/technology.h"
 
 namespace kiv {
 
 namespace {
-
-/// The antennas or carriers that really are the cell's own.
-bool HoldsOnlyOwn(const CCell& cell, const AntennaCollection& entries) {
-  return std::all_of(entries.begin(), entries.end(),
-                     [&cell](const auto& entry) { return entry->SharesEcpWith(cell); });
-}
 
 std::shared_ptr<CCell> WithoutLists(const CCell& cell) {
   auto copy = MakeCell(cell.ID(), cell.InstanceID(), cell.SystemID(), cell.EcpID(), cell.CellID());
@@ -32,6 +25,8 @@ void AddOwnCarriers(CCell& cell, const AntennaCollection& carriers) {
   }
 }
 
+/// The stored lists are read by cell number alone, so a cell may have got those of its namesake on another
+/// ECP as well.
 std::shared_ptr<CCell> WithOwnOnly(const CCell& cell) {
   auto own = WithoutLists(cell);
   for (const auto& antenna : Required(cell.Antennas())) {
@@ -45,28 +40,28 @@ std::shared_ptr<CCell> WithOwnOnly(const CCell& cell) {
 
 }  // namespace
 
-void CompleteCell(const CKivVcsData& study, CCell& cell) {
+bool IsCdma(const CCell& cell) {
+  return cell.TechType().find("CDMA") != std::string::npos;
+}
+
+void CompleteCell(const CKivVcsData& data, CCell& cell) {
   cell.SetTechType(MSQL::FindCellTech(cell.InstanceID()));
-  study.LookupAntenna(cell);
+  data.LookupAntenna(cell);
   if (!IsCdma(cell)) return;
   // A cell that has carriers already would not be given those of its CGSA.
   const auto configured = WithoutLists(cell);
-  study.LookupCarrier(*configured);
+  data.LookupCarrier(*configured);
   AddOwnCarriers(cell, Required(configured->Carriers()));
 }
 
-void CompleteStoredCells(CKivVcsData& study) {
-  const EntityCollection& stored = Required(study.Cells());
-  const bool mixed = std::any_of(stored.begin(), stored.end(), [](const auto& entity) {
-    const CCell& cell = AsCell(entity);
-    return !HoldsOnlyOwn(cell, Required(cell.Antennas())) || !HoldsOnlyOwn(cell, Required(cell.Carriers()));
-  });
-  if (mixed) {
-    auto own = std::make_shared<EntityCollection>();
-    for (const auto& entity : stored) own->Add(WithOwnOnly(AsCell(entity)), entity->Key());
-    study.SetCells(std::move(own));
+std::shared_ptr<EntityCollection> CompletedCells(const CKivVcsData& data) {
+  auto completed = std::make_shared<EntityCollection>();
+  for (const auto& entity : Required(data.Cells())) {
+    auto cell = WithOwnOnly(AsCell(entity));
+    CompleteCell(data, *cell);
+    completed->Add(std::move(cell), entity->Key());
   }
-  for (const auto& entity : *study.Cells()) CompleteCell(study, AsCell(entity));
+  return completed;
 }
 
 }  // namespace kiv
