@@ -58,7 +58,7 @@ void VisitSummaries(database::Connection& connection, const std::string& which, 
       "SELECT s.id, s.kind, s.name, c.name AS scenario, s.duration, s.modified_by, s.modified_at "
       "FROM kiv_study s LEFT JOIN kiv_scenario c ON c.id = s.scenario_id " +
           which,
-      kQueryTimeoutSeconds, take);
+      host::kQueryTimeoutSeconds, take);
 }
 
 std::vector<StudySummary> Summaries(database::Connection& connection, const std::string& which) {
