@@ -7,11 +7,9 @@
 
 namespace kiv::store {
 
-inline constexpr int kQueryTimeoutSeconds = 60;
-
 /// Runs one of the store's own queries.
 inline std::shared_ptr<host::Recordset> Query(host::Database& database, const std::string& sql) {
-  return database.OpenQuery(sql, kQueryTimeoutSeconds);
+  return database.OpenQuery(sql, host::kQueryTimeoutSeconds);
 }
 
 }  // namespace kiv::store

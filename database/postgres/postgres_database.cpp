@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/ascii.h"
 #include "database/postgres/postgres_layout.h"
 #include "database/postgres/postgres_url.h"
 #include "database/row_buffer.h"
@@ -138,7 +139,7 @@ std::shared_ptr<host::Recordset> RowsOf(const PGresult* result) {
 }
 
 /// A dotted name, each part in quotes, in the letter case in which an unquoted name is found.
-std::string QuotedName(const std::string& name) {
+std::string QuotedDottedName(const std::string& name) {
   std::string quoted = "\"";
   for (const char character : name) {
     if (character == '.') {
@@ -146,7 +147,7 @@ std::string QuotedName(const std::string& name) {
     } else if (character == '"') {
       quoted += "\"\"";
     } else {
-      quoted += character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+      quoted += ToAsciiLower(character);
     }
   }
   return quoted + '"';
@@ -307,7 +308,7 @@ bool PostgresDatabase::FindColumn(const std::string& table, const std::string& c
 
 std::string PostgresDatabase::CallFunction(const std::string& name, const std::string& argument) {
   const Variant result =
-      Run("SELECT CAST(" + QuotedName(name) + "($1) AS TEXT)", TimeoutAsItIs(), {argument})->FieldAt(0);
+      Run("SELECT CAST(" + QuotedDottedName(name) + "($1) AS TEXT)", TimeoutAsItIs(), {argument})->FieldAt(0);
   return result.IsNull() ? std::string() : std::get<std::string>(result.Value());
 }
 

@@ -7,7 +7,6 @@ namespace kiv::database {
 
 namespace {
 
-constexpr int kTimeoutSeconds = 60;
 /// Any number will do that other programs are unlikely to lock: the letters KIVS.
 constexpr std::int32_t kAdvisoryLock = 0x4B495653;
 
@@ -30,7 +29,8 @@ std::span<const SchemaWord> PostgresLayout::Words() const {
 
 int PostgresLayout::Version(Connection& connection) const {
   if (!connection.ColumnExists("kiv_schema_version", "version")) return 0;
-  const auto rows = connection.OpenQuery("SELECT version FROM kiv_schema_version", kTimeoutSeconds);
+  const auto rows =
+      connection.OpenQuery("SELECT version FROM kiv_schema_version", host::kQueryTimeoutSeconds);
   return rows->EndOfFile() ? 0 : static_cast<int>(std::get<std::int64_t>(rows->FieldAt(0).Value()));
 }
 
@@ -46,13 +46,13 @@ bool PostgresLayout::IsTaken(Connection& connection) const {
       "SELECT 1 FROM pg_class c JOIN pg_namespace n ON n.oid = c.relnamespace WHERE n.nspname = "
       "current_schema() AND c.relkind IN ('r', 'p', 'v', 'm', 'f') AND NOT EXISTS (SELECT 1 FROM pg_depend d "
       "WHERE d.classid = 'pg_class'::regclass AND d.objid = c.oid AND d.deptype = 'e') LIMIT 1",
-      kTimeoutSeconds);
+      host::kQueryTimeoutSeconds);
   return !rows->EndOfFile();
 }
 
 void PostgresLayout::LockOutOthers(Connection& connection) const {
   connection.OpenQuery("SELECT pg_advisory_xact_lock(" + std::to_string(kAdvisoryLock) + ")",
-                       kTimeoutSeconds);
+                       host::kQueryTimeoutSeconds);
 }
 
 }  // namespace kiv::database

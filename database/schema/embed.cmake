@@ -14,14 +14,11 @@ file(WRITE "${output}" "#include \"database/schema_steps.h\"
 
 namespace kiv::database {
 
-namespace {
-
-constexpr std::string_view kSteps[] = {
+std::span<const std::string_view> SchemaSteps() {
+  static constexpr std::string_view kSteps[] = {
 ${texts}};
-
-}  // namespace
-
-std::span<const std::string_view> SchemaSteps() { return kSteps; }
+  return kSteps;
+}
 
 }  // namespace kiv::database
 ")

@@ -8,6 +8,7 @@
 #include "core/study_kinds.h"
 #include "database/statement_error.h"
 #include "database/transaction.h"
+#include "host/scope.h"
 #include "store/query.h"
 #include "store/times.h"
 
@@ -21,10 +22,6 @@ constexpr const char* kInOrder = "ORDER BY s.id";
 /// A scenario that was never chosen has no row to point at.
 Variant ScenarioReference(std::int32_t id) {
   return id == CKivStudyData::kNotGiven ? Variant() : Variant(id);
-}
-
-std::int32_t NumberOrNotGiven(const Variant& field) {
-  return field.IsNull() ? CKivStudyData::kNotGiven : ToInt32(field);
 }
 
 /// One value that is no number must not keep the whole list from being shown.
@@ -62,7 +59,7 @@ void VisitSummaries(database::Connection& connection, const std::string& which, 
       "SELECT s.id, s.kind, s.name, c.name AS scenario, s.duration, s.modified_by, s.modified_at "
       "FROM kiv_study s LEFT JOIN kiv_scenario c ON c.id = s.scenario_id " +
           which,
-      kQueryTimeoutSeconds, take);
+      host::kQueryTimeoutSeconds, take);
 }
 
 std::vector<StudySummary> Summaries(database::Connection& connection, const std::string& which) {
@@ -82,7 +79,7 @@ constexpr const char* kCorrectTheValue =
 std::int32_t StudyNumber(const host::Recordset& row, std::string_view column) {
   const Variant value = row.Field(column);
   try {
-    return NumberOrNotGiven(value);
+    return ToInt32Or(value, CKivStudyData::kNotGiven);
   } catch (const Error&) {
     throw StoreError("its " + std::string(column) + " is stored as \"" + ToText(value) +
                      "\", which is not a whole number of 32 bits." + kCorrectTheValue);
@@ -135,6 +132,10 @@ StudyStore::StudyStore(std::shared_ptr<database::Connection> connection, std::sh
       scenarios_(*connection_),
       errors_(std::move(errors)) {}
 
+host::Services StudyStore::OwnServices() const {
+  return {.openDatabase = [connection = connection_] { return connection; }, .errorReporter = errors_};
+}
+
 std::vector<StudySummary> StudyStore::List() const {
   return Summaries(*connection_, kInOrder);
 }
@@ -166,6 +167,7 @@ Study StudyStore::Load(std::int32_t id) const {
 }
 
 Study StudyStore::Read(std::int32_t id) const {
+  const host::Scope own(OwnServices(), host::Rest::AsBefore);
   const ErrorLog::Watch watch(*errors_);
   const auto row = Query(
       *connection_,
@@ -223,6 +225,7 @@ void StudyStore::Save(Study& study, const std::string& user) {
 
 /// Writes a study within a transaction, and what happened into its history; returns its revision.
 std::int32_t StudyStore::Write(Study& study, const SaveNote& note, Identifier identifier) {
+  const host::Scope own(OwnServices(), host::Rest::AsBefore);
   const ErrorLog::Watch watch(*errors_);
   CKivStudyData& record = *study.record;
   if (!record.IsNew()) KeepKnownState(record.ID(), study.revision);

@@ -179,7 +179,7 @@ TEST_P(Store, AScenarioThatWasDeletedMeanwhileIsTold) {
   EXPECT_TRUE(session->IsNew());
   EXPECT_TRUE(store_.List().empty());
   scenario_ = AddScenario("Harbour");
-  host_.documents->DocumentsChanged.Raise();
+  host::TheEvents().DocumentsChanged.Raise();
   General(*session).fdocCBScenario.SelectID(scenario_);
   EXPECT_TRUE(session->Save("ann")) << host_.TakeMessage();
 }
@@ -196,6 +196,19 @@ TEST_P(Store, ScenariosHaveNamesOfTheirOwn) {
   EXPECT_THROW(store_.Scenarios().Remove(scenario_), store::StoreError);
   store_.Scenarios().Remove(other);
   EXPECT_EQ(store_.Scenarios().List().size(), 1U);
+}
+
+TEST(StoreOnSqlite, WorksOnItsOwnConnectionWhateverTheHostHasOpen) {
+  const test::FakeHost host;
+  const auto database = test::SqliteEngine().start();
+  const std::shared_ptr<database::SqlConnection> connection = database->Connect();
+  database::UpgradeSchema(*connection);
+  store::StudyStore store(connection, std::make_shared<store::ErrorLog>());
+  store::Study study = store.New("HOM Study");
+  study.record->HomData()->SetPath("/data");
+  store.Save(study, "ann");
+  EXPECT_EQ(test::RowsText(*connection, "Path", "KIV_HomStudy"), "/data;");
+  EXPECT_EQ(store.Load(study.record->ID()).record->HomData()->Path(), "/data");
 }
 
 #ifdef KIV_WITH_POSTGRES

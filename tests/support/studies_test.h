@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "core/msql.h"
 #include "database/schema.h"
+#include "host/scope.h"
 #include "session/study_session.h"
 #include "store/studies/study_store.h"
 #include "support/engine.h"
@@ -22,11 +22,6 @@ class StudiesTest {
   explicit StudiesTest(const Engine& engine, int layout = database::NewestSchemaVersion())
       : database_(engine.start()), connection_(database_->Connect()) {
     database::UpgradeSchema(*connection_, layout);
-    MSQL::ReleaseDatabase();
-    host::Services services = host::InstalledServices();
-    services.openDatabase = [connection = connection_] { return connection; };
-    services.errorReporter = errors_;
-    host::InstallServices(services);
     scenario_ = AddScenario("Down'town");
   }
   ~StudiesTest() = default;
@@ -56,6 +51,9 @@ class StudiesTest {
   const std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
   const std::unique_ptr<TestDatabase> database_;
   const std::shared_ptr<database::SqlConnection> connection_;
+  const host::Scope scope_{
+      {.openDatabase = [opened = connection_] { return opened; }, .errorReporter = errors_},
+      host::Rest::AsBefore};
   store::StudyStore store_{connection_, errors_};
   std::int32_t scenario_ = 0;
 };
