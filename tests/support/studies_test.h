@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "database/open.h"
 #include "database/schema.h"
 #include "host/scope.h"
 #include "session/study_session.h"
@@ -20,7 +21,12 @@ namespace kiv::test {
 class StudiesTest {
  protected:
   explicit StudiesTest(const Engine& engine, int layout = database::NewestSchemaVersion())
-      : database_(engine.start()), connection_(database_->Connect()) {
+      : database_(engine.start()),
+        // The program's way also brings the stored functions along.
+        connection_(
+            layout < database::NewestSchemaVersion()
+                ? database_->Connect()
+                : database::OpenStudyDatabase(database_->Name(), database::OpenMode::CreateIfMissing)) {
     database::UpgradeSchema(*connection_, layout);
     scenario_ = AddScenario("Down'town");
   }
