@@ -27,8 +27,8 @@ FileNameTexts DataFileNameTexts() {
           .lengthStart = "A filename must have at least 1 but no more than "};
 }
 
-CheckList FileNameChecks(ui::TextBox& box, std::function<std::int32_t()> maxLength, FileNameTexts texts,
-                         NameKind kind) {
+CheckList FileNameChecks(ui::TextBox& box, const std::function<std::int32_t()>& maxLength,
+                         FileNameTexts texts, NameKind kind) {
   CheckList checks;
   checks.Add(
       box, [&box] { return !Trimmed(box.Text()).empty(); }, std::move(texts.required));

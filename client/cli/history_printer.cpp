@@ -62,6 +62,7 @@ void PrintDifferences(const std::vector<store::StudyDifference>& differences, Ou
   }
   if (differences.empty()) out << "Nothing was changed.\n";
   std::vector<std::vector<std::string>> lines;
+  lines.reserve(differences.size());
   for (const store::StudyDifference& difference : differences) {
     lines.push_back({difference.place, DifferenceText(difference)});
   }
