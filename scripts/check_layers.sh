@@ -13,7 +13,7 @@ rules="
 base: base
 host: base host
 ui: base ui
-core: base host ui core
+core: base host core
 editor: base host ui core editor
 $kind_rules
 database: base host database

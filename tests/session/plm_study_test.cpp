@@ -132,10 +132,6 @@ class PlmStudies : public ::testing::TestWithParam<test::Engine> {
  protected:
   PlmStudies() {
     database::UpgradeSchema(*connection_);
-    host::Services services = host::InstalledServices();
-    services.openDatabase = [this] { return connection_; };
-    services.errorReporter = errors_;
-    host::InstallServices(services);
     scenario_ = store_.Scenarios().Add("Downtown");
     host_.documents->documents = store_.Scenarios().List();
   }
@@ -182,6 +178,9 @@ class PlmStudies : public ::testing::TestWithParam<test::Engine> {
   std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
   const std::unique_ptr<test::TestDatabase> database_ = GetParam().start();
   const std::shared_ptr<database::SqlConnection> connection_ = database_->Connect();
+  const host::Scope scope_{
+      {.openDatabase = [opened = connection_] { return opened; }, .errorReporter = errors_},
+      host::Rest::AsBefore};
   store::StudyStore store_{connection_, errors_};
   std::int32_t scenario_ = 0;
 };

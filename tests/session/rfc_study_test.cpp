@@ -55,10 +55,6 @@ class RfcStudies : public ::testing::TestWithParam<test::Engine> {
                       "(2, '") +
           cell + "', 102)");
     }
-    host::Services services = host::InstalledServices();
-    services.openDatabase = [connection = connection_] { return connection; };
-    services.errorReporter = errors_;
-    host::InstallServices(services);
     scenario_ = store_.Scenarios().Add("Downtown");
     host_.documents->documents = store_.Scenarios().List();
   }
@@ -100,6 +96,9 @@ class RfcStudies : public ::testing::TestWithParam<test::Engine> {
   std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
   const std::unique_ptr<test::TestDatabase> database_ = GetParam().start();
   const std::shared_ptr<database::SqlConnection> connection_ = database_->Connect();
+  const host::Scope scope_{
+      {.openDatabase = [opened = connection_] { return opened; }, .errorReporter = errors_},
+      host::Rest::AsBefore};
   store::StudyStore store_{connection_, errors_};
   std::int32_t scenario_ = 0;
 };

@@ -5,7 +5,6 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDropEvent>
-#include <QGroupBox>
 #include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QLabel>
@@ -18,6 +17,7 @@
 #include <QStackedWidget>
 #include <QTest>
 #include <QTextDocument>
+#include <QTextDocumentFragment>
 #include <QTreeView>
 #include <QWheelEvent>
 #include <algorithm>
@@ -36,30 +36,17 @@ using qt::FromQt;
 using qt::ToQt;
 
 Qt::Key ToQtKey(Key key) {
-  switch (key) {
-    case Key::Tab: return Qt::Key_Tab;
-    case Key::Return: return Qt::Key_Return;
-    case Key::Space: return Qt::Key_Space;
-    case Key::Backspace: return Qt::Key_Backspace;
-    case Key::Delete: return Qt::Key_Delete;
-    case Key::Home: return Qt::Key_Home;
-    case Key::End: return Qt::Key_End;
-    case Key::Up: return Qt::Key_Up;
-    case Key::Down: return Qt::Key_Down;
-    case Key::Left: return Qt::Key_Left;
-    case Key::Right: break;
-  }
-  return Qt::Key_Right;
+  static constexpr Qt::Key kKeys[] = {Qt::Key_Tab,    Qt::Key_Return, Qt::Key_Space, Qt::Key_Backspace,
+                                      Qt::Key_Delete, Qt::Key_Home,   Qt::Key_End,   Qt::Key_Up,
+                                      Qt::Key_Down,   Qt::Key_Left,   Qt::Key_Right};
+  static_assert(std::size(kKeys) == static_cast<std::size_t>(Key::Right) + 1);
+  return kKeys[static_cast<std::size_t>(key)];
 }
 
 Qt::KeyboardModifiers ToQtModifiers(With with) {
-  switch (with) {
-    case With::Nothing: break;
-    case With::Shift: return Qt::ShiftModifier;
-    case With::Control: return Qt::ControlModifier;
-    case With::Alt: return Qt::AltModifier;
-  }
-  return Qt::NoModifier;
+  static constexpr Qt::KeyboardModifier kModifiers[] = {Qt::NoModifier, Qt::ShiftModifier,
+                                                        Qt::ControlModifier, Qt::AltModifier};
+  return kModifiers[static_cast<std::size_t>(with)];
 }
 
 class QtDriver final : public ViewDriver {
@@ -163,13 +150,11 @@ class QtDriver final : public ViewDriver {
 
   bool Shows(const Control& control) const override { return view_->WidgetOf(control) != nullptr; }
   std::string TextOf(const Control& control) const override {
-    const QWidget& widget = WidgetOf(control);
-    if (const auto* box = qobject_cast<const QLineEdit*>(&widget)) return FromQt(box->text());
-    if (const auto* area = qobject_cast<const QPlainTextEdit*>(&widget)) return FromQt(area->toPlainText());
-    if (const auto* list = qobject_cast<const QComboBox*>(&widget)) return FromQt(list->currentText());
-    if (const auto* label = qobject_cast<const QLabel*>(&widget)) return FromQt(label->text());
-    if (const auto* group = qobject_cast<const QGroupBox*>(&widget)) return FromQt(group->title());
-    return FromQt(The<QAbstractButton>(control).text());
+    for (const char* name : {"currentText", "plainText", "title", "text"}) {
+      const QVariant text = WidgetOf(control).property(name);
+      if (text.isValid()) return FromQt(text.toString());
+    }
+    throw std::runtime_error("a control is shown without a text");
   }
   std::size_t CaretOf(const Control& control) const override {
     const auto* box = qobject_cast<const QLineEdit*>(&WidgetOf(control));
@@ -228,10 +213,8 @@ class QtDriver final : public ViewDriver {
   }
   std::string IdOf(const Control& control) const override { return FromQt(WidgetOf(control).objectName()); }
   std::string TipOf(const Control& control) const override {
-    QTextDocument tip;
-    tip.setHtml(WidgetOf(control).toolTip());
-    return FromQt(Qt::mightBeRichText(WidgetOf(control).toolTip()) ? tip.toPlainText()
-                                                                   : WidgetOf(control).toolTip());
+    const QString tip = WidgetOf(control).toolTip();
+    return FromQt(Qt::mightBeRichText(tip) ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip);
   }
   std::map<std::string, ui::Rect> MarkIcons() const override {
     std::map<std::string, ui::Rect> icons;

@@ -1,6 +1,7 @@
 // The whole program through its window, with a user's keys and clicks, on real database files.
 
 #include <QAction>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -67,6 +68,7 @@ TEST_F(Window, AListWithoutRowsAnswersEveryKey) {
   window_->List().findChild<QLineEdit*>()->setText("no such study");
   window_->List().View().setFocus();
   for (const Qt::Key key : {Qt::Key_C, Qt::Key_A, Qt::Key_Delete}) user_.Press(key, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), "");  // and nothing of what is not shown
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Home}) user_.Press(key);
   EXPECT_EQ(program_->Store().List().size(), 1U);
 }
