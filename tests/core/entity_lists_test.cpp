@@ -57,8 +57,7 @@ TEST_F(EntityLists, RowsAreWrittenAndDeletedWithTheirExactTexts) {
       Statements(),
       (std::vector<std::string>{
           "INSERT INTO KIV_Cell_List (kiv_list_id, InstanceId, SystemId, EcpId, CellId) VALUES (7, 4711, 1, "
-          "2, "
-          "37)",
+          "2, 37)",
           "INSERT INTO KIV_Antenna_List (kiv_list_id, InstanceId, SystemId, EcpId, CellId, AntennaId, "
           "Selected) VALUES (7, 912, 1, 2, 37, 4, 'Y')",
           "INSERT INTO KIV_Carrier_List (kiv_list_id, InstanceId, SystemId, EcpId, CellId, CarrierId, "
@@ -107,8 +106,7 @@ TEST_F(EntityLists, ListsAreLoadedCellByCell) {
 TEST_F(EntityLists, TheConfigurationIsAskedForAntennasAndCarriers) {
   const std::string antennas =
       "SELECT Instance_Id, rfpi FROM luc_cfg_ceqsu2 WHERE dsetup='y' AND system_id=1 AND ecp=2 AND cell=37 "
-      "ORDER BY "
-      "rfpi";
+      "ORDER BY rfpi";
   const std::string carriers =
       "SELECT cdma_carr_id FROM luc_cfg_cdma_car_chans WHERE system_id=1 AND ecp=2 AND cell=37 ORDER BY "
       "keyid";
