@@ -44,7 +44,7 @@ class ConnectionConformance : public testing::TestWithParam<test::Engine> {
   std::shared_ptr<host::Recordset> Query(const std::string& sql) {
     return connection_->OpenQuery(sql, kTimeoutSeconds);
   }
-  void Insert(std::vector<Variant> values) {
+  void Insert(const std::vector<Variant>& values) {
     connection_->ExecuteSql("INSERT INTO Sample VALUES (" + connection_->FormatValueList(values) + ")");
   }
   /// An insert of the form that waits for more of its kind.

@@ -83,6 +83,7 @@ TEST_F(PostgresDatabaseTest, TypesOfOtherTablesAreRead) {
       "DATE '2026-03-09', sum(3::bigint), 1e300::float8, '\\x61'::text FROM pg_am",
       kTimeoutSeconds);
   std::vector<Variant> values;
+  values.reserve(8);
   for (int i = 0; i < 8; ++i) values.push_back(rows->FieldAt(i));
   EXPECT_EQ(values[0], Variant(7));
   EXPECT_EQ(values[1], Variant(7.25));

@@ -44,6 +44,7 @@ std::vector<std::string> Shown(const EntityTreeModel& model, const QModelIndex& 
 
 std::vector<std::string> Keys(const std::vector<host::DraggedNode>& nodes) {
   std::vector<std::string> keys;
+  keys.reserve(nodes.size());
   for (const host::DraggedNode& node : nodes) keys.push_back(node.key);
   return keys;
 }
