@@ -72,8 +72,6 @@ TEST(Records, AreTheSameByWhatIsStored) {
   };
   EXPECT_EQ(*make(1, 2), *make(5, 2));
   EXPECT_FALSE(*make(1, 2) == *make(1, 3));
-  const StoredList modes = make(1, 2)->StoredLists().front();
-  EXPECT_EQ(std::vector(modes.label.begin(), modes.label.end()), std::vector<std::string_view>{"PlmMode"});
 }
 
 }  // namespace
