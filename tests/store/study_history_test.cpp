@@ -156,13 +156,13 @@ TEST(PackedText, IsReadAsEarlierVersionsWroteItAndNeverInflatedBeyondItsLength) 
 
 TEST(StudyDifference, IsToldFieldByFieldAndEntryByEntry) {
   const std::string before =
-      R"({"name": "A", "scenario": null, "durationMinutes": 30, "data": {"Path": "/d", "Gone": 1,
+      R"({"kind": "VCSA Study", "name": "A", "scenario": null, "durationMinutes": 30, "data": {"Path": "/d", "Gone": 1,
           "Cells": [{"InstanceId": 7, "SystemId": 1, "CellId": 4, "Antennas": [
                        {"InstanceId": 0, "AntennaId": 1, "Selected": "N"}, {"InstanceId": 0, "AntennaId": 2, "Selected": "N"}]},
                     {"InstanceId": 8, "SystemId": 1, "CellId": 5, "Antennas": []}],
           "Modes": [{"PlmMode": 2, "Channels": [1, 2, 3]}], "DNs": [{"Dn": "5551", "DataFile": "a"}]}})";
   const std::string after =
-      R"({"name": "B", "scenario": "S", "durationMinutes": 30, "data": {"Path": "/d", "Come": 2,
+      R"({"kind": "VCSA Study", "name": "B", "scenario": "S", "durationMinutes": 30, "data": {"Path": "/d", "Come": 2,
           "Cells": [{"InstanceId": 9, "SystemId": 1, "CellId": 6, "Antennas": []},
                     {"InstanceId": 7, "SystemId": 1, "CellId": 4, "Antennas": [
                        {"InstanceId": 0, "AntennaId": 2, "Selected": "Y"}, {"InstanceId": 0, "AntennaId": 1, "Selected": "N"}]}],
@@ -180,7 +180,30 @@ TEST(StudyDifference, IsToldFieldByFieldAndEntryByEntry) {
                                            "DNs 5551: DataFile a -> b", "Gone 1 -> (nothing)"));
   EXPECT_EQ(store::SummaryOf(differences), "name, scenario, Come, Cells (3), Modes (2), DNs (1), Gone");
   EXPECT_TRUE(store::DifferencesBetween(before, before).empty());
-  EXPECT_EQ(store::DifferencesBetween({}, after).size(), 9U);
+  EXPECT_EQ(store::DifferencesBetween({}, after).size(), 10U);
+}
+
+/// Lists that no identity of these tells apart, also inside entries.
+std::string ListsWithoutIdentity(const std::vector<StoredList>& lists,
+                                 const std::vector<ListIdentity>& identities) {
+  std::string names;
+  for (const StoredList& list : lists) {
+    const bool isPlain = !list.entries.empty() && list.entries[0].fields[0].name.empty();
+    if (!isPlain && std::ranges::find(identities, list.name, &ListIdentity::list) == identities.end()) {
+      names.append(list.name).append(" ");
+    }
+    for (const StoredEntry& entry : list.entries) names += ListsWithoutIdentity(entry.lists, identities);
+  }
+  return names;
+}
+
+TEST(StudyDifference, EveryKindSaysWhatTellsItsEntriesApart) {
+  for (const std::string& kind : test::RichKinds()) {
+    store::Study study = store::NewStudy(kind);
+    test::Fill(study, 1);
+    const ISubRecord& record = *study.record->SubRecord();
+    EXPECT_EQ(ListsWithoutIdentity(record.StoredLists(), record.ListIdentities()), "") << kind;
+  }
 }
 
 }  // namespace
