@@ -81,11 +81,9 @@ TEST_F(DropList, AnEcpIsRefusedTwiceAndBesideAnother) {
 TEST_F(DropList, VcsaCellsAreLimitedForEachEcp) {
   Accepts(EntityType::VcsCell, 2);
   const std::string limit =
-      "You have attempted to drop more than 2 cells from ECP 2\r\nVCSA engineering guide lines recommend "
-      "that no "
-      "more than 2 cells \r\nfrom the same ECP be studied at the same time. The cells \r\nhave not been "
-      "added to "
-      "the list.";
+      "You have attempted to drop more than 2 cells from ECP 2\r\n"
+      "VCSA engineering guide lines recommend that no more than 2 cells \r\n"
+      "from the same ECP be studied at the same time. The cells \r\nhave not been added to the list.";
   EXPECT_EQ(Drop({Cell(1, 2, 30), Cell(2, 2, 4), Cell(3, 2, 5), Cell(4, 3, 6)}), limit);
   EXPECT_EQ(Shown(), "30 4 ");  // what came before the refusal stays, what came behind it is not looked at
   EXPECT_EQ(Drop({Cell(1, 2, 30)}), "Cell 1-2-30 is already in the list and will not be added.");
@@ -99,8 +97,7 @@ TEST_F(DropList, RfcCellsStayBelowTheLimitAndOnOneEcp) {
   Accepts(EntityType::RfcCell, 3);
   EXPECT_EQ(Drop({Cell(1, 2, 3), Cell(2, 2, 4), Cell(3, 2, 5)}),
             "You have attempted to drop more than 3 cells for this study.\r\nNo more than 3 cells can be "
-            "studied at "
-            "the same time. \r\nThe cells have not been added to the list.");
+            "studied at the same time. \r\nThe cells have not been added to the list.");
   EXPECT_EQ(list_.TheCollection()->Count(), 2);
   list_.SetMaxRows(8);
   EXPECT_EQ(Drop({Cell(4, 3, 6)}),
@@ -137,8 +134,6 @@ TEST_F(DropList, AnEntityThatCannotBeCompletedIsNotAdded) {
   list_.EntityAdded.Connect([](const auto& cell) {
     if (AsCell(cell).CellID() == 4) throw Error(ErrorNumber::DatabaseFailure, "no configuration");
   });
-  EXPECT_THROW(Drop({Cell(1, 2, 4)}), Error);
-  EXPECT_EQ(list_.TheCollection()->Count() + changes, 0);
   EXPECT_THROW(Drop({Cell(1, 2, 3), Cell(2, 2, 4), Cell(3, 2, 5)}), Error);
   EXPECT_EQ(list_.TheCollection()->Count(), 1);
   EXPECT_EQ(changes, 1) << "the cell before the failing one is there, which the host has to know";

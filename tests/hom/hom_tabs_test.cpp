@@ -1,6 +1,3 @@
-#include <gtest/gtest.h>
-
-#include "core/study_kinds.h"
 #include "hom/current_tab.h"
 #include "hom/detail_tab.h"
 #include "hom/general_tab.h"
@@ -47,7 +44,7 @@ struct DetailPictures : Detail {
   std::string Cdma() { return Picture(tab_.chkCDMA, tab_.cmdCDMA); }
 };
 
-TEST_F(DetailPictures, NewStudyIsAmpsOnly) {
+TEST_F(DetailPictures, ANewStudyIsAmpsOnlyAndHeatModesCheckAndLockTheirGroup) {
   LoadNew();
   EXPECT_EQ(tab_.cboModeSelection.ListIndex(), 0);
   EXPECT_TRUE(tab_.chkAMPS.Checked());
@@ -55,10 +52,7 @@ TEST_F(DetailPictures, NewStudyIsAmpsOnly) {
   EXPECT_EQ(Cdma(), "------ Select All");
   EXPECT_EQ(Refusal(), "");
   EXPECT_TRUE(host_.editor->changes.empty());
-}
 
-TEST_F(DetailPictures, HeatModesCheckAndLockTheirGroup) {
-  LoadNew();
   tab_.chkCDMA[2].Click();
   tab_.cboModeSelection.Select(1);
   EXPECT_EQ(Tdma(), "[xxxx] Select All");
@@ -79,12 +73,8 @@ TEST_F(DetailPictures, HeatModesCheckAndLockTheirGroup) {
   tab_.cboModeSelection.Select(0);
   EXPECT_EQ(Tdma(), "---- Select All");
   EXPECT_EQ(Cdma(), "------ Select All");
-  EXPECT_TRUE(tab_.chkAMPS.Enabled());
-}
 
-TEST_F(DetailPictures, WithoutAmpsAHeatModeIsRefused) {
-  LoadNew();
-  tab_.chkAMPS.Click();
+  tab_.chkAMPS.Click();  // without AMPS, a heat mode is refused as well
   EXPECT_EQ(Refusal(), "You must select at least one Handoff Type.");
   EXPECT_TRUE(tab_.chkAMPS.HasFocus());
   for (const int heat : {1, 2}) {
@@ -93,7 +83,7 @@ TEST_F(DetailPictures, WithoutAmpsAHeatModeIsRefused) {
   }
 }
 
-TEST_F(DetailPictures, GroupButtonsEmptyAndLockTheOtherGroup) {
+TEST_F(DetailPictures, ButtonsAndBoxesOfOneGroupLockTheOther) {
   LoadNew();
   tab_.chkTDMA[0].Click();
   tab_.chkTDMA[0].Click();
@@ -109,10 +99,8 @@ TEST_F(DetailPictures, GroupButtonsEmptyAndLockTheOtherGroup) {
   EXPECT_EQ(Tdma(), "xxxx Clear All");
   EXPECT_EQ(Cdma(), "[------] Select All");
   EXPECT_EQ(host_.editor->changes.size(), 5U);
-}
 
-TEST_F(DetailPictures, BoxesOfOneGroupLockTheOther) {
-  LoadNew();
+  tab_.cmdTDMA.Click();
   tab_.chkCDMA[4].Click();
   EXPECT_EQ(Tdma(), "[----] Select All");
   EXPECT_EQ(Cdma(), "----x- Select All");

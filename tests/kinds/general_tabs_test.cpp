@@ -1,19 +1,16 @@
 // The first pages of all study kinds: what they propose, in which order they check, what they save.
 
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <map>
 
 #include "core/conversions.h"
-#include "core/study_kinds.h"
 #include "editor/dd_list_view.h"
 #include "editor/document_chooser.h"
 #include "editor/study_tabs.h"
 #include "hom/hom_data.h"
 #include "plm/plm_data.h"
 #include "rfc/rfc_data.h"
-#include "support/fake_host.h"
+#include "support/tab_test.h"
 #include "support/temp_folder.h"
 #include "ui/text_box.h"
 #include "vcsa/vcs_data.h"
@@ -118,25 +115,12 @@ const Page kPages[] = {
      }},
 };
 
-class GeneralPages : public ::testing::TestWithParam<Page> {
+class GeneralPages : public test::StudyTest, public ::testing::WithParamInterface<Page> {
  protected:
-  GeneralPages() {
-    host_.database->answers["SELECT * FROM KIV_FAF WHERE InstanceId = 2"] = {
-        {"OmpHostName", "F121", "F161", "F276", "F297", "F368", "F430", "F465", "F545", "F559"},
-        {{"omp", "N", "Y", "N", "N", "N", "N", "N", "N", "N"}}};
-  }
+  GeneralPages() : StudyTest(GetParam().kind) { test::StoreFeatures(*host_.database, 2, "Y", "N"); }
 
-  void Load() {
-    tab_->LoadState();
-    tab_->LoadData(Variant(study_), "", host_.editor);
-  }
   ui::TextBox& Text(const std::string& name) { return dynamic_cast<ui::TextBox&>(*tab_->FindControl(name)); }
-  std::string Refusal() {
-    const bool valid = tab_->IsTabValid("");
-    const std::string text = host_.TakeMessage();
-    EXPECT_EQ(valid, text.empty());
-    return text;
-  }
+  std::string Refusal() { return RefusalOf(*tab_); }
   /// Enters what a control needs.
   void Fix(const std::string& name) {
     const Texts texts = {{"txtPath", folder_.Path()},
@@ -154,15 +138,8 @@ class GeneralPages : public ::testing::TestWithParam<Page> {
     }
   }
 
-  test::FakeHost host_;
   test::TempFolder folder_;
-  const StudyKind& kind_ = *FindStudyKind(GetParam().kind);
-  std::shared_ptr<CKivStudyData> study_ = [this] {
-    auto study = std::make_shared<CKivStudyData>();
-    study->InitNew(kind_.name, kind_.editorName, study->StudyType(), study->ScenarioType(), 0);
-    return study;
-  }();
-  std::unique_ptr<Tab> tab_ = kind_.tabs.front().create();
+  std::unique_ptr<Tab> tab_ = FindStudyKind(GetParam().kind)->tabs.front().create();
 };
 
 INSTANTIATE_TEST_SUITE_P(Kinds, GeneralPages, ::testing::ValuesIn(kPages),
@@ -172,7 +149,7 @@ TEST_P(GeneralPages, ANewStudyShowsTheDefaultsAndThenWhatIsRemembered) {
   for (const Box& box : GetParam().boxes) {
     for (const char* remembered : {"77", ""}) {
       host_.settings->remembered = {{box.remembered, remembered}};
-      Load();
+      Load(*tab_);
       for (const Box& other : GetParam().boxes) {
         const bool keeps = !*remembered && GetParam().emptiedKeepsStandard && box.standard != std::string();
         const bool shows = other.name == std::string(box.name) && !keeps;
@@ -192,7 +169,7 @@ TEST_P(GeneralPages, ANewStudyShowsTheDefaultsAndThenWhatIsRemembered) {
 }
 
 TEST_P(GeneralPages, ChecksRunInOrderAndMoveTheFocus) {
-  Load();
+  Load(*tab_);
   for (const Box& box : GetParam().boxes) Text(box.name).SetText("");
   EXPECT_EQ(tab_->Problems().size(), GetParam().checks.size());
   for (const Check& check : GetParam().checks) {
@@ -231,7 +208,7 @@ TEST_P(GeneralPages, SavesWhatItShowsAndShowsWhatIsStored) {
   study_->SetDuration(120);
   study_->SetRetrieveDelay(7);
   GetParam().fill(*study_);
-  Load();
+  Load(*tab_);
   auto* scenario = dynamic_cast<DocumentChooser*>(tab_->FindControl("fdocCBScenario"));
   if (scenario) {
     EXPECT_EQ(scenario->SelectedID(), 9);

@@ -1,18 +1,14 @@
 // The records of all study kinds: the statements they write, what they load, what they make of failures.
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <functional>
 #include <set>
 
-#include "core/study_data.h"
-#include "core/study_kinds.h"
 #include "hom/hom_data.h"
 #include "plm/mode_names.h"
 #include "plm/plm_data.h"
 #include "rfc/rfc_data.h"
-#include "support/fake_host.h"
+#include "support/tab_test.h"
 #include "vcsa/vcs_data.h"
 
 namespace kiv {
@@ -90,24 +86,21 @@ void FillVcs(CKivStudyData& study) {
 
 const std::string kHomInsert =
     "INSERT INTO KIV_HomStudy (Id, Path, DataFile, HomMode, ToAmps, FromAmps, ToTdmaAmps, ToTdma, SemiSoft, "
-    "Hard, "
-    "ToCdmaAmps, SemiSoftPrimary, SoftPrimary, SoftAdd, SoftDrop";
+    "Hard, ToCdmaAmps, SemiSoftPrimary, SoftPrimary, SoftAdd, SoftDrop";
 const std::string kHomValues =
     ") VALUES (9, '/d/o''hare', 'h$YY.hom', 1, 'Y', 'N', 'Y', 'N', 'Y', 'N', 'Y', 'N', 'Y', 'N', 'Y'";
 const std::string kHomUpdate =
-    "UPDATE KIV_HomStudy SET Path = '/d/o''hare', DataFile = 'h$YY.hom', HomMode = 1, ToAmps = 'Y', FromAmps "
-    "= 'N', "
-    "ToTdmaAmps = 'Y', ToTdma = 'N', SemiSoft = 'Y', Hard = 'N', ToCdmaAmps = 'Y', SemiSoftPrimary = 'N', "
-    "SoftPrimary = 'Y', SoftAdd = 'N', SoftDrop = 'Y'";
+    "UPDATE KIV_HomStudy SET Path = '/d/o''hare', DataFile = 'h$YY.hom', HomMode = 1, ToAmps = 'Y', "
+    "FromAmps = 'N', ToTdmaAmps = 'Y', ToTdma = 'N', SemiSoft = 'Y', Hard = 'N', ToCdmaAmps = 'Y', "
+    "SemiSoftPrimary = 'N', SoftPrimary = 'Y', SoftAdd = 'N', SoftDrop = 'Y'";
 const Statements kHomQuestion = {"KIV_HOMSTUDY.COLLECTDATA"};
 
 const Statements kPlmInserts = {
     "INSERT INTO KIV_PlmStudy (Id, Path, DataFile, Tag) VALUES (9, '/d/o''hare', 'p$YY.plm', 'tag')",
     "INSERT INTO KIV_PlmMode (Id, PlmMode, Carrier, ServiceOption, GenerationType, SelectionMethod, "
     "AmpsDistribution, TdmaDistribution, TotalDistribution, SortBy, SelectFromList, RangeFrom, RangeTo, "
-    "ExcludeAce, "
-    "DistributionMethod) VALUES (9, 2, NULL, 17, NULL, 'Manual', 1, 2, NULL, 'Member', 'Begin', 3, NULL, '', "
-    "'Expand')",
+    "ExcludeAce, DistributionMethod) "
+    "VALUES (9, 2, NULL, 17, NULL, 'Manual', 1, 2, NULL, 'Member', 'Begin', 3, NULL, '', 'Expand')",
     "INSERT INTO KIV_PlmChannelList (Id, PlmMode, Channel) VALUES (9, 2, 313)",
     "INSERT INTO KIV_PlmChannelList (Id, PlmMode, Channel) VALUES (9, 2, 312)"};
 
@@ -128,14 +121,12 @@ const std::string kRfcInsert = "INSERT INTO KIV_RfcStudy (Id, Tag, dBm, ClearLog
 const std::string kRfcUpdate =
     "UPDATE KIV_RfcStudy SET Tag = 'it''s', ClearLog = 'N', MultipleDns = 'Y', UseEcp = ";
 
-const Statements kVcsLists = {kCellRow + "11, 1, 2, 37)",
-                              "INSERT INTO KIV_Antenna_List (kiv_list_id, InstanceId, SystemId, EcpId, "
-                              "CellId, AntennaId, Selected) VALUES (9, "
-                              "912, 1, 2, 37, 4, 'Y')",
-                              "INSERT INTO KIV_Carrier_List (kiv_list_id, InstanceId, SystemId, EcpId, "
-                              "CellId, CarrierId, Selected) VALUES (9, "
-                              "0, 1, 2, 37, 5, 'N')",
-                              kCellRow + "12, 1, 2, 38)"};
+const std::string kPartOfCell = " (kiv_list_id, InstanceId, SystemId, EcpId, CellId, ";
+const Statements kVcsLists = {
+    kCellRow + "11, 1, 2, 37)",
+    "INSERT INTO KIV_Antenna_List" + kPartOfCell + "AntennaId, Selected) VALUES (9, 912, 1, 2, 37, 4, 'Y')",
+    "INSERT INTO KIV_Carrier_List" + kPartOfCell + "CarrierId, Selected) VALUES (9, 0, 1, 2, 37, 5, 'N')",
+    kCellRow + "12, 1, 2, 38)"};
 
 const Written kWritten[] = {
     {"Hom",
@@ -143,9 +134,8 @@ const Written kWritten[] = {
      FillHom,
      {kHomInsert + ", CollectData, StartOnFail, CurStdDatafile, CurStdPath" + kHomValues +
       ", 'Y', 'N', 'c.hom', '/omp')"},
-     {kHomUpdate +
-      ", CollectData = 'Y', StartOnFail = 'N', CurStdDatafile = 'c.hom', CurStdPath = '/omp' WHERE Id = "
-      "9"},
+     {kHomUpdate + ", CollectData = 'Y', StartOnFail = 'N', CurStdDatafile = 'c.hom', CurStdPath = '/omp' "
+                   "WHERE Id = 9"},
      {},
      kHomQuestion},
     {"HomOfAnOlderDatabase",
@@ -173,10 +163,9 @@ const Written kWritten[] = {
     {"Vcsa", kVcsStudy, FillVcs,
      Statements{
          "INSERT INTO KIV_VcsStudy (ID, Path, DataFile, EventA, EventB, EventC, EventD, EventE, EventF, "
-         "EventG, "
-         "EventH, EventI, EventJ, EventK, EventL, EventM, SingleDn, DirectionalSetup, CarrierData) VALUES "
-         "(9, "
-         "'/d', 'v.vcs', 'Y', 'N', 'N', 'N', 'N', 'N', 'N', 'N', 'N', 'N', 'N', 'N', 'Y', '555', 'N', 'N')"} +
+         "EventG, EventH, EventI, EventJ, EventK, EventL, EventM, SingleDn, DirectionalSetup, CarrierData) "
+         "VALUES (9, '/d', 'v.vcs', 'Y', 'N', 'N', 'N', 'N', 'N', 'N', 'N', 'N', 'N', 'N', 'N', 'Y', '555', "
+         "'N', 'N')"} +
          kVcsLists,
      Statements{
          "UPDATE KIV_VcsStudy SET Path = '/d', DataFile = 'v.vcs', EventA = 'Y', EventB = 'N', EventC = 'N', "
@@ -186,32 +175,22 @@ const Written kWritten[] = {
          kCellDeletes + kVcsLists},
 };
 
-std::shared_ptr<CKivStudyData> NewStudy(std::string_view kind) {
-  auto study = std::make_shared<CKivStudyData>();
-  study->InitNew(std::string(kind), "", study->StudyType(), study->ScenarioType(), 9);
-  return study;
-}
-
-class WrittenRecords : public ::testing::TestWithParam<Written> {
- protected:
-  test::FakeHost host_;
-  std::shared_ptr<CKivStudyData> study_ = NewStudy(GetParam().kind);
-};
+class WrittenRecords : public ::testing::TestWithParam<Written> {};
 
 INSTANTIATE_TEST_SUITE_P(Kinds, WrittenRecords, ::testing::ValuesIn(kWritten),
                          [](const auto& written) { return written.param.name; });
 
 TEST_P(WrittenRecords, AreInsertedAndUpdatedWithTheirLists) {
-  EXPECT_TRUE(host_.database->queries.empty());
-  GetParam().fill(*study_);
-  host_.database->missingColumns = GetParam().missingColumns;
-  study_->SaveSubTableData();
-  EXPECT_EQ(host_.database->statements, GetParam().insert);
-  host_.database->statements.clear();
-  study_->SetIsNew(false);
-  study_->SaveSubTableData();
-  EXPECT_EQ(host_.database->statements, GetParam().update);
-  EXPECT_EQ(host_.database->columnQuestions, GetParam().asked + GetParam().asked);
+  const test::FakeHost host;
+  const auto study = test::NewStudy(GetParam().kind, 9);
+  GetParam().fill(*study);
+  host.database->missingColumns = GetParam().missingColumns;
+  study->SaveSubTableData();
+  EXPECT_EQ(std::exchange(host.database->statements, {}), GetParam().insert);
+  study->SetIsNew(false);
+  study->SaveSubTableData();
+  EXPECT_EQ(host.database->statements, GetParam().update);
+  EXPECT_EQ(host.database->columnQuestions, GetParam().asked + GetParam().asked);
 }
 
 /// What a kind makes of a database that fails.
@@ -248,7 +227,7 @@ TEST(Records, ReportOrRaiseTheirFailuresAndStayAsTheyWere) {
     const auto report = [&](const char* verb, const std::string& text) {
       return std::string(one.kind) + "|MSQL|" + verb + one.routine + "|" + text;
     };
-    const auto study = NewStudy(one.kind);
+    const auto study = test::NewStudy(one.kind, 9);
     one.fill(*study);
     ISubRecord& record = *study->SubRecord();
     const auto values = [&record] {
@@ -279,17 +258,6 @@ TEST(Records, ReportOrRaiseTheirFailuresAndStayAsTheyWere) {
     EXPECT_EQ(host.errors->reports.front(), report("Insert", "locked"));
     EXPECT_EQ(host.errors->reports.back(), report("Update", "locked"));
   }
-}
-
-TEST(Records, BelongToAStudyOfTheirKindOnly) {
-  test::FakeHost host;
-  const auto study = NewStudy(kHomStudy);
-  EXPECT_EQ(study->VcsData(), nullptr);
-  const auto other = std::make_shared<CKivHomData>();
-  study->SetHomData(other);
-  EXPECT_EQ(study->HomData(), other);
-  study->SetHomData(nullptr);
-  EXPECT_THROW(study->SaveSubTableData(), Error);
 }
 
 }  // namespace

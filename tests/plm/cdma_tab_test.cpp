@@ -1,6 +1,5 @@
 #include "plm/cdma_tab.h"
 
-#include "core/study_kinds.h"
 #include "plm/mode_names.h"
 #include "support/tab_test.h"
 
@@ -18,12 +17,6 @@ class PlmCdma : public test::TabTest<XKivPlmCdma> {
     const auto mode = std::make_shared<CKivPlmMode>();
     mode->Initialize(5, number, carrier, option, type, "", -1, -1, -1, "", "", "", -1, -1, "", false);
     Data().AddMode(MKivStudyCtls::ModeName(number), mode);
-  }
-  /// Checks a mode and enters what it needs.
-  void Check(std::size_t index, const char* carrier, int option = ui::kNoSelection) {
-    tab_.chkMode[index].Click();
-    tab_.txtCarrier.SetText(carrier);
-    if (option != ui::kNoSelection) tab_.cboServiceOption.Select(option);
   }
   std::string Checked() {
     std::string boxes;
@@ -81,25 +74,21 @@ TEST_F(PlmCdma, AtMostTwoModesAreChecked) {
 TEST_F(PlmCdma, AModeIsLeftOnlyWhenItIsInOrder) {
   LoadNew();
   tab_.chkMode[0].Click();
-  const std::pair<const char*, const char*> refusals[] = {
-      {"", "Carrier must be numeric."},
-      {" ", "Carrier must be numeric."},
-      {"x4", "Carrier must be numeric."},
-      {"0", "Carrier must be between 1 and 18 inclusive."},
-      {"19", "Carrier must be between 1 and 18 inclusive."},
-      {"-1", "Carrier must be between 1 and 18 inclusive."},
-      {"18.6", "Carrier must be between 1 and 18 inclusive."},
-      {"99999999999999999999", "Carrier must be between 1 and 18 inclusive."},
-      {"18", "Service Option is a required value."}};
-  for (const auto& [carrier, message] : refusals) {
-    tab_.txtCarrier.SetText(carrier);
-    tab_.obModeSelector[3].Click();
-    EXPECT_EQ(host_.TakeMessage(), message) << carrier;
-    EXPECT_EQ(tab_.obModeSelector.Index(), 0);
-    EXPECT_EQ(tab_.txtCarrier.Text(), carrier);
-    EXPECT_EQ(Refusal(), message);
-    ASSERT_EQ(tab_.Problems().size(), std::string(carrier) == "18" ? 1U : 2U);
-    EXPECT_EQ(tab_.Problems()[0].message, message);
+  const std::pair<const char*, std::vector<const char*>> refusals[] = {
+      {"Carrier must be numeric.", {"", " ", "x4"}},
+      {"Carrier must be between 1 and 18 inclusive.", {"0", "19", "-1", "18.6", "99999999999999999999"}},
+      {"Service Option is a required value.", {"18"}}};
+  for (const auto& [message, carriers] : refusals) {
+    for (const std::string carrier : carriers) {
+      tab_.txtCarrier.SetText(carrier);
+      tab_.obModeSelector[3].Click();
+      EXPECT_EQ(host_.TakeMessage(), message) << carrier;
+      EXPECT_EQ(tab_.obModeSelector.Index(), 0);
+      EXPECT_EQ(tab_.txtCarrier.Text(), carrier);
+      EXPECT_EQ(Refusal(), message);
+      ASSERT_EQ(tab_.Problems().size(), carrier == "18" ? 1U : 2U);
+      EXPECT_EQ(tab_.Problems()[0].message, message);
+    }
   }
   EXPECT_TRUE(tab_.cboServiceOption.HasFocus());
   tab_.cboServiceOption.Select(3);
@@ -116,7 +105,8 @@ TEST_F(PlmCdma, AModeIsLeftOnlyWhenItIsInOrder) {
 
 TEST_F(PlmCdma, NothingTypedIsLostByCheckingAndUnchecking) {
   LoadNew();
-  Check(0, "3", 1);
+  tab_.chkMode[0].Click();
+  tab_.cboServiceOption.Select(1);
   tab_.txtCarrier.SetText("abc");
   tab_.chkMode[4].Click();  // the record could not keep this
   EXPECT_EQ(host_.TakeMessage(), "Carrier must be numeric.");
@@ -180,11 +170,10 @@ TEST_F(PlmCdma, RecordsAreCheckedInTheOrderOfTheirCollection) {
   tab_.obModeSelector[4].Click();  // refuses to leave FER1 without a service option
   EXPECT_EQ(host_.TakeMessage(), "Service Option is a required value.");
   tab_.cboServiceOption.Select(0);
-  const char* expected[] = {"Mode 15 CPLM7 carrier must be between 1 and 18 inclusive.",
-                            "Mode   8 FER2 carrier must be between 1 and 18 inclusive."};
   ASSERT_EQ(tab_.Problems().size(), 2U);
-  for (std::size_t i = 0; i < 2; ++i) EXPECT_EQ(tab_.Problems()[i].message, expected[i]);
-  EXPECT_EQ(Refusal(), expected[0]);
+  EXPECT_EQ(tab_.Problems()[1].message, "Mode   8 FER2 carrier must be between 1 and 18 inclusive.");
+  EXPECT_EQ(tab_.Problems()[0].message, "Mode 15 CPLM7 carrier must be between 1 and 18 inclusive.");
+  EXPECT_EQ(Refusal(), tab_.Problems()[0].message);
   EXPECT_TRUE(tab_.obModeSelector[8].HasFocus());
   Mode(8).SetCarrier(4);
   Mode(1).SetCarrier(4);

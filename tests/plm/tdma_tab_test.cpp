@@ -1,6 +1,5 @@
 #include "plm/tdma_tab.h"
 
-#include "core/study_kinds.h"
 #include "plm/mode_names.h"
 #include "support/tab_test.h"
 
@@ -67,39 +66,35 @@ TEST_F(PlmTdma, AModeCheckedForTheFirstTimeTakesItsDefaults) {
 }
 
 struct DistributionCase {
-  const char* amps;
-  const char* tdma;
-  const char* total;
-  const char* from;
-  const char* to;
-  const char* message;  // behind the mode's name; empty when all is well
-  const char* box = "";
+  std::array<const char*, 5> texts;  // AMPS, TDMA, total, from, to
+  const char* message = "";          // behind the mode's name; none when all is well
+  const char* box = "";              // to blame
 };
 
+const char* const kAmpsRange = "'AMPS Channels' must be between 0 and 10 inclusive.";
+const char* const kFromRange = "'From' channels cannot be less than 1 or greater than 1999 inclusive.";
+const char* const kToRange = "'To' channels cannot be less than 1 or greater than 1999 inclusive.";
+const char* const kOverTotal = "'AMPS and TDMA Channels' cannot be greater than 'Total to Select'.";
+
 const DistributionCase kDistributions[] = {
-    {"10", "0", "10", "1999", "1999", ""},
-    {"11", "x", "11", "", "", "  'AMPS Channels' must be between 0 and 10 inclusive.", "txtAmps"},
-    {"-1", "5", "10", "1", "2", "  'AMPS Channels' must be between 0 and 10 inclusive.", "txtAmps"},
-    {"10.4", "0", "10", "1", "2", ""},
-    {"99999999999999999999", "", "", "", "", "  'AMPS Channels' must be between 0 and 10 inclusive.",
-     "txtAmps"},
-    {"", "11", "11", "", "", "  'TDMA Channels' must be between 0 and 10 inclusive.", "txtTdma"},
-    {"", "", "11", "", "", "  'Total to Select' must be between 0 and 10 inclusive.", "txtTotal"},
-    {"", "x", "", "", "", "  'AMPS Channels' must be numeric.", "txtAmps"},
-    {"5", " ", "", "", "", "  'TDAMA Channels' must be numeric.", "txtTdma"},
-    {"5", "5", "ten", "", "", "  'Total to Select' must be numeric.", "txtTotal"},
-    {"5", "5", "10", "", "x", "  'From' channels must be numeric.", "txtFrom"},
-    {"5", "5", "10", "1", "1 9", "  'To' channels must be numeric.", "txtTo"},
-    {"5", "5", "10", "2000", "1", "  'From' channels cannot be less than 1 or greater than 1999 inclusive.",
-     "txtFrom"},
-    {"5", "5", "10", "0", "1999", "  'From' channels cannot be less than 1 or greater than 1999 inclusive.",
-     "txtFrom"},
-    {"5", "5", "10", "10", "5", "  'From' channels cannot be greater than 'To' channels.", "txtFrom"},
-    {"9", "5", "10", "1", "2000", "  'To' channels cannot be less than 1 or greater than 1999 inclusive.",
-     "txtTo"},
-    {"6", "5", "10", "1", "1999", "  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'.",
-     "txtAmps"},
-    {"0", "0", "0", "1", "1999", "  'AMPS and TDMA Channels' cannot both be zero.", "txtAmps"},
+    {{"10", "0", "10", "1999", "1999"}},
+    {{"11", "x", "11", "", ""}, kAmpsRange, "txtAmps"},
+    {{"-1", "5", "10", "1", "2"}, kAmpsRange, "txtAmps"},
+    {{"10.4", "0", "10", "1", "2"}},
+    {{"99999999999999999999", "", "", "", ""}, kAmpsRange, "txtAmps"},
+    {{"", "11", "11", "", ""}, "'TDMA Channels' must be between 0 and 10 inclusive.", "txtTdma"},
+    {{"", "", "11", "", ""}, "'Total to Select' must be between 0 and 10 inclusive.", "txtTotal"},
+    {{"", "x", "", "", ""}, "'AMPS Channels' must be numeric.", "txtAmps"},
+    {{"5", " ", "", "", ""}, "'TDAMA Channels' must be numeric.", "txtTdma"},
+    {{"5", "5", "ten", "", ""}, "'Total to Select' must be numeric.", "txtTotal"},
+    {{"5", "5", "10", "", "x"}, "'From' channels must be numeric.", "txtFrom"},
+    {{"5", "5", "10", "1", "1 9"}, "'To' channels must be numeric.", "txtTo"},
+    {{"5", "5", "10", "2000", "1"}, kFromRange, "txtFrom"},
+    {{"5", "5", "10", "0", "1999"}, kFromRange, "txtFrom"},
+    {{"5", "5", "10", "10", "5"}, "'From' channels cannot be greater than 'To' channels.", "txtFrom"},
+    {{"9", "5", "10", "1", "2000"}, kToRange, "txtTo"},
+    {{"6", "5", "10", "1", "1999"}, kOverTotal, "txtAmps"},
+    {{"0", "0", "0", "1", "1999"}, "'AMPS and TDMA Channels' cannot both be zero.", "txtAmps"},
 };
 
 TEST_F(PlmTdma, TheAutomaticRulesRunInOrderOnControlsAndRecords) {
@@ -108,12 +103,10 @@ TEST_F(PlmTdma, TheAutomaticRulesRunInOrderOnControlsAndRecords) {
     Check(panel->Number());
     const std::string name = MKivStudyCtls::ModeName(panel->Number());
     for (const DistributionCase& c : kDistributions) {
-      panel->txtAmps.SetText(c.amps);
-      panel->txtTdma.SetText(c.tdma);
-      panel->txtTotal.SetText(c.total);
-      panel->txtFrom.SetText(c.from);
-      panel->txtTo.SetText(c.to);
-      const std::string expected = *c.message ? name + c.message : "";
+      ui::TextBox* const boxes[] = {&panel->txtAmps, &panel->txtTdma, &panel->txtTotal, &panel->txtFrom,
+                                    &panel->txtTo};
+      for (std::size_t i = 0; i < c.texts.size(); ++i) boxes[i]->SetText(c.texts[i]);
+      const std::string expected = *c.message ? name + "  " + c.message : "";
       EXPECT_EQ(Refusal(), expected);
       if (*c.box) {
         EXPECT_TRUE(panel->FindControl(c.box)->HasFocus()) << expected;
@@ -158,7 +151,7 @@ TEST_F(PlmTdma, WhatWasTouchedBeforeCheckingStaysAmongTheDefaults) {
   tab_.XMode5.cboMethod.Select(0);
   tab_.XMode5.txtTotal.Type("8");
   Check(5);
-  EXPECT_EQ(Refusal(), "Mode 5  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'.");
+  EXPECT_EQ(Refusal(), std::string("Mode 5  ") + kOverTotal);
   EXPECT_EQ(Stored(Mode(5)), "5|Auto|5|5|8|Expand|Member|Begin|1|1999|N|");
   EXPECT_EQ(tab_.XMode5.txtAmps.Text(), "5");
 }
@@ -209,17 +202,13 @@ TEST_F(PlmTdma, TheMethodDecidesWhatIsUsedAndStored) {
 }
 
 TEST_F(PlmTdma, AStoredModeComesBackAsItWas) {
-  const auto mode = std::make_shared<CKivPlmMode>();
-  mode->Initialize(5, 2, -1, -1, -1, "Manual", -1, 3, -1, "Restrict", "Channel", "End", -1, 9, "Y", false);
-  mode->AddChannel(5, 2, 12, "Channel:12");
-  Data().AddMode("Mode 2", mode);
-  const auto strange = std::make_shared<CKivPlmMode>();
-  strange->Initialize(5, 5, -1, -1, -1, "Lottery", 1, 1, 2, "Expand", "Weight", "Middle", 1, 2, "?", false);
-  Data().AddMode("Mode 5", strange);
-  const auto hidden = std::make_shared<CKivPlmMode>();
-  hidden->Initialize(5, 6, -1, -1, -1, "Manual", -1, -1, -1, "", "", "", -1, -1, "", false);
-  hidden->SetKey("Mode 6");
-  Data().AddMode("Mode 6", hidden);
+  for (const std::int32_t number : {2, 5, 6}) {
+    Data().AddMode(MKivStudyCtls::ModeName(number), std::make_shared<CKivPlmMode>());
+  }
+  Mode(2).Initialize(5, 2, -1, -1, -1, "Manual", -1, 3, -1, "Restrict", "Channel", "End", -1, 9, "Y", false);
+  Mode(2).AddChannel(5, 2, 12, "Channel:12");
+  Mode(5).Initialize(5, 5, -1, -1, -1, "Lottery", 1, 1, 2, "Expand", "Weight", "Middle", 1, 2, "?", false);
+  Mode(6).Initialize(5, 6, -1, -1, -1, "Manual", -1, -1, -1, "", "", "", -1, -1, "", false);
   LoadStored();
   EXPECT_EQ(Refusal(), "") << "a mode that is not shown holds nobody up";
   ASSERT_EQ(tab_.Problems().size(), 1U);
@@ -244,8 +233,7 @@ TEST_F(PlmTdma, SwitchingRefusesAndUncheckingKeeps) {
   Check(2);
   tab_.XMode2.txtTotal.SetText("1");
   Choose(3);
-  EXPECT_EQ(host_.TakeMessage(),
-            "Mode 2  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'.");
+  EXPECT_EQ(host_.TakeMessage(), std::string("Mode 2  ") + kOverTotal);
   EXPECT_EQ(tab_.obModeSelector.Index(), 1);
   EXPECT_EQ(Panels(), "2");
   Check(3);

@@ -1,6 +1,5 @@
 #include "rfc/cdma_3g_tab.h"
 
-#include "core/study_kinds.h"
 #include "support/tab_test.h"
 
 namespace kiv {
@@ -45,9 +44,8 @@ TEST_F(RfcCdma3G, StoredRestrictionsAreShown) {
   EXPECT_EQ(tab_.optReverseRate.Index(), 4);
   EXPECT_EQ(Saved(), "0 5");
   EXPECT_TRUE(host_.editor->changes.empty());
-}
 
-TEST_F(RfcCdma3G, ARateThatThereIsNotStaysUntilTheUserChooses) {
+  // Rates that there are not stay until the user chooses.
   study_->RfcData()->SetForwardRateRestriction(6);
   study_->RfcData()->SetReverseRateRestriction(-1);
   LoadStored();

@@ -1,6 +1,5 @@
 #include "rfc/detail_tab.h"
 
-#include "core/study_kinds.h"
 #include "support/tab_test.h"
 #include "support/temp_folder.h"
 
@@ -10,12 +9,8 @@ namespace {
 class RfcDetail : public test::TabTest<XKivRfcDetail> {
  protected:
   RfcDetail() : TabTest(kRfcStudy) {
-    host_.database->answers["SELECT * FROM KIV_FAF WHERE InstanceId = 5"] = Features("Y");
-    host_.database->answers["SELECT * FROM KIV_FAF WHERE InstanceId = 6"] = Features("N");
-  }
-  static test::FakeRows Features(const char* multipleDns) {
-    return {{"OmpHostName", "F121", "F161", "F276", "F297", "F368", "F430", "F465", "F545", "F559"},
-            {{"omp", "N", "Y", "N", "N", "N", "N", multipleDns, "N", "N"}}};
+    test::StoreFeatures(*host_.database, 5, "Y", "Y");
+    test::StoreFeatures(*host_.database, 6, "Y", "N");
   }
 
   enum class Ecp : std::int32_t { WithMultipleDns = 5, WithSingleDn = 6 };
@@ -179,8 +174,11 @@ TEST_F(RfcDetail, AStoredStudyFillsTheRowsOfItsEcp) {
   EXPECT_EQ(Rows(), "1:5552/b 2:5551/a.txt ");
   EXPECT_EQ(tab_.lblInterval.Caption(), "(at least 2 for 2 DNs)");
   EXPECT_TRUE(host_.editor->changes.empty());
+  host_.folders->answer = "/chosen";
+  tab_.cmdBrowse.Click();
+  EXPECT_EQ(host_.editor->changes.size(), 1U);
   tab_.SaveData();
-  EXPECT_EQ(study_->PollingInterval(), 7);
+  EXPECT_EQ(Data().Path() + std::to_string(study_->PollingInterval()), "/chosen7");
 }
 
 TEST_F(RfcDetail, WhatNoRowCanShowStaysAndIsTold) {
@@ -197,16 +195,6 @@ TEST_F(RfcDetail, WhatNoRowCanShowStaysAndIsTold) {
   host_.editor->notifications.cdtnNotify_TabShow.Raise("XKivRfcDetail");
   EXPECT_EQ(tab_.txtDirectoryNumber[4].Text(), "5511");
   EXPECT_EQ(Refusal(), "");
-}
-
-TEST_F(RfcDetail, BrowsingFillsTheFolder) {
-  LoadNew();
-  host_.folders->answer = "/chosen";
-  tab_.cmdBrowse.Click();
-  host_.folders->answer.reset();
-  tab_.cmdBrowse.Click();
-  EXPECT_EQ(tab_.txtPath.Text(), "/chosen");
-  EXPECT_EQ(host_.editor->changes.size(), 1U);
 }
 
 }  // namespace

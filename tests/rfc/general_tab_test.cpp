@@ -1,6 +1,5 @@
 #include "rfc/general_tab.h"
 
-#include "core/study_kinds.h"
 #include "support/tab_test.h"
 
 namespace kiv {
@@ -20,17 +19,11 @@ const std::string kNotActive =
 class RfcGeneral : public test::TabTest<XKivRfcGen> {
  protected:
   RfcGeneral() : TabTest(kRfcStudy) {
-    const std::vector<std::string> columns = {"InstanceId", "OmpHostName", "F121", "F161", "F276", "F297",
-                                              "F368",       "F430",        "F465", "F545", "F559"};
-    auto& answers = host_.database->answers;
-    const auto row = [](int instance, const char* feature) {
-      return std::vector<Variant>{instance, "omp", "N", feature, "N", "N", "N", "N", "Y", "N", "N"};
-    };
-    answers["SELECT * FROM KIV_FAF WHERE InstanceId = 102"] = {columns, {row(102, "Y")}};
-    answers["SELECT * FROM KIV_FAF WHERE InstanceId = 103"] = {columns, {row(103, "y")}};
-    for (const auto& [key, parent] : {std::pair{"1-2-37", 102}, {"1-2-38", 102}, {"1-3-37", 103}}) {
-      answers[std::string("select * from vzn_instance_context where context_id=2 and fullkey='") + key +
-              "'"] = {{"ParentInstance_Id"}, {{parent}}};
+    test::StoreFeatures(*host_.database, 102, "Y", "Y");
+    test::StoreFeatures(*host_.database, 103, "y", "Y");
+    const std::string query = "select * from vzn_instance_context where context_id=2 and fullkey=";
+    for (const auto& [key, parent] : {std::pair{"'1-2-37'", 102}, {"'1-2-38'", 102}, {"'1-3-37'", 103}}) {
+      host_.database->answers[query + key] = {{"ParentInstance_Id"}, {{parent}}};
     }
   }
 
@@ -46,17 +39,6 @@ class RfcGeneral : public test::TabTest<XKivRfcGen> {
     return keys;
   }
 };
-
-TEST_F(RfcGeneral, WhatIsNoEcpIsCells) {
-  LoadNew();
-  for (const int type : {1, ui::kNoSelection}) {
-    tab_.optEntityType.SetIndex(type);
-    EXPECT_EQ(tab_.dlvwEntity.EntityType(), EntityType::RfcCell);
-    EXPECT_EQ(Refusal(), "Please select at least one cell for the study.");
-  }
-  tab_.SaveData();
-  EXPECT_EQ(Data().UseEcp(), "");
-}
 
 TEST_F(RfcGeneral, ATagHasLettersDigitsDotsAndUnderscoresOnly) {
   LoadNew();
@@ -98,7 +80,6 @@ TEST_F(RfcGeneral, OneEcpOrUpToTheLimitOfCells) {
 
 TEST_F(RfcGeneral, WhatAnEcpWithoutTheFeatureAddedIsTakenOutAgain) {
   LoadNew();
-  host_.editor->changes.clear();
   const struct {
     std::size_t type;
     host::DraggedNode node;
@@ -167,7 +148,11 @@ TEST_F(RfcGeneral, SavesTheEntitiesOfTheChosenType) {
   tab_.SaveData();
   EXPECT_EQ(Data().UseEcp() + Data().ClearLog() + Data().Tag(), "YNdata");
   EXPECT_TRUE(Data().Entities()->Contains("Ecp:102"));
-  tab_.optEntityType[1].Click();
+  for (const int type : {ui::kNoSelection, 1}) {  // what is no ECP is cells
+    tab_.optEntityType.SetIndex(type);
+    EXPECT_EQ(tab_.dlvwEntity.EntityType(), EntityType::RfcCell);
+    EXPECT_EQ(Refusal(), "Please select at least one cell for the study.");
+  }
   tab_.dlvwEntity.DropNodes({Cell(2, 38), Cell(2, 37)});
   tab_.SaveData();
   EXPECT_EQ(Data().UseEcp(), "");

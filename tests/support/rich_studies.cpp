@@ -1,7 +1,8 @@
 #include "support/rich_studies.h"
 
+#include <map>
 #include <memory>
-#include <stdexcept>
+#include <ranges>
 
 #include "core/conversions.h"
 #include "core/study_kinds.h"
@@ -82,10 +83,14 @@ void Append(std::string& text, const std::vector<NamedValue>& fields, const std:
   }
 }
 
+const std::map<std::string_view, void (*)(CKivStudyData&, const std::string&, int)> kFills = {
+    {kHomStudy, FillHom}, {kPlmStudy, FillPlm}, {kRfcStudy, FillRfc}, {kVcsStudy, FillVcs}};
+
 }  // namespace
 
 std::vector<std::string> RichKinds() {
-  return {std::string(kHomStudy), std::string(kPlmStudy), std::string(kRfcStudy), std::string(kVcsStudy)};
+  const auto kinds = std::views::keys(kFills);
+  return {kinds.begin(), kinds.end()};
 }
 
 void Fill(store::Study& study, int variant) {
@@ -95,11 +100,7 @@ void Fill(store::Study& study, int variant) {
   record.SetDuration(variant);
   record.SetPollingInterval(variant);
   record.SetRetrieveDelay(variant);
-  if (record.AppName() == kHomStudy) return FillHom(record, text, variant);
-  if (record.AppName() == kPlmStudy) return FillPlm(record, text, variant);
-  if (record.AppName() == kRfcStudy) return FillRfc(record, text, variant);
-  if (record.AppName() == kVcsStudy) return FillVcs(record, text, variant);
-  throw std::invalid_argument(record.AppName());
+  kFills.at(record.AppName())(record, text, variant);
 }
 
 std::string Content(const store::Study& study) {

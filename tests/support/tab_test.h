@@ -7,37 +7,60 @@
 
 #include "core/study_data.h"
 #include "core/study_kinds.h"
+#include "editor/tab.h"
 #include "support/fake_host.h"
 
 namespace kiv::test {
 
-/// One tab on a study, driven as a host does.
-template <class TabType>
-class TabTest : public ::testing::Test {
- protected:
-  explicit TabTest(std::string_view kind) {
-    study_->InitNew(std::string(kind), FindStudyKind(kind)->editorName, study_->StudyType(),
-                    study_->ScenarioType(), 0);
-  }
+inline std::shared_ptr<CKivStudyData> NewStudy(std::string_view kind, std::int32_t id = 0) {
+  auto study = std::make_shared<CKivStudyData>();
+  study->InitNew(std::string(kind), FindStudyKind(kind)->editorName, study->StudyType(),
+                 study->ScenarioType(), id);
+  return study;
+}
 
-  void LoadNew() {
-    tab_.LoadState();
-    tab_.LoadData(Variant(study_), "", host_.editor);
-  }
-  void LoadStored() {
-    study_->SetIsNew(false);
-    LoadNew();
+/// Puts features on record for an ECP: whether it can trace calls, and several DNs in one study.
+inline void StoreFeatures(FakeDatabase& database, std::int32_t ecp, const char* traces,
+                          const char* multipleDns) {
+  database.answers["SELECT * FROM KIV_FAF WHERE InstanceId = " + std::to_string(ecp)] = {
+      {"InstanceId", "OmpHostName", "F121", "F161", "F276", "F297", "F368", "F430", "F465", "F545", "F559"},
+      {{ecp, "omp", "N", traces, "N", "N", "N", "N", multipleDns, "N", "N"}}};
+}
+
+/// A host and a new study.
+class StudyTest : public ::testing::Test {
+ protected:
+  explicit StudyTest(std::string_view kind) : study_(NewStudy(kind)) {}
+
+  void Load(Tab& tab) {
+    tab.LoadState();
+    tab.LoadData(Variant(study_), "", host_.editor);
   }
   /// The message of a refusal; empty when the tab is valid.
-  std::string Refusal() {
-    const bool valid = tab_.IsTabValid("");
+  std::string RefusalOf(Tab& tab) {
+    const bool valid = tab.IsTabValid("");
     std::string text = host_.TakeMessage();
     EXPECT_EQ(valid, text.empty());
     return text;
   }
 
   FakeHost host_;
-  std::shared_ptr<CKivStudyData> study_ = std::make_shared<CKivStudyData>();
+  std::shared_ptr<CKivStudyData> study_;
+};
+
+/// One tab on a study, driven as a host does.
+template <class TabType>
+class TabTest : public StudyTest {
+ protected:
+  using StudyTest::StudyTest;
+
+  void LoadNew() { Load(tab_); }
+  void LoadStored() {
+    study_->SetIsNew(false);
+    LoadNew();
+  }
+  std::string Refusal() { return RefusalOf(tab_); }
+
   TabType tab_;
 };
 

@@ -10,11 +10,7 @@ namespace kiv::test {
 /// An empty folder below the working folder (a hard disk, unlike many a /tmp), removed at the end.
 class TempFolder {
  public:
-  TempFolder() {
-    std::random_device random;
-    path_ = std::filesystem::current_path() / ("test-" + std::to_string(random()));
-    std::filesystem::create_directories(path_);
-  }
+  TempFolder() : TempFolder(std::filesystem::current_path()) {}
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
   ~TempFolder() {
@@ -24,6 +20,12 @@ class TempFolder {
 
   std::string Path() const { return path_.string(); }
   std::string File(const std::string& name) const { return (path_ / name).string(); }
+
+ protected:
+  explicit TempFolder(const std::filesystem::path& parent)
+      : path_(parent / ("kiv-test-" + std::to_string(std::random_device()()))) {
+    std::filesystem::create_directories(path_);
+  }
 
  private:
   std::filesystem::path path_;

@@ -17,41 +17,22 @@ class WatchedConnection : public database::Connection {
   std::function<void()> beforeCall = [] {};
 
   std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql, int timeoutSeconds) override {
-    beforeCall();
-    return inner_->OpenQuery(sql, timeoutSeconds);
+    return Watched().OpenQuery(sql, timeoutSeconds);
   }
-  void ExecuteSql(const std::string& sql) override {
-    beforeCall();
-    inner_->ExecuteSql(sql);
-  }
+  void ExecuteSql(const std::string& sql) override { Watched().ExecuteSql(sql); }
   bool ColumnExists(const std::string& table, const std::string& column) override {
-    beforeCall();
-    return inner_->ColumnExists(table, column);
+    return Watched().ColumnExists(table, column);
   }
   std::string CallStoredFunction(const std::string& name, const std::string& argument) override {
-    beforeCall();
-    return inner_->CallStoredFunction(name, argument);
+    return Watched().CallStoredFunction(name, argument);
   }
-  void Begin() override {
-    beforeCall();
-    inner_->Begin();
-  }
-  void BeginReading() override {
-    beforeCall();
-    inner_->BeginReading();
-  }
+  void Begin() override { Watched().Begin(); }
+  void BeginReading() override { Watched().BeginReading(); }
   void VisitRows(const std::string& sql, int timeoutSeconds, const database::RowVisitor& visit) override {
-    beforeCall();
-    inner_->VisitRows(sql, timeoutSeconds, visit);
+    Watched().VisitRows(sql, timeoutSeconds, visit);
   }
-  void Commit() override {
-    beforeCall();
-    inner_->Commit();
-  }
-  void Rollback() override {
-    beforeCall();
-    inner_->Rollback();
-  }
+  void Commit() override { Watched().Commit(); }
+  void Rollback() override { Watched().Rollback(); }
 
   std::string FormatValueList(std::span<const Variant> values) const override {
     return inner_->FormatValueList(values);
@@ -64,6 +45,11 @@ class WatchedConnection : public database::Connection {
   std::string Name() const override { return inner_->Name(); }
 
  private:
+  database::Connection& Watched() {
+    beforeCall();
+    return *inner_;
+  }
+
   std::shared_ptr<database::Connection> inner_;
 };
 

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
+#include <QTabWidget>
 #include <functional>
 #include <memory>
 #include <string>
@@ -45,9 +46,19 @@ class Window : public ::testing::Test {
     user_.Choose("fdocCBScenario", "Downtown");
     user_.Fill("txtPath", QString::fromStdString(folder_.Path()));
   }
-  std::string RefusalOfSave() {
-    return user_.MessageDuring([this] { user_.Press(Qt::Key_S, Qt::ControlModifier); }).toStdString();
+  void Save() const { user_.Press(Qt::Key_S, Qt::ControlModifier); }
+  void CloseStudy() const { user_.Press(Qt::Key_W, Qt::ControlModifier); }
+  void StoreStudy(const QString& name = "New HOM Study") {
+    StartStudy();
+    user_.Fill("studyName", name);
+    Save();
+    CloseStudy();
   }
+  std::string RefusalOfSave() {
+    return user_.MessageDuring([this] { Save(); }).toStdString();
+  }
+  /// The list of studies, and a page for each that is open.
+  QTabWidget& Editors() { return *qobject_cast<QTabWidget*>(window_->centralWidget()); }
   std::string FocusName() const {
     const QWidget* focused = window_->focusWidget();
     return focused ? focused->objectName().toStdString() : "";

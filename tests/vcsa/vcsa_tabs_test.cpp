@@ -1,7 +1,4 @@
-#include <gtest/gtest.h>
-
-#include "core/study_kinds.h"
-#include "support/fake_host.h"
+#include "support/tab_test.h"
 #include "support/temp_folder.h"
 #include "vcsa/detail_tab.h"
 #include "vcsa/general_tab.h"
@@ -12,48 +9,30 @@ namespace {
 /// A network of three cells: a CDMA one, a TDMA one, and a namesake of the first on another ECP.
 void FillNetwork(test::FakeDatabase& database) {
   database.functions["lucent_generic.find_cell_tech"] = {{"11", "AMPS/CDMA"}, {"12", "TDMA"}, {"13", "CDMA"}};
-  const auto antennas = [&](int ecp, int cell, std::vector<std::vector<Variant>> rows) {
-    database
-        .answers["SELECT Instance_Id, rfpi FROM luc_cfg_ceqsu2 WHERE dsetup='y' AND system_id=1 AND ecp=" +
-                 std::to_string(ecp) + " AND cell=" + std::to_string(cell) + " ORDER BY rfpi"] = {
-        {"Instance_Id", "rfpi"}, std::move(rows)};
+  using Rows = std::vector<std::vector<Variant>>;
+  const auto configure = [&](const std::string& where, Rows antennas, Rows carriers) {
+    database.answers["SELECT Instance_Id, rfpi FROM luc_cfg_ceqsu2 WHERE dsetup='y' AND system_id=1 AND " +
+                     where + " ORDER BY rfpi"] = {{"Instance_Id", "rfpi"}, std::move(antennas)};
+    database.answers["SELECT cdma_carr_id FROM luc_cfg_cdma_car_chans WHERE system_id=1 AND " + where +
+                     " ORDER BY keyid"] = {{"cdma_carr_id"}, std::move(carriers)};
   };
-  const auto carriers = [&](int ecp, int cell, std::vector<std::vector<Variant>> rows) {
-    database.answers["SELECT cdma_carr_id FROM luc_cfg_cdma_car_chans WHERE system_id=1 AND ecp=" +
-                     std::to_string(ecp) + " AND cell=" + std::to_string(cell) + " ORDER BY keyid"] = {
-        {"cdma_carr_id"}, std::move(rows)};
-  };
-  antennas(2, 37, {{0, 1}, {0, 2}});
-  antennas(2, 38, {{0, 1}});
-  antennas(3, 37, {{0, 1}});
-  carriers(2, 37, {{384}, {425}});
-  carriers(2, 38, {{384}});
-  carriers(3, 37, {{384}});
+  configure("ecp=2 AND cell=37", {{0, 1}, {0, 2}}, {{384}, {425}});
+  configure("ecp=2 AND cell=38", {{0, 1}}, {{384}});
+  configure("ecp=3 AND cell=37", {{0, 1}}, {{384}});
 }
 
-class VcsaTabs : public ::testing::Test {
+class VcsaTabs : public test::StudyTest {
  protected:
-  VcsaTabs() {
-    FillNetwork(*host_.database);
-    study_->InitNew(std::string(kVcsStudy), "VCSA", study_->StudyType(), study_->ScenarioType(), 0);
-  }
+  VcsaTabs() : StudyTest(kVcsStudy) { FillNetwork(*host_.database); }
 
   CKivVcsData& Data() { return *study_->VcsData(); }
-  void Load() {
-    for (Tab* tab : {static_cast<Tab*>(&general_), static_cast<Tab*>(&detail_)}) {
-      tab->LoadState();
-      tab->LoadData(Variant(study_), "", host_.editor);
-    }
+  void LoadBoth() {
+    Load(general_);
+    Load(detail_);
   }
   void DropCells() {
     general_.dlvwCell.DropNodes({{"Cell:11", 1, 2, 37, 11}, {"Cell:12", 1, 2, 38, 12}});
     host_.editor->notifications.cdtnNotify_TabShow.Raise("XKivVcsDetail");
-  }
-  std::string Refusal(Tab& tab) {
-    const bool valid = tab.IsTabValid("");
-    std::string text = host_.TakeMessage();
-    EXPECT_EQ(valid, text.empty());
-    return text;
   }
   std::string Events() const {
     std::string text;
@@ -61,14 +40,12 @@ class VcsaTabs : public ::testing::Test {
     return text;
   }
 
-  test::FakeHost host_;
-  std::shared_ptr<CKivStudyData> study_ = std::make_shared<CKivStudyData>();
   XKivVcsGen general_;
   XKivVcsDetail detail_;
 };
 
 TEST_F(VcsaTabs, ADroppedCellGetsWhatTheConfigurationHas) {
-  Load();
+  LoadBoth();
   DropCells();
   const CCell& cdma = AsCell(Data().Cells()->Item("Cell:11"));
   EXPECT_EQ(cdma.TechType(), "AMPS/CDMA");
@@ -83,16 +60,16 @@ TEST_F(VcsaTabs, ADroppedCellGetsWhatTheConfigurationHas) {
 
 TEST_F(VcsaTabs, AValidGeneralPageIsRemembered) {
   const test::TempFolder folder;
-  Load();
+  LoadBoth();
   DropCells();
   general_.XDest.SetPath(folder.Path());
   for (const char* duration : {"100", "490", "10"}) {
     general_.txtDuration.SetText(duration);  // no quarter hours, or too many, or none
-    EXPECT_NE(Refusal(general_), "") << duration;
+    EXPECT_NE(RefusalOf(general_), "") << duration;
   }
   EXPECT_TRUE(host_.settings->remembered.empty());
   general_.txtDuration.SetText("45");
-  EXPECT_EQ(Refusal(general_), "");
+  EXPECT_EQ(RefusalOf(general_), "");
   EXPECT_EQ(host_.settings->remembered["VcsDuration"], "45");
 }
 
@@ -101,14 +78,14 @@ TEST_F(VcsaTabs, AFailingConfigurationLeavesStoredCellsAsTheyAre) {
   Data().AddCell(11, 1, 2, 37);
   AsCell(Data().Cells()->Item("Cell:11")).AddAntenna(0, 1, 3, 37, 1, true);
   host_.database->failure = "gone";
-  EXPECT_THROW(Load(), host::DatabaseError);
+  EXPECT_THROW(LoadBoth(), host::DatabaseError);
   EXPECT_EQ(general_.dlvwCell.RowCount(), 1U);
   EXPECT_EQ(AsCell(Data().Cells()->Item("Cell:11")).Antennas()->Count(), 1);
 }
 
 TEST_F(VcsaTabs, EventsAreChosenAloneOrByShortcut) {
-  Load();
-  EXPECT_EQ(Refusal(detail_), "At least one Event Category must be selected.");
+  LoadBoth();
+  EXPECT_EQ(RefusalOf(detail_), "At least one Event Category must be selected.");
   EXPECT_EQ(detail_.cboEvent.Items().size(), 1U);  // no CDMA cell yet
   DropCells();
   ASSERT_EQ(detail_.cboEvent.Items().size(), 2U);
@@ -126,11 +103,11 @@ TEST_F(VcsaTabs, EventsAreChosenAloneOrByShortcut) {
 }
 
 TEST_F(VcsaTabs, DetailChecksTheDnAndThePollingInterval) {
-  Load();
+  LoadBoth();
   detail_.chkEvent[0].Click();
   host_.settings->general["Phone Number Mask"] = "###-####";
   detail_.txtSingleDn.SetText("5551");
-  EXPECT_EQ(Refusal(detail_), "Number of digits in DN doesn't match mask.");
+  EXPECT_EQ(RefusalOf(detail_), "Number of digits in DN doesn't match mask.");
   EXPECT_TRUE(detail_.txtSingleDn.edit.HasFocus());
   detail_.txtSingleDn.SetText("5551234");
   const std::string range = "Polling Interval must be between 1 and 300 seconds inclusive.";
@@ -138,7 +115,7 @@ TEST_F(VcsaTabs, DetailChecksTheDnAndThePollingInterval) {
       {"", "Polling Interval must be numeric."}, {"0", range}, {"301", range}, {"1", ""}, {"300", ""}};
   for (const auto& [interval, message] : cases) {
     detail_.txtPollingInterval.SetText(interval);
-    EXPECT_EQ(Refusal(detail_), message) << interval;
+    EXPECT_EQ(RefusalOf(detail_), message) << interval;
   }
   detail_.SaveData();
   EXPECT_EQ(Data().SingleDn(), "5551234");
@@ -167,7 +144,7 @@ TEST_F(VcsaTabs, StoredCellsKeepTheirOwnChoicesAndGetWhatIsNew) {
       {"carrier_no"}, {{384}, {425}}};
   Data().AddCell(14, 1, 3, 5);
   AsCell(Data().Cells()->Item("Cell:14")).AddCarrier(0, "1", "3", "5", "384", true);
-  Load();
+  LoadBoth();
   const CCell& ofCgsa = AsCell(Data().Cells()->Item("Cell:14"));
   EXPECT_EQ(ofCgsa.Carriers()->Count(), 2);
   EXPECT_TRUE(ofCgsa.Carriers()->Item("Carrier:1-3-5-384")->Selected());

@@ -75,7 +75,7 @@ TEST_F(StudyList, IsStoppedWorkedWithAndReadAgain) {
     program_->Store().Save(changed, "test");
     editor.Stored.Raise();
     EXPECT_EQ(window_->List().SelectedStudy(), id);
-    user_.Press(Qt::Key_W, Qt::ControlModifier);
+    CloseStudy();
   }
   EXPECT_EQ(window_->List().StudyCount(), read + 1);
   Execute("DELETE FROM kiv_study WHERE id IN (7, 1500)");

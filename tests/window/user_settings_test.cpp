@@ -20,17 +20,14 @@ TEST(UserSettings, AreTheSameToTheToolkitAndKeepWhatIsNotTheirs) {
                                             " blanks ",
                                             "a;b,c=d",
                                             "\"quoted\" \\ C:\\x",
-                                            "line\nend\t\x1F"
-                                            "f",
+                                            "line\nend\t\037f",
                                             "@first",
                                             "@@two",
                                             "\u6771\u4EAC \U0001F4E1 \u00E9",
                                             "[General]",
                                             "a=b",
                                             "%41",
-
-                                            "\x07\x01"
-                                            "9"};
+                                            "\a\0019"};
   const auto key = [](std::size_t i) { return "Key " + std::to_string(i) + "/\u00E4"; };
   const QByteArray geometry("\x01\x00@Rect,\"\xFF", 10);
   {

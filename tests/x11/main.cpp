@@ -1,21 +1,55 @@
 // Runs the cases beside the window's thread, on an X server of their own.
 
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/prctl.h>
 
+#include <QProcess>
 #include <exception>
 #include <iostream>
+#include <stdexcept>
 #include <thread>
 
 #include "client/window/window_program.h"
 #include "support/temp_folder.h"
-#include "x11/x_server.h"
+
+namespace {
+
+/// An X server without a screen to look at. It ends with this object, or with this process.
+class XServer {
+ public:
+  XServer() {
+    process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
+    process_.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1600x1200x24", "-nolisten", "tcp"});
+    if (!process_.waitForStarted()) {
+      throw std::runtime_error("Xvfb is not installed; run scripts/setup.sh test.");
+    }
+    constexpr int kLongestStartMs = 60'000;
+    while (!process_.canReadLine()) {
+      if (!process_.waitForReadyRead(kLongestStartMs)) throw std::runtime_error("Xvfb does not start.");
+    }
+  }
+  ~XServer() {
+    process_.terminate();
+    process_.waitForFinished();
+  }
+
+  /// As DISPLAY takes it: the server has chosen a number that is free.
+  QByteArray Display() { return ':' + process_.readLine().trimmed(); }
+
+ private:
+  QProcess process_;
+};
+
+}  // namespace
 
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
   try {
-    const kiv::test::XServer server;
+    XServer server;
     const kiv::test::TempFolder settings;  // the user's own stay untouched
-    qputenv("DISPLAY", QByteArray::fromStdString(server.Display()));
+    qputenv("DISPLAY", server.Display());
     qputenv("QT_QPA_PLATFORM", "xcb");
     qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(settings.Path()));
     kiv::client::Application application(argc, argv);

@@ -1,12 +1,12 @@
 #include "x11/real_hand.h"
 
-#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QProcess>
+#include <QPushButton>
 #include <QStyleOptionViewItem>
 #include <QTabBar>
 #include <QTabWidget>
@@ -32,18 +32,8 @@ void Do(const QStringList& commands) {
   if (result != 0) throw std::runtime_error("xdotool failed: " + commands.join(' ').toStdString());
 }
 
-QStringList MoveTo(const QPoint& point) {
-  return {QStringLiteral("mousemove"), QString::number(point.x()), QString::number(point.y())};
-}
-
-/// The window that takes the user's input.
-QWidget* TopWindow() {
-  if (QWidget* popup = QApplication::activePopupWidget()) return popup;
-  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && window->windowType() == Qt::Window) return window;
-  }
-  return nullptr;
+void DoAt(const QPoint& point, const QStringList& commands) {
+  Do(QStringList{"mousemove", QString::number(point.x()), QString::number(point.y())} + commands);
 }
 
 /// The left edge: a click beside a check box's caption would miss.
@@ -53,22 +43,32 @@ std::optional<QPoint> PlaceOn(const QWidget& widget) {
   return widget.mapToGlobal(QPoint(fromLeft, widget.height() / 2));
 }
 
-template <class Type>
-Type* FindAs(const QString& name) {
-  return qobject_cast<Type*>(RealHand::Find(name));
-}
-
 std::optional<QPoint> PlaceIn(const QAbstractItemView& view, const QRect& rect) {
   const QPoint center = rect.center();
   if (rect.isEmpty() || !view.viewport()->rect().contains(center)) return {};
   return view.viewport()->mapToGlobal(center);
 }
 
+/// A place that is looked up in the visible widget of this name.
+template <class Type>
+RealHand::Place PlaceOf(const QString& name, const std::function<std::optional<QPoint>(const Type&)>& look) {
+  return {name.toStdString(), [=]() -> std::optional<QPoint> {
+            const auto* widget = qobject_cast<Type*>(RealHand::Find(name));
+            return widget ? look(*widget) : std::nullopt;
+          }};
+}
+
+QPoint Reach(const RealHand::Place& place) {
+  std::optional<QPoint> reached;
+  WaitUntil(place.name + " can be reached", [&] { return (reached = place.look()).has_value(); });
+  return *reached;
+}
+
 /// Moves to and fro about a point until something comes of it: moves that follow close on one another may
 /// reach the window as one.
 void MoveUntil(const std::string& what, const QPoint& point, const std::function<bool()>& condition) {
   int step = 0;
-  WaitUntil(what, condition, [&] { Do(MoveTo(point + QPoint(++step % 2, 0))); });
+  WaitUntil(what, condition, [&] { DoAt(point + QPoint(++step % 2, 0), {}); });
 }
 
 QMessageBox* Message() {
@@ -82,128 +82,79 @@ void WaitUntil(const std::string& what, const std::function<bool()>& condition,
   const auto giveUp = Clock::now() + kLongestWait;
   while (!InWindows(condition)) {
     if (Clock::now() > giveUp) throw std::runtime_error("Waited in vain until " + what + ".");
-    meanwhile();
+    meanwhile ? meanwhile() : std::this_thread::sleep_for(5ms);
   }
 }
 
 QWidget* RealHand::Find(const QString& name) {
-  const QWidget* window = TopWindow();
-  if (!window) return nullptr;
-  const auto widgets = window->findChildren<QWidget*>(name);
-  const auto visible =
-      std::ranges::find_if(widgets, [](const QWidget* widget) { return widget->isVisible(); });
-  return visible == widgets.end() ? nullptr : *visible;
+  for (const QWidget* window : QApplication::topLevelWidgets()) {
+    if (!window->isVisible() || window->windowType() != Qt::Window) continue;
+    for (QWidget* widget : window->findChildren<QWidget*>(name)) {
+      if (widget->isVisible()) return widget;
+    }
+  }
+  return nullptr;
 }
 
 RealHand::Place RealHand::Widget(const QString& name) {
-  return {name.toStdString(), [=]() -> std::optional<QPoint> {
-            const QWidget* widget = Find(name);
-            if (!widget) return {};
-            return PlaceOn(*widget);
-          }};
-}
-
-RealHand::Place RealHand::Button(const QString& caption) {
-  return {caption.toStdString(), [=]() -> std::optional<QPoint> {
-            const QWidget* window = TopWindow();
-            if (!window) return {};
-            for (const auto* button : window->findChildren<QAbstractButton*>()) {
-              if (button->isVisible() && button->text() == caption) return PlaceOn(*button);
-            }
-            return {};
-          }};
+  return PlaceOf<QWidget>(name, PlaceOn);
 }
 
 RealHand::Place RealHand::Page(const QString& tabWidget, int index) {
-  return {"page " + std::to_string(index) + " of " + tabWidget.toStdString(), [=]() -> std::optional<QPoint> {
-            const auto* tabs = FindAs<QTabWidget>(tabWidget);
-            if (!tabs) return {};
-            return tabs->tabBar()->mapToGlobal(tabs->tabBar()->tabRect(index).center());
-          }};
+  return PlaceOf<QTabWidget>(tabWidget, [=](const QTabWidget& tabs) {
+    return tabs.tabBar()->mapToGlobal(tabs.tabBar()->tabRect(index).center());
+  });
 }
 
-RealHand::Place RealHand::Row(const QString& name, const FindRow& findRow) {
-  return {"a row of " + name.toStdString(), [=]() -> std::optional<QPoint> {
-            const auto* view = FindAs<QAbstractItemView>(name);
-            if (!view) return {};
-            return PlaceIn(*view, view->visualRect(findRow()));
-          }};
-}
-
-RealHand::Place RealHand::Row(const QString& name, int row) {
-  return Row(name, [=] { return FindAs<QAbstractItemView>(name)->model()->index(row, 0); });
+RealHand::Place RealHand::Row(const QString& name, const std::function<QModelIndex()>& findRow) {
+  return PlaceOf<QAbstractItemView>(
+      name, [=](const QAbstractItemView& view) { return PlaceIn(view, view.visualRect(findRow())); });
 }
 
 RealHand::Place RealHand::RowBox(const QString& name, int row) {
-  return {"the check box in row " + std::to_string(row) + " of " + name.toStdString(),
-          [=]() -> std::optional<QPoint> {
-            const auto* view = FindAs<QAbstractItemView>(name);
-            if (!view) return {};
-            QStyleOptionViewItem option;
-            option.initFrom(view);
-            option.rect = view->visualRect(view->model()->index(row, 0));
-            option.features = QStyleOptionViewItem::HasCheckIndicator;
-            return PlaceIn(
-                *view, view->style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, view));
-          }};
-}
-
-QPoint RealHand::Reach(const Place& place) {
-  QPoint reached;
-  WaitUntil(place.name + " can be reached", [&] {
-    const auto point = place.look();
-    if (point) reached = *point;
-    return point.has_value();
+  return PlaceOf<QAbstractItemView>(name, [=](const QAbstractItemView& view) {
+    QStyleOptionViewItem option;
+    option.initFrom(&view);
+    option.rect = view.visualRect(view.model()->index(row, 0));
+    option.features = QStyleOptionViewItem::HasCheckIndicator;
+    return PlaceIn(view, view.style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, &view));
   });
-  return reached;
 }
 
 void RealHand::Click(const Place& place) const {
-  Do(MoveTo(Reach(place)) + QStringList{"click", "1"});
+  DoAt(Reach(place), {"click", "1"});
 }
 
 void RealHand::ClickWith(const char* modifier, const Place& place) const {
-  Do(MoveTo(Reach(place)) + QStringList{"keydown", modifier, "click", "1", "keyup", modifier});
+  DoAt(Reach(place), {"keydown", modifier, "click", "1", "keyup", modifier});
 }
 
 void RealHand::DoubleClick(const Place& place) const {
-  Do(MoveTo(Reach(place)) + QStringList{"click", "--repeat", "2", "1"});
-}
-
-void RealHand::Press(const char* keys) const {
-  Do({"key", keys});
+  DoAt(Reach(place), {"click", "--repeat", "2", "1"});
 }
 
 void RealHand::Fill(const QString& name, const QString& text) const {
   Click(Widget(name));
-  WaitUntil(name.toStdString() + " has the focus", [&] {
-    const QWidget* box = Find(name);
-    return box && box->hasFocus();
-  });
-  Do({"key", "ctrl+a", "key", "Delete"});
-  if (!text.isEmpty()) Do({"type", "--delay", "1", text});
-  WaitUntil(name.toStdString() + " shows what was typed", [&] {
-    const auto* box = FindAs<QLineEdit>(name);
-    return box && box->text() == text;
-  });
+  WaitUntil(name.toStdString() + " has the focus", [&] { return Find(name)->hasFocus(); });
+  Do({"key", "ctrl+a", "key", "Delete", "type", "--delay", "1", text});
+  WaitUntil(name.toStdString() + " shows what was typed",
+            [&] { return qobject_cast<QLineEdit*>(Find(name))->text() == text; });
 }
 
 void RealHand::Choose(const QString& comboBox, const QString& entry) const {
-  const auto* list = InWindows([&] { return FindAs<QComboBox>(comboBox); });
-  if (!list) throw std::runtime_error("No list " + comboBox.toStdString() + " to choose from.");
+  const auto& list = *InWindows([&] { return qobject_cast<QComboBox*>(Find(comboBox)); });
   Click(Widget(comboBox));
   Click({entry.toStdString(), [&]() -> std::optional<QPoint> {
-           const QAbstractItemView& view = *list->view();
+           const QAbstractItemView& view = *list.view();
            if (!view.isVisible()) return {};
-           return PlaceIn(view, view.visualRect(view.model()->index(list->findText(entry), 0)));
+           return PlaceIn(view, view.visualRect(view.model()->index(list.findText(entry), 0)));
          }});
-  WaitUntil("the entry is chosen",
-            [&] { return list->currentText() == entry && !list->view()->isVisible(); });
+  WaitUntil("the entry is chosen", [&] { return list.currentText() == entry && !list.view()->isVisible(); });
 }
 
 std::vector<std::string> RealHand::Drag(const Place& from, const Place& to) const {
   const QPoint start = Reach(from);
-  Do(MoveTo(start) + QStringList{"mousedown", "1"});
+  DoAt(start, {"mousedown", "1"});
   MoveUntil("the drag has begun", start + QPoint(kWellBeyondAClick, 0), isDragging);
   MoveUntil("the pointer says that this place takes the drag", Reach(to), [] {
     const QCursor* cursor = QApplication::overrideCursor();
@@ -213,18 +164,12 @@ std::vector<std::string> RealHand::Drag(const Place& from, const Place& to) cons
   std::vector<std::string> messages;
   while (true) {
     WaitUntil("the drop has come to an end", [this] { return Message() || !isDragging(); });
-    if (!InWindows([] { return Message() != nullptr; })) return messages;
-    messages.push_back(AnswerMessage());
+    QMessageBox* const message = InWindows(Message);
+    if (!message) return messages;
+    messages.push_back(InWindows([&] { return message->text().toStdString(); }));
+    Click({"the OK of a message", [&] { return PlaceOn(*message->button(QMessageBox::Ok)); }});
+    WaitUntil("the message is gone", [&] { return Message() != message; });
   }
-}
-
-std::string RealHand::AnswerMessage() const {
-  QMessageBox* message = nullptr;
-  WaitUntil("a message appears", [&] { return (message = Message()) != nullptr; });
-  const std::string text = InWindows([&] { return message->text().toStdString(); });
-  Click({"the OK of a message", [&] { return PlaceOn(*message->button(QMessageBox::Ok)); }});
-  WaitUntil("the message is gone", [&] { return Message() != message; });
-  return text;
 }
 
 void RealHand::LetGo() const {
