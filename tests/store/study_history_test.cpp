@@ -5,20 +5,17 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <tuple>
-
 #include "client/texts/history_text.h"
 #include "database/open.h"
 #include "database/schema.h"
 #include "store/history/packed_text.h"
-#include "support/engine.h"
-#include "support/rich_studies.h"
+#include "support/engine_and_kind.h"
 #include "support/test_store.h"
 
 namespace kiv::client {
 namespace {
 
-class History : public ::testing::TestWithParam<std::tuple<test::Engine, std::string>> {
+class History : public ::testing::TestWithParam<test::EngineAndKind> {
  protected:
   /// Stores the study with other content; returns that content as it is read again.
   std::string Save(store::Study& study, int variant, const std::string& user) {
@@ -125,17 +122,7 @@ TEST_P(History, BeginsWithWhatIsThereWhenADatabaseIsUpgraded) {
   EXPECT_EQ(Stored(id), first);
 }
 
-std::string NameOf(const ::testing::TestParamInfo<History::ParamType>& parameter) {
-  const auto& [engine, kind] = parameter.param;
-  std::string name = engine.name + kind;
-  std::erase(name, ' ');
-  return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Kinds, History,
-                         ::testing::Combine(::testing::ValuesIn(test::Engines()),
-                                            ::testing::ValuesIn(test::RichKinds())),
-                         NameOf);
+INSTANTIATE_TEST_SUITE_P(Kinds, History, test::EveryEngineAndKind(), test::NameOf);
 
 TEST(PackedText, IsReadAsEarlierVersionsWroteItAndNeverInflatedBeyondItsLength) {
   const std::string content = "{\"a\":\"" + std::string(9000, 'x') + "\"}";
