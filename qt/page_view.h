@@ -15,9 +15,9 @@ namespace kiv::qt {
 
 class ControlView;
 
-/// A page of controls as Qt widgets. The page and its view may go away in either order. What a user does may close
-/// the view; from the event of a text or a drop-down list with deleteLater only, because Qt's own widgets still
-/// look at themselves after they told of an edit.
+/// A page of controls as Qt widgets. The page and its view may go away in either order. What a user does may
+/// close the view; from the event of a text or a drop-down list with deleteLater only, because Qt's own
+/// widgets still look at themselves after they told of an edit.
 class PageView : public QWidget {
  public:
   enum class Shape {

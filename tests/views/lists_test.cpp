@@ -113,10 +113,6 @@ TEST_F(Lists, AnActMayCloseThePage) {
   user_->GoToRow(page_->list, 1);
   user_->Press(Key::Delete);
   EXPECT_FALSE(user_->IsOpen());
-  user_->Open(*page_, page_->Layout());
-  page_->list.SelectionChanged.Connect([this] { user_->Close(); });
-  user_->GoToRow(page_->list, 0);
-  EXPECT_FALSE(user_->IsOpen());
 }
 
 TEST_F(Lists, AMaskedBoxIsEditedAroundItsLiterals) {
