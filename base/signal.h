@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -9,9 +10,57 @@
 namespace kiv {
 
 namespace detail {
+
+class SlotList;
+
+/// One handler of a signal, without regard to what the signal carries.
 struct SlotState {
+  std::weak_ptr<SlotList> list = {};
   bool connected = true;
 };
+
+/// The handlers of one signal in the order of connecting. An ended one goes at once, or when the last loop
+/// has left the list; what it captured may then end others in turn.
+class SlotList {
+ public:
+  std::size_t Count() const { return slots_.size(); }
+  const std::shared_ptr<SlotState>& At(std::size_t place) const { return slots_[place]; }
+  void Add(std::shared_ptr<SlotState> slot) { slots_.push_back(std::move(slot)); }
+
+  void End(SlotState& slot) {
+    slot.connected = false;
+    if (loops_ == 0) DropEnded();
+  }
+  void EndAll() {
+    for (const auto& slot : slots_) slot->connected = false;
+  }
+
+  /// A loop over the list.
+  class Loop {
+   public:
+    explicit Loop(SlotList& list) : list_(list) { ++list_.loops_; }
+    Loop(const Loop&) = delete;
+    Loop& operator=(const Loop&) = delete;
+    ~Loop() {
+      if (--list_.loops_ == 0) list_.DropEnded();
+    }
+
+   private:
+    SlotList& list_;
+  };
+
+ private:
+  void DropEnded() {
+    const auto isConnected = [](const auto& slot) { return slot->connected; };
+    const auto ended = std::stable_partition(slots_.begin(), slots_.end(), isConnected);
+    const std::vector<std::shared_ptr<SlotState>> dropped(ended, slots_.end());
+    slots_.erase(ended, slots_.end());
+  }  // destroys the handlers, now that the list is in order
+
+  std::vector<std::shared_ptr<SlotState>> slots_;
+  int loops_ = 0;
+};
+
 }  // namespace detail
 
 /// Handle of one connection; copyable, does nothing when it goes away.
@@ -22,8 +71,9 @@ class Connection {
 
   /// Harmless after the signal or the connection is gone.
   void Disconnect() {
-    if (const auto slot = slot_.lock()) slot->connected = false;
-    slot_.reset();
+    const auto slot = std::exchange(slot_, {}).lock();
+    if (!slot || !slot->connected) return;
+    if (const auto list = slot->list.lock()) list->End(*slot);
   }
 
   /// Whether the handler would still be called: the signal exists and nobody disconnected it.
@@ -37,7 +87,7 @@ class Connection {
 };
 
 /// A connection that ends with its owner.
-class ScopedConnection {
+class [[nodiscard]] ScopedConnection {
  public:
   ScopedConnection() = default;
   ScopedConnection(Connection connection) : connection_(std::move(connection)) {}
@@ -69,26 +119,26 @@ class Signal {
   Signal(const Signal&) = delete;
   Signal& operator=(const Signal&) = delete;
   ~Signal() {
-    if (!handlers_) return;
-    for (const auto& slot : handlers_->all) slot->connected = false;
+    if (list_) list_->EndAll();
   }
 
   Connection Connect(Handler handler) {
-    if (!handlers_) handlers_ = std::make_shared<Handlers>();
+    if (!list_) list_ = std::make_shared<detail::SlotList>();
     auto slot = std::make_shared<Slot>();
+    slot->list = list_;
     slot->handler = std::move(handler);
-    handlers_->all.push_back(slot);
+    list_->Add(slot);
     return Connection(slot);
   }
 
   void Raise(Args... args) const {
-    if (!handlers_) return;
-    const std::shared_ptr<Handlers> handlers = handlers_;
-    const RaiseGuard guard(*handlers);
-    const std::size_t count = handlers->all.size();
+    if (!list_) return;
+    const std::shared_ptr<detail::SlotList> list = list_;
+    const detail::SlotList::Loop loop(*list);
+    const std::size_t count = list->Count();
     for (std::size_t i = 0; i < count; ++i) {
-      const std::shared_ptr<Slot> slot = handlers->all[i];
-      if (slot->connected) slot->handler(args...);
+      const std::shared_ptr<detail::SlotState> slot = list->At(i);
+      if (slot->connected) static_cast<const Slot&>(*slot).handler(args...);
     }
   }
 
@@ -96,26 +146,8 @@ class Signal {
   struct Slot : detail::SlotState {
     Handler handler;
   };
-  struct Handlers {
-    std::vector<std::shared_ptr<Slot>> all;
-    int raising = 0;
-  };
-  /// Ended connections are dropped only when no loop stands on the list.
-  class RaiseGuard {
-   public:
-    explicit RaiseGuard(Handlers& handlers) : handlers_(handlers) { ++handlers_.raising; }
-    RaiseGuard(const RaiseGuard&) = delete;
-    RaiseGuard& operator=(const RaiseGuard&) = delete;
-    ~RaiseGuard() {
-      if (--handlers_.raising == 0)
-        std::erase_if(handlers_.all, [](const auto& slot) { return !slot->connected; });
-    }
 
-   private:
-    Handlers& handlers_;
-  };
-
-  std::shared_ptr<Handlers> handlers_;  // made by the first connection: most events have no listener
+  std::shared_ptr<detail::SlotList> list_;  // made by the first connection: most events have no listener
 };
 
 }  // namespace kiv

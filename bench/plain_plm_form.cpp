@@ -22,7 +22,7 @@ QLabel* TextOn(const QString& text, QWidget* parent) {
   return new QLabel(text, parent);
 }
 
-QWidget* GeneralPage(const PlainValues& values) {
+QWidget* PlmGeneralPage(const PlainValues& values) {
   auto* page = new QWidget;
   auto* all = new QVBoxLayout(page);
   AddScenarioAndDestination(*all, values, page);
@@ -178,7 +178,7 @@ QWidget* TdmaPage() {
 }  // namespace
 
 QWidget* MakePlainPlmForm(const PlainValues& values) {
-  return FormAround(values, {{GeneralPage(values), QStringLiteral("General")},
+  return FormAround(values, {{PlmGeneralPage(values), QStringLiteral("General")},
                              {CdmaPage(), QStringLiteral("CDMA Modes")},
                              {TdmaPage(), QStringLiteral("TDMA/AMPS Modes")}});
 }

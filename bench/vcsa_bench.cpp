@@ -7,10 +7,9 @@
 #include <memory>
 #include <vector>
 
-#include "core/msql.h"
 #include "database/open.h"
 #include "database/transaction.h"
-#include "host/services.h"
+#include "host/scope.h"
 #include "plain_sqlite.h"
 #include "plain_vcsa.h"
 #include "sample_vcsa.h"
@@ -35,9 +34,7 @@ int Measure() {
   std::filesystem::remove_all(folder);
   const std::string file = folder / "bench.db";
   const auto connection = database::OpenStudyDatabase(file, database::OpenMode::CreateIfMissing);
-  host::Services services;
-  services.openDatabase = [connection] { return connection; };
-  host::InstallServices(services);
+  const host::Scope scope({.openDatabase = [connection] { return connection; }});
   connection->ExecuteSql(
       "INSERT INTO kiv_study (id, kind, name, modified_by, modified_at) VALUES (1, 'VCSA Study', 'x', 'x', "
       "'x')");
@@ -71,8 +68,6 @@ int Measure() {
   Print("loading", plainLoads, ourLoads, "at most 1.3");
   Print("saving ", plainSaves, ourSaves, "at most 1");
   sqlite3_close(plainDatabase);
-  MSQL::ReleaseDatabase();
-  host::InstallServices({});
   std::filesystem::remove_all(folder);
   return 0;
 }

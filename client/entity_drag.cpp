@@ -8,4 +8,9 @@ std::uint16_t EntityDrag::RegisterFormat(const std::string& name) {
       .first->second;
 }
 
+std::optional<std::uint16_t> EntityDrag::FindFormat(const std::string& name) const {
+  const auto found = formats_.find(name);
+  return found == formats_.end() ? std::nullopt : std::optional(found->second);
+}
+
 }  // namespace kiv::client

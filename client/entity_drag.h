@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,6 +15,7 @@ class EntityDrag : public host::DragSource {
  public:
   std::vector<host::DraggedNode> DraggedNodes() const override { return nodes_; }
   std::uint16_t RegisterFormat(const std::string& name) override;
+  std::optional<std::uint16_t> FindFormat(const std::string& name) const override;
 
   /// One drag, from its beginning to its end.
   class Scope {

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "client/user_folders.h"
-#include "core/msql.h"
 #include "database/open.h"
 #include "database/schema.h"
 
@@ -56,7 +55,7 @@ class Program::Scenarios : public host::DocumentLibrary {
     const auto name = askForName_ ? askForName_() : std::nullopt;
     if (!name) return std::nullopt;
     const host::Document scenario{program_.Store().Scenarios().Add(*name), *name};
-    DocumentsChanged.Raise();
+    program_.AnnounceScenarios();
     return scenario;
   }
   std::string MissingDocumentText(const host::DocumentType&) const override {
@@ -74,24 +73,21 @@ Program::Program()
       drag_(std::make_shared<EntityDrag>()),
       session_(std::make_shared<LoginSession>()) {}
 
-Program::~Program() {
-  MSQL::ReleaseDatabase();
-  host::InstallServices({});
-}
+Program::~Program() = default;
 
 void Program::Start(UserInterface userInterface) {
   errors_->SetTeller(std::move(userInterface.tellFailure));
-  host::InstallServices(
-      {.openDatabase = [this] { return connection_; },
-       .errorReporter = errors_,
-       .messageBoxes = std::move(userInterface.messageBoxes),
-       .settings = settings_,
-       .session = session_,
-       .documents = std::make_shared<Scenarios>(*this, std::move(userInterface.askForScenarioName)),
-       .fileNameRules = std::make_shared<PortableFileNames>(),
-       .folderChooser = std::move(userInterface.folderChooser),
-       .beeper = std::move(userInterface.beeper),
-       .dragSource = drag_});
+  scope_.emplace(host::Services{
+      .openDatabase = [this] { return connection_; },
+      .errorReporter = errors_,
+      .messageBoxes = std::move(userInterface.messageBoxes),
+      .settings = settings_,
+      .session = session_,
+      .documents = std::make_shared<Scenarios>(*this, std::move(userInterface.askForScenarioName)),
+      .fileNameRules = std::make_shared<PortableFileNames>(),
+      .folderChooser = std::move(userInterface.folderChooser),
+      .beeper = std::move(userInterface.beeper),
+      .dragSource = drag_});
 }
 
 std::shared_ptr<database::SqlConnection> Program::Connect(const std::string& path, WhenMissing whenMissing) {
@@ -102,7 +98,7 @@ std::shared_ptr<database::SqlConnection> Program::Connect(const std::string& pat
 
 void Program::Use(std::shared_ptr<database::SqlConnection> connection) {
   connection_ = std::move(connection);
-  MSQL::ReleaseDatabase();
+  if (scope_) scope_->ReleaseDatabase();
   store_ = std::make_unique<store::StudyStore>(connection_, errors_);
 }
 
@@ -120,7 +116,7 @@ store::StudyStore& Program::Store() const {
 }
 
 void Program::AnnounceScenarios() const {
-  host::TheDocuments().DocumentsChanged.Raise();
+  host::TheEvents().DocumentsChanged.Raise();
 }
 
 std::string Program::UserName() const {

@@ -8,7 +8,7 @@
 #include "client/entity_drag.h"
 #include "client/user_settings.h"
 #include "database/sql_connection.h"
-#include "host/services.h"
+#include "host/scope.h"
 #include "store/studies/error_log.h"
 #include "store/studies/study_store.h"
 
@@ -72,6 +72,7 @@ class Program {
   std::shared_ptr<host::Session> session_;
   std::shared_ptr<database::SqlConnection> connection_;
   std::unique_ptr<store::StudyStore> store_;
+  std::optional<host::Scope> scope_;
 };
 
 }  // namespace kiv::client

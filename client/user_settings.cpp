@@ -1,6 +1,7 @@
 #include "client/user_settings.h"
 
 #include "client/user_folders.h"
+#include "host/services.h"
 
 namespace kiv::client {
 
@@ -28,7 +29,7 @@ std::string UserSettings::General(const std::string& name) const {
 void UserSettings::SetGeneral(const std::string& name, const std::string& value) {
   if (General(name) == value) return;
   file_.Set(kGeneralGroup, name, value);
-  appGeneralState_StateChange.Raise();
+  host::TheEvents().appGeneralState_StateChange.Raise();
 }
 
 std::string UserSettings::ApplicationTitle() const {

@@ -30,7 +30,7 @@ Integer Narrowed(Number number) {
 
 std::int32_t FromText(std::string_view text) {
   const auto number = ParseNumber(text);
-  if (!number || text.find('.') != std::string_view::npos) RaiseTypeMismatch("a whole number");
+  if (!number) RaiseTypeMismatch("a number");
   return Narrowed(*number);
 }
 
@@ -59,6 +59,10 @@ std::int32_t ToInt32(const Variant& value) {
         }
       },
       value.Value());
+}
+
+std::int32_t ToInt32Or(const Variant& value, std::int32_t whenNull) {
+  return value.IsNull() ? whenNull : ToInt32(value);
 }
 
 std::int16_t ToInt16(const Variant& value) {

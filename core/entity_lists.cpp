@@ -38,6 +38,16 @@ constexpr std::string_view kSelected = "Selected";
 constexpr std::string_view kAntennas = "Antennas";
 constexpr std::string_view kCarriers = "Carriers";
 
+// What tells an entity from the others of a list. Its instance number says nothing to users.
+constexpr std::string_view kCellIdentity[] = {kInstanceId, kSystemId, kEcpId, kCellId};
+constexpr std::string_view kEcpIdentity[] = {kInstanceId, kSystemId, kEcpId};
+constexpr std::string_view kAntennaIdentity[] = {kInstanceId, kAntennaId};
+constexpr std::string_view kCarrierIdentity[] = {kInstanceId, kCarrierId};
+
+StoredList EmptyList(std::string_view name, std::span<const std::string_view> identity) {
+  return {name, {}, identity, identity.subspan(1)};
+}
+
 void DeleteList(std::string_view table, std::int32_t listId) {
   Database().ExecuteSql("Delete From " + std::string(table) + " Where KIV_List_ID=" + std::to_string(listId));
 }
@@ -87,15 +97,15 @@ std::string CellListQuery(std::string_view table, std::int32_t listId, const CCe
 }
 
 /// The antennas or carriers of a cell, whose other numbers are the cell's.
-StoredList StoredParts(std::string_view name, const AntennaCollection& parts, std::string_view column,
-                       std::int32_t (CAntenna::*number)() const) {
-  StoredList list{name, {}};
+StoredList StoredParts(std::string_view name, const AntennaCollection& parts,
+                       std::span<const std::string_view> identity, std::int32_t (CAntenna::*number)() const) {
+  StoredList list = EmptyList(name, identity);
   list.entries.reserve(static_cast<std::size_t>(parts.Count()));
   for (const auto& part : parts) {
     std::vector<NamedValue>& fields = list.entries.emplace_back().fields;
     fields.reserve(3);  // a study may have ten thousand of them
     fields.push_back({kInstanceId, part->Instance_Id()});
-    fields.push_back({column, (part.get()->*number)()});
+    fields.push_back({identity.back(), (part.get()->*number)()});
     fields.push_back({kSelected, MKivStudyCtls::BoolToYN(part->Selected())});
   }
   return list;
@@ -255,7 +265,7 @@ void LookupConfigCarriers(CCell& cell) {
 }
 
 StoredList StoredCells(std::string_view name, const EntityCollection& cells, CellParts parts) {
-  StoredList list{name, {}};
+  StoredList list = EmptyList(name, kCellIdentity);
   list.entries.reserve(static_cast<std::size_t>(cells.Count()));
   for (const auto& entity : cells) {
     const CCell& cell = AsCell(entity);
@@ -266,15 +276,15 @@ StoredList StoredCells(std::string_view name, const EntityCollection& cells, Cel
                     {kCellId, cell.CellID()}};
     if (parts == CellParts::None) continue;
     entry.lists.push_back(
-        StoredParts(kAntennas, Required(cell.Antennas()), kAntennaId, &CAntenna::AntennaID));
+        StoredParts(kAntennas, Required(cell.Antennas()), kAntennaIdentity, &CAntenna::AntennaID));
     entry.lists.push_back(
-        StoredParts(kCarriers, Required(cell.Carriers()), kCarrierId, &CAntenna::CarrierID));
+        StoredParts(kCarriers, Required(cell.Carriers()), kCarrierIdentity, &CAntenna::CarrierID));
   }
   return list;
 }
 
 StoredList StoredEcps(std::string_view name, const EntityCollection& ecps) {
-  StoredList list{name, {}};
+  StoredList list = EmptyList(name, kEcpIdentity);
   for (const auto& entity : ecps) {
     const CEcp& ecp = AsEcp(entity);
     StoredEntry& entry = list.entries.emplace_back();

@@ -1,7 +1,5 @@
 #include "core/fields.h"
 
-#include <algorithm>
-
 namespace kiv {
 
 Variant NumberOrZero(const host::Recordset& row, std::string_view name) {
@@ -35,14 +33,6 @@ std::string UpdateStatement(const host::Database& database, std::string_view tab
   // The rendered list supplies the blanks around it.
   return "UPDATE " + std::string(table) + " SET" + database.FormatAssignmentList(values) +
          "WHERE Id = " + std::to_string(id);
-}
-
-std::string AsciiUpper(std::string_view text) {
-  std::string upper(text);
-  std::transform(upper.begin(), upper.end(), upper.begin(), [](char character) {
-    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;
-  });
-  return upper;
 }
 
 }  // namespace sql

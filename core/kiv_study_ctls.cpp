@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
+#include "base/ascii.h"
+#include "base/drive_type.h"
 #include "base/utf16.h"
 #include "host/services.h"
-#include "ui/text_box.h"
 
 namespace kiv::MKivStudyCtls {
 
@@ -12,15 +13,6 @@ namespace {
 
 constexpr std::int16_t kChecked = 1;
 constexpr std::int32_t kIdLength = 7;
-
-bool IsAsciiDigit(char16_t character) {
-  return character >= u'0' && character <= u'9';
-}
-
-char16_t AsciiLower(char16_t character) {
-  return character >= u'A' && character <= u'Z' ? static_cast<char16_t>(character + (u'a' - u'A'))
-                                                : character;
-}
 
 std::int32_t SegmentLength(std::u16string_view segment) {
   constexpr std::u16string_view kUser = u"USER";
@@ -47,24 +39,18 @@ std::string BoolToYN(bool value) {
   return value ? "Y" : "N";
 }
 
-std::int32_t FindItemDataIndex(const ui::ItemList& list, std::int32_t data) {
-  const auto found =
-      std::find_if(list.begin(), list.end(), [data](const ui::ListItem& item) { return item.data == data; });
-  return found == list.end() ? ui::kNoSelection : static_cast<std::int32_t>(found - list.begin());
+std::int32_t GetDriveTypeName(const std::string& path, std::string& description) {
+  const std::int32_t type = DriveTypeOf(path);
+  description = DriveTypeDescription(type);
+  return type;
 }
 
 bool IsAlphaNumeric(std::string_view text) {
   const std::u16string characters = ToUtf16(text);
   return std::all_of(characters.begin(), characters.end(), [](char16_t character) {
-    const auto lowByte = AsciiLower(static_cast<char16_t>(character & 0xFF));
-    return IsAsciiDigit(lowByte) || (lowByte >= u'a' && lowByte <= u'z');
+    const auto lowByte = static_cast<char16_t>(character & 0xFF);
+    return IsAsciiDigit(lowByte) || IsAsciiLetter(lowByte);
   });
-}
-
-void NumericKeyFilter(std::int16_t& keyCode) {
-  if (keyCode == ui::kBackspaceKey || IsAsciiDigit(static_cast<char16_t>(keyCode))) return;
-  keyCode = 0;
-  host::TheBeeper().Beep();
 }
 
 std::int32_t FindCharInSet(std::int32_t start, std::string_view text, std::string_view set, CharSearch mode,
@@ -72,7 +58,7 @@ std::int32_t FindCharInSet(std::int32_t start, std::string_view text, std::strin
   const auto folded = [comparison](std::string_view utf8) {
     std::u16string characters = ToUtf16(utf8);
     if (comparison == Comparison::CaseBlind) {
-      std::transform(characters.begin(), characters.end(), characters.begin(), AsciiLower);
+      std::transform(characters.begin(), characters.end(), characters.begin(), ToAsciiLower<char16_t>);
     }
     return characters;
   };

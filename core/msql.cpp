@@ -2,37 +2,16 @@
 
 #include <exception>
 
-#include "host/services.h"
+#include "host/scope.h"
 
 namespace kiv::MSQL {
 
-namespace {
-
-constexpr int kQueryTimeoutSeconds = 60;
-
-std::shared_ptr<host::Database>& Slot() {
-  static std::shared_ptr<host::Database> database;
-  return database;
-}
-
-}  // namespace
-
 host::Database& Database() {
-  std::shared_ptr<host::Database>& database = Slot();
-  if (!database) {
-    const auto& openDatabase = host::InstalledServices().openDatabase;
-    if (openDatabase) database = openDatabase();
-    if (!database) throw Error(ErrorNumber::ObjectNotSet, "The host has given no database.");
-  }
-  return *database;
-}
-
-void ReleaseDatabase() {
-  Slot().reset();
+  return host::Scope::Current().TheDatabase();
 }
 
 std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql) {
-  return Database().OpenQuery(sql, kQueryTimeoutSeconds);
+  return Database().OpenQuery(sql, host::kQueryTimeoutSeconds);
 }
 
 std::shared_ptr<host::Recordset> OpenStudyRow(const std::string& sql, std::string_view kind,

@@ -13,12 +13,9 @@ namespace kiv::MSQL {
 /// The module's name in error reports.
 inline constexpr const char* kModuleName = "MSQL";
 
-/// The one database object of this process, made by the host's factory on first use.
+/// The one database object of the current host, made by its factory on first use.
 /// Raises error 91 when the host has none to give.
 host::Database& Database();
-
-/// Lets go of the database object; the next use asks the host's factory again.
-void ReleaseDatabase();
 
 /// Opens a query with the time-out that every query of the library has; null when no result set came back.
 std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql);

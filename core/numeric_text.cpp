@@ -3,19 +3,17 @@
 #include <algorithm>
 #include <limits>
 
+#include "base/ascii.h"
+
 namespace kiv {
 
 namespace {
 
 constexpr std::int64_t kBeyond32Bits = std::int64_t{1} << 40;
 
-bool IsDigit(char character) {
-  return character >= '0' && character <= '9';
-}
-
 /// Takes the digits off the front of the text.
 std::string_view TakeDigits(std::string_view& text) {
-  const auto end = std::find_if_not(text.begin(), text.end(), IsDigit);
+  const auto end = std::find_if_not(text.begin(), text.end(), IsAsciiDigit);
   const auto count = static_cast<std::size_t>(end - text.begin());
   const std::string_view digits = text.substr(0, count);
   text.remove_prefix(count);

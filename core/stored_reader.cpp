@@ -123,7 +123,7 @@ void StoredReader::ReadEntries(std::string_view name,
   for (std::size_t i = 0; i < list->entries.size(); ++i) {
     const std::string place = PlaceOf(name) + " " + std::to_string(i + 1);
     const std::size_t faultsBefore = faults_.size();
-    std::int32_t after = count;
+    std::int32_t after = count;  // NOLINT(clang-analyzer-deadcode.DeadStores): read after a failure
     try {
       after = read(list->entries[i], place);
     } catch (const Error& error) {

@@ -26,8 +26,7 @@ void LoadStudyRow(const StudyTable& table, const char* routine, std::int32_t id,
   if (!rows) return;
   if (rows->RecordCount() > 0) {
     const auto fields = Record::Fields();
-    LoadFields(record, *rows, fields, FindOptionalFields(Database(), table.name, fields));
-    record.SetID(id);
+    LoadFields(record, *rows, fields, FindOptionalFields(Database(), table.name, fields), id);
   }
   rows->Close();
 }
@@ -36,10 +35,7 @@ void LoadStudyRow(const StudyTable& table, const char* routine, std::int32_t id,
 template <class Record>
 bool InsertStudyRow(const StudyTable& table, const char* routine, const Record& record) {
   return TrapErrors(table.kind, routine, [&](host::Database& database) {
-    const auto fields = Record::Fields();
-    const auto optional = FindOptionalFields(database, table.name, fields);
-    const auto values = ColumnValues(record, fields, optional, KeyField::Include);
-    database.ExecuteSql(sql::InsertStatement(database, table.name, values));
+    database.ExecuteSql(InsertStatementOf(database, table.name, record));
   });
 }
 

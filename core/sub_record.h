@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -14,6 +15,8 @@ namespace kiv {
 struct NamedValue {
   std::string_view name;
   Variant value;
+
+  friend bool operator==(const NamedValue&, const NamedValue&) = default;
 };
 
 struct StoredEntry;
@@ -22,6 +25,9 @@ struct StoredEntry;
 struct StoredList {
   std::string_view name;
   std::vector<StoredEntry> entries;
+  /// The fields that together tell an entry from all others, and those of them by which users call it.
+  std::span<const std::string_view> identity = {};
+  std::span<const std::string_view> label = identity;
 };
 
 /// One entry of a list: its own fields, and the lists that belong to it in turn.
@@ -30,6 +36,10 @@ struct StoredEntry {
   std::vector<NamedValue> fields;
   std::vector<StoredList> lists;
 };
+
+/// Lists are the same when they have the same entries in the same order.
+bool operator==(const StoredList& left, const StoredList& right);
+bool operator==(const StoredEntry& left, const StoredEntry& right);
 
 class StoredReader;
 
@@ -61,6 +71,9 @@ class ISubRecord : public Object {
   /// Takes over what both gave of another record of the kind.
   virtual void ReadStored(StoredReader& reader) = 0;
 };
+
+/// Whether two records are of one kind and have the same content, whatever study they belong to.
+bool operator==(const ISubRecord& left, const ISubRecord& right);
 
 /// What the records of all kinds keep beside their own fields.
 class SubRecord : public ISubRecord {

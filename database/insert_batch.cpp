@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/ascii.h"
+
 namespace kiv::database {
 
 namespace {
@@ -10,14 +12,7 @@ namespace {
 /// Larger statements save nothing more, and their failure would come late.
 constexpr std::size_t kMostRowsInStatement = 500;
 constexpr std::size_t kMostStatements = 100;
-constexpr std::size_t kMostBytes = 256 * 1024;
-
-bool IsDigit(char character) {
-  return character >= '0' && character <= '9';
-}
-bool IsLetter(char character) {
-  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
-}
+constexpr std::size_t kMostBytes = std::size_t{256} * 1024;
 
 /// Reads a statement from its start. Each step says whether what it looks for was there.
 class Scanner {
@@ -37,21 +32,20 @@ class Scanner {
   }
   bool Keyword(std::string_view upperCase) {
     const std::string_view word = Word();
-    return std::ranges::equal(word, upperCase, [](char character, char upper) {
-      return character == upper || (IsLetter(character) && character - 'a' + 'A' == upper);
-    });
+    return std::ranges::equal(word, upperCase,
+                              [](char character, char upper) { return ToAsciiUpper(character) == upper; });
   }
   /// One with dots as well.
   bool Name() {
     do {
       const std::string_view word = Word();
-      if (word.empty() || IsDigit(word.front())) return false;
+      if (word.empty() || IsAsciiDigit(word.front())) return false;
     } while (Character('.'));
     return true;
   }
   bool Value() {
     if (Next() == '\'') return Text();
-    return IsLetter(Next()) ? Keyword("NULL") : Number();
+    return IsAsciiLetter(Next()) ? Keyword("NULL") : Number();
   }
   /// `(item, item)`
   bool List(bool (Scanner::*item)()) {
@@ -69,7 +63,7 @@ class Scanner {
 
   std::string_view Word() {
     const std::size_t start = place_;
-    while (IsLetter(Next()) || IsDigit(Next()) || Next() == '_') ++place_;
+    while (IsAsciiLetter(Next()) || IsAsciiDigit(Next()) || Next() == '_') ++place_;
     return text_.substr(start, place_ - start);
   }
   bool Text() {
@@ -82,7 +76,7 @@ class Scanner {
   }
   bool Digits() {
     const std::size_t start = place_;
-    while (IsDigit(Next())) ++place_;
+    while (IsAsciiDigit(Next())) ++place_;
     return place_ > start;
   }
   bool Sign() { return Character('-') || Character('+'); }

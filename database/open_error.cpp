@@ -80,6 +80,9 @@ std::string Sentence(OpenProblem problem, const std::string& file, const std::st
     case OpenProblem::WithoutPostgres:
       return "This program was built without PostgreSQL and cannot open " + Quoted(file) +
              ". Use a database file.";
+    case OpenProblem::NoClientLibrary:
+      return "The client library of PostgreSQL cannot be loaded" + InBrackets(detail) +
+             ". Install the package libpq5 to open " + Quoted(file) + ", or use a database file.";
     case OpenProblem::NameTooLong:
       return "The file name " + Quoted(file) + " is too long. Choose a shorter one.";
   }

@@ -22,6 +22,7 @@ enum class OpenProblem {
   Unreachable,      ///< the server does not answer, or lets nobody in
   NoTables,         ///< this user may not make the tables
   WithoutPostgres,  ///< the program was built without it
+  NoClientLibrary,  ///< that of PostgreSQL is missing on this machine
   NameTooLong,
 };
 

@@ -2,19 +2,9 @@
 
 #include <algorithm>
 
+#include "base/ascii.h"
+
 namespace kiv::database {
-
-namespace {
-
-char LowerAscii(char character) {
-  return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
-
-bool SameName(std::string_view left, std::string_view right) {
-  return std::ranges::equal(left, right, {}, LowerAscii, LowerAscii);
-}
-
-}  // namespace
 
 void RowBuffer::AppendText(std::string_view text) {
   char* const place = NewText(text.size());
@@ -39,7 +29,7 @@ char* RowBuffer::NewText(std::size_t length) {
 
 int RowBuffer::FindField(std::string_view name) const {
   const auto found = std::ranges::find_if(
-      fieldNames_, [name](const std::string& fieldName) { return SameName(fieldName, name); });
+      fieldNames_, [name](const std::string& fieldName) { return SameInAnyCase(fieldName, name); });
   return found == fieldNames_.end() ? -1 : static_cast<int>(found - fieldNames_.begin());
 }
 

@@ -1,6 +1,7 @@
 #include "database/schema.h"
 
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "database/open_error.h"
@@ -12,11 +13,30 @@ namespace kiv::database {
 
 namespace {
 
-void RunScript(Connection& connection, std::string_view script) {
+/// A statement in the words of an engine; empty when it is for another one.
+std::string StatementFor(const SchemaLayout& layout, std::string_view written) {
+  constexpr std::string_view kOnly = "-- only ";
+  if (written.starts_with(kOnly)) {
+    written.remove_prefix(kOnly.size());
+    const std::size_t end = written.find('\n');
+    if (written.substr(0, end) != layout.Engine()) return {};
+    written.remove_prefix(end + 1);
+  }
+  std::string statement(written);
+  for (const SchemaWord& word : layout.Words()) {
+    for (std::size_t place = 0; (place = statement.find(word.word, place)) != std::string::npos;) {
+      statement.replace(place, word.word.size(), word.meaning);
+    }
+  }
+  return statement;
+}
+
+void RunScript(SqlConnection& connection, std::string_view script) {
   constexpr std::string_view kBlankLine = "\n\n";
   while (!script.empty()) {
     const std::size_t end = script.find(kBlankLine);
-    connection.ExecuteSql(std::string(script.substr(0, end)));
+    const std::string statement = StatementFor(connection.Layout(), script.substr(0, end));
+    if (!statement.empty()) connection.ExecuteSql(statement);
     script.remove_prefix(end == std::string_view::npos ? script.size() : end + kBlankLine.size());
   }
 }
@@ -24,7 +44,7 @@ void RunScript(Connection& connection, std::string_view script) {
 }  // namespace
 
 int NewestSchemaVersion() {
-  return static_cast<int>(SqliteSchemaSteps().size());
+  return static_cast<int>(SchemaSteps().size());
 }
 
 int SchemaVersion(SqlConnection& connection) {
@@ -54,8 +74,8 @@ void UpgradeSchema(SqlConnection& connection, int version) {
   if (present == 0 && layout.IsTaken(connection)) throw OpenError(OpenProblem::Foreign, connection.Name());
   RefuseNewer(present, connection.Name());
   if (present >= version) return;
-  for (const std::string_view step : layout.Steps().subspan(static_cast<std::size_t>(present),
-                                                            static_cast<std::size_t>(version - present))) {
+  for (const std::string_view step : SchemaSteps().subspan(static_cast<std::size_t>(present),
+                                                           static_cast<std::size_t>(version - present))) {
     RunScript(connection, step);
   }
   layout.SetVersion(connection, version);

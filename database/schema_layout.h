@@ -7,13 +7,21 @@
 
 namespace kiv::database {
 
+/// A word of the scripts, such as `@WITHOUT_ROWID@`, and what stands there for one engine.
+struct SchemaWord {
+  std::string_view word;
+  std::string_view meaning;
+};
+
 /// The study tables as one kind of database has them, and where it keeps how far it got.
 class SchemaLayout {
  public:
   virtual ~SchemaLayout() = default;
 
-  /// The scripts, first step first.
-  virtual std::span<const std::string_view> Steps() const = 0;
+  /// The engine, as the scripts call it.
+  virtual std::string_view Engine() const = 0;
+  /// What the words of the scripts mean to it.
+  virtual std::span<const SchemaWord> Words() const = 0;
   /// The number of the last step that was run; 0 when the database has no study tables yet.
   virtual int Version(Connection& connection) const = 0;
   virtual void SetVersion(Connection& connection, int version) const = 0;

@@ -9,6 +9,11 @@ std::shared_ptr<host::Recordset> SqlConnection::OpenQuery(const std::string& sql
   return Run(sql, timeoutSeconds, {});
 }
 
+void SqlConnection::VisitRows(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) {
+  Prepare(sql);
+  Visit(sql, timeoutSeconds, visit);
+}
+
 void SqlConnection::ExecuteSql(const std::string& sql) {
   if (inTransaction_) {
     RefuseWhenLost(sql);
@@ -41,11 +46,11 @@ bool SqlConnection::FieldToBoolean(const Variant& field) const {
   return host::RenderedAsTrue(field);
 }
 
-void SqlConnection::Begin() {
+void SqlConnection::Start(void (SqlConnection::*start)()) {
   if (inTransaction_ || TransactionIsSound()) {
     throw Error(ErrorNumber::InvalidArgument, "A transaction is already open.");
   }
-  StartTransaction();
+  (this->*start)();
   inTransaction_ = true;
 }
 

@@ -28,7 +28,10 @@ class SqlConnection : public Connection {
   std::string FormatAssignmentList(std::span<const host::Assignment> assignments) const final;
   bool FieldToBoolean(const Variant& field) const final;
 
-  void Begin() final;
+  void VisitRows(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) final;
+
+  void Begin() final { Start(&SqlConnection::StartTransaction); }
+  void BeginReading() final { Start(&SqlConnection::StartReading); }
   void Commit() final;
   void Rollback() final;
 
@@ -43,11 +46,14 @@ class SqlConnection : public Connection {
   /// Runs one statement with its parameters. Null when it has no columns.
   virtual std::shared_ptr<host::Recordset> Run(const std::string& sql, int timeoutSeconds,
                                                std::initializer_list<std::string_view> arguments) = 0;
+  /// Runs one statement and shows its rows.
+  virtual void Visit(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) = 0;
   /// Runs several that yield no rows, up to the first that fails.
   virtual void RunAll(std::span<const std::string> statements);
   virtual bool FindColumn(const std::string& table, const std::string& column) = 0;
   virtual std::string CallFunction(const std::string& name, const std::string& argument) = 0;
   virtual void StartTransaction() = 0;
+  virtual void StartReading() = 0;
   virtual void CommitTransaction() = 0;
   /// Also when the engine has ended the transaction by itself.
   virtual void RollbackTransaction() = 0;
@@ -55,6 +61,7 @@ class SqlConnection : public Connection {
   virtual bool TransactionIsSound() const = 0;
 
  private:
+  void Start(void (SqlConnection::*start)());
   /// Comes before every statement.
   void Prepare(const std::string& sql);
   void RefuseWhenLost(const std::string& sql) const;

@@ -7,7 +7,11 @@ namespace kiv::database {
 /// A transaction that is rolled back at the end of its scope unless it was committed.
 class Transaction {
  public:
-  explicit Transaction(Connection& connection) : connection_(connection) { connection_.Begin(); }
+  enum class Access { Write, Read };
+
+  explicit Transaction(Connection& connection, Access access = Access::Write) : connection_(connection) {
+    access == Access::Read ? connection_.BeginReading() : connection_.Begin();
+  }
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
   ~Transaction() {

@@ -34,13 +34,17 @@ std::optional<Problem> CheckList::FirstProblem() const {
 
 std::vector<Problem> CheckList::Problems() const {
   std::vector<Problem> problems;
+  AddProblems(problems);
+  return problems;
+}
+
+void CheckList::AddProblems(std::vector<Problem>& problems) const {
   for (const Check& check : checks_) {
     const bool known = std::any_of(problems.begin(), problems.end(), [&check](const Problem& problem) {
       return problem.control == check.control;
     });
     if (!known && !check.passes()) problems.push_back({check.control, check.message(), check.style});
   }
-  return problems;
 }
 
 bool CheckList::Enforce() const {
@@ -50,8 +54,7 @@ bool CheckList::Enforce() const {
 }
 
 void Tell(const Problem& problem) {
-  host::MessageBoxes& messages = host::TheMessageBoxes();
-  messages.Show(problem.message, problem.style, messages.ApplicationTitle());
+  host::ShowMessage(problem.message, problem.style);
   if (problem.control) problem.control->SetFocus();
 }
 

@@ -37,6 +37,8 @@ class CheckList {
   std::optional<Problem> FirstProblem() const;
   /// Every failing check, the first one of each control.
   std::vector<Problem> Problems() const;
+  /// Adds them to those of other lists; a control that has one already gets no other.
+  void AddProblems(std::vector<Problem>& problems) const;
 
   /// Tells the first failure. True when all is well.
   bool Enforce() const;

@@ -4,7 +4,8 @@
 #include <string_view>
 #include <utility>
 
-#include "core/conversions.h"
+#include "base/ascii.h"
+#include "editor/check_list.h"
 #include "host/constants.h"
 #include "host/services.h"
 
@@ -13,11 +14,6 @@ namespace kiv {
 namespace {
 
 enum MenuItem : std::size_t { kRemove, kRemoveAll, kSelectAll };
-
-void Refuse(const std::string& text) {
-  host::MessageBoxes& messages = host::TheMessageBoxes();
-  messages.Show(text, host::MessageStyle::Critical, messages.ApplicationTitle());
-}
 
 /// The type word of an entity's key, in lower case and as messages write it.
 struct TypeWord {
@@ -34,13 +30,6 @@ TypeWord WordOf(EntityType type) {
   }
 }
 
-std::string LowerCase(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(), [](char character) {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-  });
-  return text;
-}
-
 /// Numbers on the way to an entity, such as 1-2-37.
 std::string PathText(const CEntity& entity) {
   std::string text = std::to_string(entity.SystemID()) + "-" + std::to_string(entity.EcpID());
@@ -48,69 +37,10 @@ std::string PathText(const CEntity& entity) {
   return text;
 }
 
-bool OfSameCell(const CAntenna& left, const CAntenna& right) {
-  return left.SharesEcpWith(right) && left.CellID() == right.CellID();
-}
-
-ui::ListColumn NumberLook(std::string caption) {
-  constexpr int kCharacters = 9;
-  return {std::move(caption), kCharacters, ui::Alignment::Right, ui::ListColumn::Content::Number};
-}
-
 }  // namespace
 
-EntityColumn SystemColumn(std::string caption) {
-  return {NumberLook(std::move(caption)), [](const CEntity& entity) { return Variant(entity.SystemID()); }};
-}
-
-EntityColumn EcpColumn(std::string caption) {
-  return {NumberLook(std::move(caption)), [](const CEntity& entity) { return Variant(entity.EcpID()); }};
-}
-
-EntityColumn CellColumn(std::string caption) {
-  return {NumberLook(std::move(caption)),
-          [](const CEntity& entity) { return Variant(dynamic_cast<const CCell&>(entity).CellID()); }};
-}
-
-/// The shown entities; the collection itself is not copied.
-class XDDListView::Rows : public ui::ListRows {
- public:
-  Rows(const EntityCollection& collection, std::shared_ptr<const std::vector<EntityColumn>> columns)
-      : columns_(std::move(columns)) {
-    entities_.reserve(static_cast<std::size_t>(collection.Count()));
-    for (const auto& entity : collection) entities_.push_back(entity);
-  }
-
-  const std::shared_ptr<CEntity>& At(std::size_t row) const { return entities_[row]; }
-  const std::vector<std::shared_ptr<CEntity>>& All() const { return entities_; }
-
-  std::size_t Count() const override { return entities_.size(); }
-  std::string Text(std::size_t row, std::size_t column) const override { return ToText(Value(row, column)); }
-  std::int64_t Number(std::size_t row, std::size_t column) const override {
-    return ToInt32(Value(row, column));
-  }
-  bool Checked(std::size_t row) const override {
-    const auto* antenna = dynamic_cast<const CAntenna*>(entities_[row].get());
-    return antenna && antenna->Selected();
-  }
-
- private:
-  Variant Value(std::size_t row, std::size_t column) const {
-    return (*columns_)[column].value(*entities_[row]);
-  }
-
-  std::vector<std::shared_ptr<CEntity>> entities_;
-  std::shared_ptr<const std::vector<EntityColumn>> columns_;
-};
-
-XDDListView::XDDListView(ui::Container* parent, std::string name)
-    : ListView(parent, std::move(name)),
-      format_(host::TheDragSource().RegisterFormat(host::kConfigEntityTreeFormat)),
-      collection_(std::make_shared<EntityCollection>()),
-      columns_(std::make_shared<std::vector<EntityColumn>>()) {
-  SetDropRule([this](const ui::DragData& data) {
-    return std::find(data.formats.begin(), data.formats.end(), format_) != data.formats.end();
-  });
+XDDListView::XDDListView(ui::Container* parent, std::string name) : EntityListView(parent, std::move(name)) {
+  SetDropRule([this](const ui::DragData& data) { return OffersFormat(data); });
   Dropped.Connect([this](const ui::DragData&) { DropNodes(host::TheDragSource().DraggedNodes()); });
   MenuItemChosen.Connect([this](std::size_t item) {
     if (item == kRemove) RemoveSelected();
@@ -124,7 +54,12 @@ XDDListView::XDDListView(ui::Container* parent, std::string name)
   DeletePressed.Connect([this] {
     if (!MenuItems().empty()) RemoveSelected();
   });
-  CheckBoxClicked.Connect([this](std::size_t row) { MoveChoice(row); });
+}
+
+/// A list can be made without a host, which is asked for its format by the first drag.
+bool XDDListView::OffersFormat(const ui::DragData& data) {
+  if (!format_) format_ = host::TheDragSource().RegisterFormat(host::kConfigEntityTreeFormat);
+  return std::find(data.formats.begin(), data.formats.end(), *format_) != data.formats.end();
 }
 
 void XDDListView::SetUsePopupMenu(bool use) {
@@ -132,29 +67,11 @@ void XDDListView::SetUsePopupMenu(bool use) {
                    : std::vector<std::string>{});
 }
 
-void XDDListView::AddColumns(std::vector<EntityColumn> columns) {
-  std::vector<ui::ListColumn> looks;
-  for (const EntityColumn& column : columns) looks.push_back(column.look);
-  ClearDisplay();
-  columns_ = std::make_shared<std::vector<EntityColumn>>(std::move(columns));
-  SetColumns(std::move(looks));
-}
-
-void XDDListView::Display() {
-  rows_ = std::make_shared<Rows>(Required(collection_), columns_);
-  SetRows(rows_);
-}
-
-void XDDListView::ClearDisplay() {
-  rows_.reset();
-  SetRows(nullptr);
-}
-
 bool XDDListView::HasExpectedType(const host::DraggedNode& first) const {
   constexpr std::size_t kLeastWord = 2;  // the colon stands at the third character or later
   const std::size_t colon = first.key.find(':');
   if (colon == std::string::npos || colon < kLeastWord) return false;
-  return LowerCase(first.key.substr(0, colon)) == WordOf(entityType_).inKey;
+  return AsciiLower(first.key.substr(0, colon)) == WordOf(entityType_).inKey;
 }
 
 std::shared_ptr<CEntity> XDDListView::MakeEntity(const host::DraggedNode& node) const {
@@ -167,15 +84,17 @@ void XDDListView::DropNodes(const std::vector<host::DraggedNode>& nodes) {
   if (nodes.empty()) return;
   const char* word = WordOf(entityType_).inMessage;
   if (!HasExpectedType(nodes.front())) {
-    Refuse(std::string("You have dropped the wrong element type. \r\nExpected element type: ") + word);
+    host::ShowMessage(std::string("You have dropped the wrong element type. \r\nExpected element type: ") +
+                      word);
     return;
   }
-  EntityCollection& collection = Required(collection_);
+  EntityCollection& collection = Required(TheCollection());
   bool changed = false;
   for (const host::DraggedNode& node : nodes) {
     const auto entity = MakeEntity(node);
     if (collection.Contains(entity->Key())) {
-      Refuse(std::string(word) + " " + PathText(*entity) + " is already in the list and will not be added.");
+      host::ShowMessage(std::string(word) + " " + PathText(*entity) +
+                        " is already in the list and will not be added.");
       continue;
     }
     if (!MayAdd(entity)) {
@@ -201,39 +120,41 @@ bool XDDListView::MayAdd(const std::shared_ptr<CEntity>& entity) const {
   if (maxRows_ == 0) return true;
   if (entityType_ == EntityType::VcsCell) return PassesVcsCellLimit(*entity);
   if (entityType_ == EntityType::RfcCell) return PassesRfcCellCheck(*entity);
-  if (collection_->Count() < maxRows_) return true;
-  Refuse("You have attempted to add more than " + std::to_string(maxRows_) +
-         " ECP.\r\nRF Call Trace studies must be initiated from a sinlge ECP.\r\n"
-         "The ECP has not been added to the list.");
+  if (TheCollection()->Count() < maxRows_) return true;
+  host::ShowMessage("You have attempted to add more than " + std::to_string(maxRows_) +
+                    " ECP.\r\nRF Call Trace studies must be initiated from a sinlge ECP.\r\n"
+                    "The ECP has not been added to the list.");
   return false;
 }
 
 bool XDDListView::PassesVcsCellLimit(const CEntity& cell) const {
   const auto ofSameEcp =
-      std::count_if(collection_->begin(), collection_->end(),
+      std::count_if(TheCollection()->begin(), TheCollection()->end(),
                     [&cell](const std::shared_ptr<CEntity>& other) { return other->SharesEcpWith(cell); });
   if (ofSameEcp < maxRows_) return true;
   const std::string limit = std::to_string(maxRows_);
-  Refuse("You have attempted to drop more than " + limit + " cells from ECP " + std::to_string(cell.EcpID()) +
-         "\r\nVCSA engineering guide lines recommend that no more than " + limit +
-         " cells \r\nfrom the same ECP be studied at the same time. The cells \r\n"
-         "have not been added to the list.");
+  host::ShowMessage("You have attempted to drop more than " + limit + " cells from ECP " +
+                    std::to_string(cell.EcpID()) +
+                    "\r\nVCSA engineering guide lines recommend that no more than " + limit +
+                    " cells \r\nfrom the same ECP be studied at the same time. The cells \r\n"
+                    "have not been added to the list.");
   return false;
 }
 
 /// Looks at the cells of the list together with the new one; as many as the limit are too many already.
 bool XDDListView::PassesRfcCellCheck(const CEntity& cell) const {
   const std::string limit = std::to_string(maxRows_);
-  if (collection_->Count() + 1 >= maxRows_) {
-    Refuse("You have attempted to drop more than " + limit + " cells for this study.\r\nNo more than " +
-           limit + " cells can be studied at the same time. \r\nThe cells have not been added to the list.");
+  if (TheCollection()->Count() + 1 >= maxRows_) {
+    host::ShowMessage(
+        "You have attempted to drop more than " + limit + " cells for this study.\r\nNo more than " + limit +
+        " cells can be studied at the same time. \r\nThe cells have not been added to the list.");
     return false;
   }
   const bool sameEcp =
-      std::all_of(collection_->begin(), collection_->end(),
+      std::all_of(TheCollection()->begin(), TheCollection()->end(),
                   [&cell](const std::shared_ptr<CEntity>& other) { return other->SharesEcpWith(cell); });
   if (!sameEcp) {
-    Refuse(
+    host::ShowMessage(
         "All cells for a RF Call Trace study must belong to the same ECP.\r\n"
         "The cells have not been added to the list.");
   }
@@ -242,36 +163,21 @@ bool XDDListView::PassesRfcCellCheck(const CEntity& cell) const {
 
 void XDDListView::RemoveSelected() {
   std::vector<std::shared_ptr<CEntity>> entities;
-  for (const std::size_t row : SelectedRows()) entities.push_back(rows_->At(row));
+  for (const std::size_t row : SelectedRows()) entities.push_back(Shown()[row]);
   Remove(entities);
 }
 
 void XDDListView::RemoveAll() {
-  if (rows_) Remove(std::vector(rows_->All()));
+  Remove(std::vector(Shown()));
 }
 
 void XDDListView::Remove(const std::vector<std::shared_ptr<CEntity>>& entities) {
   if (entities.empty()) return;
   for (const auto& entity : entities) {
-    collection_->Remove(entity->Key());
+    TheCollection()->Remove(entity->Key());
     EntityRemoved.Raise(entity);
   }
   Display();
-  CollectionChanged.Raise();
-}
-
-void XDDListView::MoveChoice(std::size_t row) {
-  auto* chosen = dynamic_cast<CAntenna*>(rows_->At(row).get());
-  if (!chosen) return;
-  const bool select = !chosen->Selected();
-  for (const auto& entity : rows_->All()) {
-    auto* antenna = dynamic_cast<CAntenna*>(entity.get());
-    if (antenna && OfSameCell(*antenna, *chosen)) antenna->SetSelected(false);
-  }
-  chosen->SetSelected(select);
-  const auto selection = SelectedRows();
-  SetRows(rows_);
-  SetSelectedRows(selection);
   CollectionChanged.Raise();
 }
 

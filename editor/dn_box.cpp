@@ -4,7 +4,7 @@
 
 #include "base/flag_guard.h"
 #include "base/utf16.h"
-#include "core/kiv_study_ctls.h"
+#include "editor/kiv_study_ctls.h"
 #include "host/constants.h"
 #include "host/services.h"
 
@@ -24,7 +24,7 @@ XDnBox::XDnBox(ui::Container* parent, std::string name)
     if (!rewriting_) Changed.Raise();
   });
   edit.FocusLost.Connect([this] { InitCtl(Text()); });
-  settingsChanged_ = host::TheSettings().appGeneralState_StateChange.Connect([this] { InitCtl(Text()); });
+  settingsChanged_ = host::TheEvents().appGeneralState_StateChange.Connect([this] { InitCtl(Text()); });
 }
 
 std::string XDnBox::Text() const {
@@ -57,6 +57,13 @@ std::string XDnBox::Problem() const {
   using namespace MKivStudyCtls;
   const bool onlyDigits = FindCharInSet(1, dn, "1234567890", CharSearch::NotInSet, Comparison::Exact) == 0;
   return onlyDigits ? std::string() : "Value for DN may contain only digits.";
+}
+
+CheckList XDnBox::Checks() {
+  CheckList checks;
+  checks.Add(
+      edit, [this] { return Problem().empty(); }, [this] { return Problem(); });
+  return checks;
 }
 
 bool XDnBox::IsValid(const std::string& title) {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "editor/check_list.h"
 #include "ui/masked_edit.h"
 
 namespace kiv {
@@ -25,6 +26,8 @@ class XDnBox : public ui::Container {
   bool IsValid(const std::string& title);
   /// What is wrong with the DN; empty when nothing is.
   std::string Problem() const;
+  /// The rule that there is none.
+  CheckList Checks();
 
   void Accept(ui::ControlVisitor&) override {}  // shown as its inner box
 

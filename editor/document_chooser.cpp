@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "core/keyed_collection.h"
-#include "core/kiv_study_ctls.h"
+#include "editor/kiv_study_ctls.h"
 #include "host/services.h"
 
 namespace kiv {
@@ -14,7 +14,7 @@ DocumentChooser::DocumentChooser(ui::Container* parent, std::string name)
 void DocumentChooser::SetDocumentType(std::shared_ptr<host::DocumentType> type) {
   type_ = std::move(type);
   List(kNoDocument);
-  following_ = host::TheDocuments().DocumentsChanged.Connect([this] { Refresh(); });
+  following_ = host::TheEvents().DocumentsChanged.Connect([this] { Refresh(); });
 }
 
 void DocumentChooser::Refresh() {

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "base/utf16.h"
-#include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
+#include "editor/kiv_study_ctls.h"
 #include "host/services.h"
 
 namespace kiv {
@@ -25,6 +25,11 @@ FileNameTexts DataFileNameTexts() {
           .noBlanks = "Data File Destination Filename cannot contain spaces.",
           .firstCharacter = "The first character of the filename must be AlphaNumeric. ",
           .lengthStart = "A filename must have at least 1 but no more than "};
+}
+
+std::string WithoutExtension(std::string name, std::string_view extension) {
+  if (name.ends_with(extension)) name.resize(name.size() - extension.size());
+  return name;
 }
 
 CheckList FileNameChecks(ui::TextBox& box, std::function<std::int32_t()> maxLength, FileNameTexts texts,

@@ -3,11 +3,18 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "editor/check_list.h"
 #include "ui/text_box.h"
 
 namespace kiv {
+
+/// Greatest length of a data file name without its extension; that of the usual pattern, expanded.
+inline constexpr std::int32_t kMaxDataFileName = 11;
+
+/// The name without this extension, if it ends in it.
+std::string WithoutExtension(std::string name, std::string_view extension);
 
 /// The wording of the file name rules where the boxes differ.
 struct FileNameTexts {

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 
+#include "base/drive_type.h"
 #include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
 #include "host/services.h"
@@ -12,11 +13,9 @@ namespace kiv {
 
 namespace {
 
-using namespace MKivStudyCtls;
-
 bool IsOnHardDiskOrNetwork(const std::string& path) {
   std::string description;
-  const std::int32_t type = GetDriveTypeName(path, description);
+  const std::int32_t type = MKivStudyCtls::GetDriveTypeName(path, description);
   return type == kDriveFixed || type == kDriveRemote;
 }
 

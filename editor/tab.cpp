@@ -1,10 +1,15 @@
 #include "editor/tab.h"
 
+#include <algorithm>
 #include <utility>
 
-#include "editor/data_file_destination.h"
+#include "editor/dn_box.h"
+#include "editor/document_chooser.h"
+#include "editor/entity_list_view.h"
+#include "editor/kiv_study_ctls.h"
 #include "host/constants.h"
 #include "host/services.h"
+#include "ui/buttons.h"
 #include "ui/text_box.h"
 
 namespace kiv {
@@ -19,9 +24,38 @@ bool Tab::HandleTabProcess(const std::string&) {
 }
 
 bool Tab::IsTabValid(const std::string&) {
-  const std::optional<Problem> problem = checks_.FirstProblem();
+  Required(study_);
+  return Validate();
+}
+
+bool Tab::Validate() {
+  const std::optional<Problem> problem = FirstProblem();
   if (problem) Refuse(*problem);
   return !problem;
+}
+
+std::optional<Problem> Tab::FirstProblem() const {
+  for (const PageField* field : checked_) {
+    if (auto problem = field->Rules().FirstProblem()) return problem;
+  }
+  return checks_.FirstProblem();
+}
+
+std::vector<Problem> Tab::Problems() const {
+  std::vector<Problem> problems;
+  if (!study_) return problems;
+  for (const PageField* field : checked_) field->Rules().AddProblems(problems);
+  checks_.AddProblems(problems);
+  AddProblems(problems);
+  return problems;
+}
+
+void Tab::CheckInOrder(std::initializer_list<const PageField*> fields) {
+  std::vector<const PageField*> order(fields);
+  for (const PageField* field : checked_) {
+    if (std::find(order.begin(), order.end(), field) == order.end()) order.push_back(field);
+  }
+  checked_ = std::move(order);
 }
 
 void Tab::Refuse(const Problem& problem) {
@@ -29,8 +63,14 @@ void Tab::Refuse(const Problem& problem) {
   Tell(problem);
 }
 
+void Tab::LoadState() {
+  const FlagGuard filling = HoldReports();
+  for (const auto& field : fields_) field->Prepare();
+  PrepareControls();
+}
+
 void Tab::LoadData(const Variant& study, const std::string&, std::shared_ptr<host::EditorContext> editor) {
-  const FlagGuard loading(loading_);
+  const FlagGuard filling = HoldReports();
   const auto* object = std::get_if<std::shared_ptr<Object>>(&study.Value());
   auto record = object ? std::dynamic_pointer_cast<CKivStudyData>(*object) : nullptr;
   if (!record) throw Error(ErrorNumber::TypeMismatch, "Type mismatch: the tab was given no study record.");
@@ -40,57 +80,106 @@ void Tab::LoadData(const Variant& study, const std::string&, std::shared_ptr<hos
   tabShow_ = {};
   if (editor_) {
     tabShow_ = editor_->notifications.cdtnNotify_TabShow.Connect([this](const std::string& tabName) {
-      const FlagGuard showing(loading_);
+      const FlagGuard showing = HoldReports();
       if (tabName == Name()) TabShown();
     });
   }
   if (study_->IsNew()) {
+    for (const auto& field : fields_) field->ShowNew();
+    ShowRememberedValues();
     ShowNewStudy();
   } else {
+    for (const auto& field : fields_) field->ShowStored();
     ShowStoredStudy();
   }
 }
 
-void Tab::ReportChangesOf(Signal<>& event) {
-  event.Connect([this] { ReportChange(); });
+void Tab::SaveData() {
+  Required(study_);
+  const FlagGuard saving = HoldReports();
+  for (const auto& field : fields_) field->Save();
+  SaveRest();
+}
+
+void Tab::ShowIdentifier() {
+  for (const auto& field : fields_) field->ShowIdentifier();
 }
 
 void Tab::ReportChange() {
-  if (!loading_ && editor_) editor_->DataChanged(Name());
-}
-
-void Tab::Remember(const char* valueName, std::function<std::string()> read,
-                   std::function<void(const std::string&)> show, WhenEmpty whenEmpty) {
-  remembered_.push_back({valueName, std::move(read), std::move(show), whenEmpty});
-}
-
-void Tab::Remember(const char* valueName, ui::TextBox& box, WhenEmpty whenEmpty) {
-  Remember(
-      valueName, [&box] { return box.Text(); }, [&box](const std::string& text) { box.SetText(text); },
-      whenEmpty);
-}
-
-void Tab::RememberDestination(XKivDataFileDestination& destination, const char* nameOfPattern,
-                              WhenEmpty whenEmpty) {
-  Remember(host::remembered::kDatafilePath, destination.txtPath);
-  Remember(
-      nameOfPattern, [&destination] { return destination.txtFilename.Text(); },
-      [&destination](const std::string& name) { destination.SetFilename(name); }, whenEmpty);
+  if (!filling_ && editor_) editor_->DataChanged(Name());
 }
 
 void Tab::ShowRememberedValues() {
   const host::Settings& settings = host::TheSettings();
-  for (const RememberedValue& value : remembered_) {
-    const auto text = settings.Remembered(host::kKivStateRoot, value.name);
-    if (text && (!text->empty() || value.whenEmpty == WhenEmpty::Show)) value.show(*text);
+  for (const auto& field : fields_) {
+    for (const RememberedValue& value : field->RememberedValues()) {
+      const auto text = settings.Remembered(host::kKivStateRoot, value.name);
+      if (text && (!text->empty() || value.whenEmpty == WhenEmpty::Show)) value.show(*text);
+    }
   }
 }
 
 void Tab::RememberValues() const {
   host::Settings& settings = host::TheSettings();
-  for (const RememberedValue& value : remembered_) {
-    settings.Remember(host::kKivStateRoot, value.name, value.read());
+  for (const auto& field : fields_) {
+    for (const RememberedValue& value : field->RememberedValues()) {
+      settings.Remember(host::kKivStateRoot, value.name, value.read());
+    }
   }
+}
+
+ValueField<std::string>& Tab::Bind(ui::TextBox& box, Place<std::string> text) {
+  Face<std::string> face = {[&box](std::string shown) { box.SetText(std::move(shown)); },
+                            [&box] { return box.Text(); }};
+  return Adopt(std::make_unique<ValueField<std::string>>(std::move(face), std::move(text)), box.Changed);
+}
+
+ValueField<std::string>& Tab::Bind(ui::TextBox& box, Place<std::int32_t> number) {
+  box.SetKeyFilter(MKivStudyCtls::NumericKeyFilter);
+  return Bind(box, AsText(std::move(number)));
+}
+
+ValueField<bool>& Tab::Bind(ui::CheckBox& box, Place<std::string> choice) {
+  Face<bool> face = {[&box](bool checked) { box.SetChecked(checked); }, [&box] { return box.Checked(); }};
+  return Adopt(std::make_unique<ValueField<bool>>(std::move(face), AsYes(std::move(choice))), box.Changed);
+}
+
+ValueField<std::string>& Tab::Bind(XDnBox& box, Place<std::string> dn) {
+  Face<std::string> face = {[&box](const std::string& shown) { box.SetText(shown); },
+                            [&box] { return box.Text(); }};
+  return Adopt(std::make_unique<ValueField<std::string>>(std::move(face), std::move(dn)), box.Changed)
+      .Checked(box.Checks());
+}
+
+CustomField& Tab::Bind(EntityListView& list, Place<std::shared_ptr<EntityCollection>> entities) {
+  const auto show = [&list, entities] {
+    list.SetTheCollection(entities.read());
+    list.Display();
+  };
+  auto field = std::make_unique<CustomField>(
+      CustomField::Actions{show, show, [&list, entities] { entities.write(list.TheCollection()); }});
+  return Adopt(std::move(field), list.CollectionChanged);
+}
+
+CustomField& Tab::BindScenario(DocumentChooser& list, ui::Button& makeNew) {
+  list.OfferNew(makeNew);
+  const auto showNone = [this, &list] { list.SetDocumentType(study_->ScenarioType()); };
+  auto field = std::make_unique<CustomField>(
+      CustomField::Actions{showNone,
+                           [this, &list, showNone] {
+                             showNone();
+                             list.SelectID(study_->ScenarioID());
+                           },
+                           [this, &list] { study_->SetScenarioID(list.SelectedID()); }});
+  return Adopt(std::move(field), list.Changed).Checked(list.Checks());
+}
+
+ui::LayoutItem Tab::ScenarioRow(DocumentChooser& list, ui::Button& makeNew) {
+  return ui::Form({ui::Field("S&cenario:", {ui::Single(list), ui::Single(makeNew)})});
+}
+
+CustomField& Tab::Bind(CustomField::Actions actions) {
+  return Adopt(std::make_unique<CustomField>(std::move(actions)));
 }
 
 }  // namespace kiv

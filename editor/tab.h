@@ -3,25 +3,36 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "base/error.h"
 #include "base/flag_guard.h"
+#include "core/entities.h"
 #include "core/study_data.h"
 #include "editor/check_list.h"
 #include "editor/dyna_tab_control.h"
+#include "editor/page_field.h"
 #include "ui/control.h"
 #include "ui/layout.h"
 
 namespace kiv {
 
 namespace ui {
+class Button;
+class CheckBox;
 class TextBox;
-}
-class XKivDataFileDestination;
+}  // namespace ui
+class DocumentChooser;
+class EntityListView;
+class XDnBox;
 
-/// What every tab of a study editor has in common: its study, its loading flag, change reports, its list of
-/// checks and the values that it remembers for the next new study.
+/// What every tab of a study editor has in common: its study, its fields with their rules and remembered
+/// values, its change reports.
+///
+/// A tab declares its fields with `Bind` in its constructor. Loading, saving, checking and remembering walk
+/// them in the order of declaration; what is special about a page it adds in the functions named below.
 class Tab : public ui::Container, public IDynaTabControl {
  public:
   ~Tab() override;
@@ -30,19 +41,20 @@ class Tab : public ui::Container, public IDynaTabControl {
   const std::string& Title() const { return title_; }
   /// How the page is arranged.
   virtual ui::LayoutItem Layout() = 0;
-  /// Every failing check, the first one of each control, told without a message box.
-  virtual std::vector<Problem> Problems() const { return checks_.Problems(); }
+  /// Every failing check, the first one of each control, told without a message box; none before LoadData.
+  std::vector<Problem> Problems() const;
   /// Writes the tab's values to the user's remembered ones; the host calls it after a study was stored.
   void RememberValues() const;
-
   /// Shows the identifier that a new study got; the host calls it after a study was stored.
-  virtual void ShowIdentifier() {}
+  void ShowIdentifier();
 
   bool HandleTabProcess(const std::string& processName) override;
-  bool IsTabValid(const std::string& hostText) override;
+  /// Raises error 91 before LoadData; so does SaveData.
+  bool IsTabValid(const std::string& hostText) final;
   void LoadData(const Variant& study, const std::string& hostText,
                 std::shared_ptr<host::EditorContext> editor) final;
-  void LoadState() override {}
+  void LoadState() final;
+  void SaveData() final;
   void SaveState() override {}
   void Accept(ui::ControlVisitor&) override {}  // a page is shown by its layout
 
@@ -52,54 +64,103 @@ class Tab : public ui::Container, public IDynaTabControl {
   /// The study of this editor; null before LoadData.
   const std::shared_ptr<CKivStudyData>& Study() const { return study_; }
 
+  /// A place in the study record, by the getter and the setter of a property.
+  template <class Got, class Taken>
+  auto At(Got (CKivStudyData::*get)() const, void (CKivStudyData::*set)(Taken)) const {
+    return PlaceIn(study_, get, set);
+  }
+
+  // The fields, each with its control. Every change of the control is reported to the editor.
+  ValueField<std::string>& Bind(ui::TextBox& box, Place<std::string> text);
+  /// The box takes digits only.
+  ValueField<std::string>& Bind(ui::TextBox& box, Place<std::int32_t> number);
+  ValueField<bool>& Bind(ui::CheckBox& box, Place<std::string> choice);
+  /// Checks the DN as well.
+  ValueField<std::string>& Bind(XDnBox& box, Place<std::string> dn);
+  /// The list works on the record's own collection, in a new study as in a stored one.
+  CustomField& Bind(EntityListView& list, Place<std::shared_ptr<EntityCollection>> entities);
+  /// The scenario of the study, which must be chosen, and the button that makes a new one.
+  CustomField& BindScenario(DocumentChooser& list, ui::Button& makeNew);
+  static ui::LayoutItem ScenarioRow(DocumentChooser& list, ui::Button& makeNew);
+  /// What is no single control; its changes are reported by the tab.
+  CustomField& Bind(CustomField::Actions actions);
+  template <class Kind>
+  Kind& Adopt(std::unique_ptr<Kind> field);
+  template <class Kind>
+  Kind& Adopt(std::unique_ptr<Kind> field, Signal<>& changed);
+
+  /// Checks these fields first, in this order; without it fields are checked as they are declared.
+  void CheckInOrder(std::initializer_list<const PageField*> fields);
+
+  // What a page adds to the walk over its fields.
   /// Takes the sub-record of the tab's kind from the study.
   virtual void TakeSubRecord(const CKivStudyData& study) = 0;
-  virtual void ShowNewStudy() = 0;
-  virtual void ShowStoredStudy() = 0;
+  /// Fills fixed lists; comes after the fields were prepared.
+  virtual void PrepareControls() {}
+  /// Come after the fields and the remembered values were shown.
+  virtual void ShowNewStudy() {}
+  virtual void ShowStoredStudy() {}
+  /// Comes after the fields were saved.
+  virtual void SaveRest() {}
   /// The user came to this tab; what another tab changed can be shown now.
   virtual void TabShown() {}
+  /// Tells the first problem; true when there is none.
+  virtual bool Validate();
+  /// Adds what is wrong beside the rules of the page.
+  virtual void AddProblems(std::vector<Problem>& /*problems*/) const {}
 
-  /// While it lives, nothing is reported as a change: the tab fills its controls.
-  FlagGuard HoldReports() { return FlagGuard(loading_); }
-  /// The host shows a wait cursor while it lives.
-  class Hourglass;
-
-  /// Reports a change whenever the event is raised, except while the tab fills its controls.
-  void ReportChangesOf(Signal<>& event);
-  void ReportChange();
-
+  std::optional<Problem> FirstProblem() const;
   /// Brings the tab forward and tells the problem.
   void Refuse(const Problem& problem);
 
-  /// A text that the user need not enter again for the next new study. One that was emptied may be shown as
-  /// such or leave the tab's default in place.
-  enum class WhenEmpty { Show, KeepDefault };
-  void Remember(const char* valueName, std::function<std::string()> read,
-                std::function<void(const std::string&)> show, WhenEmpty whenEmpty = WhenEmpty::Show);
-  void Remember(const char* valueName, ui::TextBox& box, WhenEmpty whenEmpty = WhenEmpty::Show);
-  /// Folder and name pattern of the data file. All kinds share the folder.
-  void RememberDestination(XKivDataFileDestination& destination, const char* nameOfPattern,
-                           WhenEmpty whenEmpty = WhenEmpty::Show);
-  /// Shows the remembered values that exist.
-  void ShowRememberedValues();
+  /// While it lives, nothing is reported as a change: the tab fills its controls.
+  FlagGuard HoldReports() { return FlagGuard(filling_); }
+  /// Whether a control changes because the tab fills it, not because the user touched it.
+  bool Filling() const { return filling_; }
+  /// The host shows a wait cursor while it lives.
+  class Hourglass;
 
+  /// Reports a change, except while the tab fills its controls.
+  void ReportChange();
+
+  /// Rules of the page as a whole, checked after those of its fields.
   CheckList checks_;
 
+  template <class Record, class Got, class Taken>
+  static auto PlaceIn(const std::shared_ptr<Record>& record, Got (Record::*get)() const,
+                      void (Record::*set)(Taken)) {
+    using Value = std::remove_cvref_t<Got>;
+    return Place<Value>{[&record, get] { return Value((Required(record).*get)()); },
+                        [&record, set](Value value) { (Required(record).*set)(std::move(value)); }};
+  }
+
  private:
-  struct RememberedValue {
-    const char* name;
-    std::function<std::string()> read;
-    std::function<void(const std::string&)> show;
-    WhenEmpty whenEmpty;
-  };
+  void ShowRememberedValues();
 
   std::string title_;
-  std::vector<RememberedValue> remembered_;
+  std::vector<std::unique_ptr<PageField>> fields_;
+  std::vector<const PageField*> checked_;  // the fields in the order of their checks
   std::shared_ptr<host::EditorContext> editor_;
   std::shared_ptr<CKivStudyData> study_;
   ScopedConnection tabShow_;
-  bool loading_ = false;
+  bool filling_ = false;
 };
+
+template <class Kind>
+Kind& Tab::Adopt(std::unique_ptr<Kind> field) {
+  Kind& adopted = *field;
+  fields_.push_back(std::move(field));
+  checked_.push_back(&adopted);
+  return adopted;
+}
+
+template <class Kind>
+Kind& Tab::Adopt(std::unique_ptr<Kind> field, Signal<>& changed) {
+  changed.Connect([this, declared = field.get()] {
+    if (declared->ReportsChanges()) ReportChange();
+  });
+  return Adopt(std::move(field));
+}
 
 class Tab::Hourglass {
  public:
@@ -125,10 +186,18 @@ class TabOf : public Tab {
   /// The study's sub-record; null before LoadData.
   const std::shared_ptr<Data>& SubRecord() const { return data_; }
 
+  using Tab::At;
+  /// A place in the sub-record.
+  template <class Got, class Taken>
+  auto At(Got (Data::*get)() const, void (Data::*set)(Taken)) const {
+    return PlaceIn(data_, get, set);
+  }
+
  private:
   void TakeSubRecord(const CKivStudyData& study) override {
-    data_ = study.SubRecordAs<Data>();
-    if (!data_) throw Error(ErrorNumber::ObjectNotSet, "The study is not of the kind that this tab edits.");
+    auto data = study.SubRecordAs<Data>();
+    if (!data) throw Error(ErrorNumber::ObjectNotSet, "The study is not of the kind that this tab edits.");
+    data_ = std::move(data);
   }
 
   std::shared_ptr<Data> data_;

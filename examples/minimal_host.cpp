@@ -95,10 +95,7 @@ int main() {
                          .settings = std::make_shared<NothingRemembered>(),
                          .session = std::make_shared<Operator>(),
                          .documents = std::make_shared<OneScenario>(),
-                         .fileNameRules = std::make_shared<AnyFileName>(),
-                         .folderChooser = nullptr,
-                         .beeper = nullptr,
-                         .dragSource = nullptr});
+                         .fileNameRules = std::make_shared<AnyFileName>()});
 
   const auto study = std::make_shared<CKivStudyData>();
   const StudyKind& kind = *FindStudyKind(kHomStudy);

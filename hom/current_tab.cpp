@@ -1,9 +1,10 @@
 #include "hom/current_tab.h"
 
-#include <string_view>
+#include <string>
 
-#include "core/kiv_study_ctls.h"
 #include "editor/file_name_checks.h"
+#include "editor/kiv_study_ctls.h"
+#include "hom/data_files.h"
 #include "host/constants.h"
 
 namespace kiv {
@@ -12,8 +13,6 @@ namespace {
 
 using namespace MKivStudyCtls;
 
-constexpr std::string_view kExtension = ".hom";
-constexpr std::int32_t kMaxNameLength = 11;
 constexpr const char* kForbiddenInDirectory = " *!~?+;\"'${}<>[]()^&|\\#";
 
 }  // namespace
@@ -29,73 +28,55 @@ XKivHomCurrent::XKivHomCurrent()
   chkCollectData.SetCaption("Also &collect data for the current standard");
   fraCurrentStudy.SetCaption("Data File on the OMP-FX");
   chkStartOnFail.SetCaption("Start on fail&ure");
-  lblExtension.SetCaption(std::string(kExtension));
+  lblExtension.SetCaption(std::string(kHomExtension));
 
-  CheckList directory;
-  directory.Add(
-      txtCurStdPath, [this] { return !txtCurStdPath.Text().empty(); },
-      "OMP-FX Directory is a required field.");
-  directory.Add(
-      txtCurStdPath, [this] { return !txtCurStdPath.Text().starts_with('-'); },
-      "OMP-FX Directory cannot begin with '-'.");
-  directory.Add(
-      txtCurStdPath,
-      [this] {
-        return FindCharInSet(1, txtCurStdPath.Text(), kForbiddenInDirectory, CharSearch::InSet,
-                             Comparison::Exact) == 0;
-      },
-      std::string("OMP-FX Directory cannot include any of the following characters: ") +
-          kForbiddenInDirectory + " <blank>");
   const auto collects = [this] { return chkCollectData.Checked(); };
-  checks_.Append(directory, collects);
-  checks_.Append(
-      FileNameChecks(txtCurStdDatafile, [] { return kMaxNameLength; },
-                     {.required = "OMP-FX Filename is a required field.",
-                      .noBlanks = "OMP-FX Filename cannot contain spaces.",
-                      .firstCharacter = "The first character of the OMP-FX Filename must be AlphaNumeric. ",
-                      .lengthStart = "OMP-FX Filename must have at least 1 but no more than "}),
-      collects);
-
-  Remember(host::remembered::kCurStdPath, txtCurStdPath);
-  Remember(host::remembered::kCurStdDatafile, txtCurStdDatafile);
-  Remember(
-      host::remembered::kStartOnFail, [this] { return CheckValueToYN(chkStartOnFail.Value()); },
-      [this](const std::string& text) { chkStartOnFail.SetChecked(YNToCheckValue(text) != 0); });
+  Bind(chkCollectData, At(&CKivHomData::CollectData, &CKivHomData::SetCollectData));
+  Bind(chkStartOnFail, At(&CKivHomData::StartOnFail, &CKivHomData::SetStartOnFail))
+      .Default(true)
+      .Remembered(host::remembered::kStartOnFail);
+  const PageField& name =
+      Bind(txtCurStdDatafile, ShownName())
+          .Remembered(host::remembered::kCurStdDatafile)
+          .Checked(FileNameChecks(
+                       txtCurStdDatafile, [] { return kMaxDataFileName; },
+                       {.required = "OMP-FX Filename is a required field.",
+                        .noBlanks = "OMP-FX Filename cannot contain spaces.",
+                        .firstCharacter = "The first character of the OMP-FX Filename must be AlphaNumeric. ",
+                        .lengthStart = "OMP-FX Filename must have at least 1 but no more than "}),
+                   collects);
+  const PageField& directory = Bind(txtCurStdPath, At(&CKivHomData::CurStdPath, &CKivHomData::SetCurStdPath))
+                                   .Remembered(host::remembered::kCurStdPath)
+                                   .Checked(DirectoryChecks(txtCurStdPath), collects);
+  CheckInOrder({&directory, &name});
 
   chkCollectData.Changed.Connect([this] { fraCurrentStudy.SetEnabled(chkCollectData.Checked()); });
   fraCurrentStudy.SetEnabled(false);
-  ReportChangesOf(chkCollectData.Changed);
-  ReportChangesOf(chkStartOnFail.Changed);
-  ReportChangesOf(txtCurStdPath.Changed);
-  ReportChangesOf(txtCurStdDatafile.Changed);
 }
 
-void XKivHomCurrent::ShowNewStudy() {
-  chkCollectData.SetChecked(false);
-  chkStartOnFail.SetChecked(true);
-  txtCurStdPath.SetText({});
-  txtCurStdDatafile.SetText({});
-  ShowRememberedValues();
+CheckList XKivHomCurrent::DirectoryChecks(ui::TextBox& box) {
+  CheckList checks;
+  checks.Add(
+      box, [&box] { return !box.Text().empty(); }, "OMP-FX Directory is a required field.");
+  checks.Add(
+      box, [&box] { return !box.Text().starts_with('-'); }, "OMP-FX Directory cannot begin with '-'.");
+  checks.Add(
+      box,
+      [&box] {
+        return FindCharInSet(1, box.Text(), kForbiddenInDirectory, CharSearch::InSet, Comparison::Exact) == 0;
+      },
+      std::string("OMP-FX Directory cannot include any of the following characters: ") +
+          kForbiddenInDirectory + " <blank>");
+  return checks;
 }
 
-void XKivHomCurrent::ShowStoredStudy() {
-  const CKivHomData& data = *SubRecord();
-  chkCollectData.SetChecked(YNToCheckValue(data.CollectData()) != 0);
-  chkStartOnFail.SetChecked(YNToCheckValue(data.StartOnFail()) != 0);
-  std::string name = data.CurStdDatafile();
-  if (name.ends_with(kExtension)) name.resize(name.size() - kExtension.size());
-  txtCurStdDatafile.SetText(std::move(name));
-  txtCurStdPath.SetText(data.CurStdPath());
-}
-
-void XKivHomCurrent::SaveData() {
-  CKivHomData& data = *SubRecord();
-  data.SetCollectData(CheckValueToYN(chkCollectData.Value()));
-  data.SetStartOnFail(CheckValueToYN(chkStartOnFail.Value()));
-  if (!txtCurStdDatafile.Text().empty()) {
-    data.SetCurStdDatafile(txtCurStdDatafile.Text() + std::string(kExtension));
-  }
-  data.SetCurStdPath(txtCurStdPath.Text());
+/// The name is shown without its extension. An emptied box leaves the record as it is.
+Place<std::string> XKivHomCurrent::ShownName() const {
+  const auto stored = At(&CKivHomData::CurStdDatafile, &CKivHomData::SetCurStdDatafile);
+  return {[stored] { return WithoutExtension(stored.read(), kHomExtension); },
+          [stored](const std::string& name) {
+            if (!name.empty()) stored.write(name + std::string(kHomExtension));
+          }};
 }
 
 ui::LayoutItem XKivHomCurrent::Layout() {

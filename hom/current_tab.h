@@ -9,14 +9,13 @@
 namespace kiv {
 
 /// Third tab of a HOM study: whether it also collects data for the current standard, and where on the OMP-FX
-/// that data file is written.
+/// that data file is written. The record is written when the study is saved.
 class XKivHomCurrent : public TabOf<CKivHomData> {
  public:
   static constexpr const char* kClassName = "XKivHomCurrent";
 
   XKivHomCurrent();
 
-  void SaveData() override;
   ui::LayoutItem Layout() override;
 
   ui::CheckBox chkCollectData;
@@ -27,8 +26,8 @@ class XKivHomCurrent : public TabOf<CKivHomData> {
   ui::Label lblExtension;
 
  private:
-  void ShowNewStudy() override;
-  void ShowStoredStudy() override;
+  static CheckList DirectoryChecks(ui::TextBox& box);
+  Place<std::string> ShownName() const;
 };
 
 }  // namespace kiv

@@ -4,7 +4,7 @@
 #include <array>
 #include <span>
 
-#include "core/kiv_study_ctls.h"
+#include "editor/kiv_study_ctls.h"
 
 namespace kiv {
 
@@ -89,11 +89,22 @@ XKivHomDetail::XKivHomDetail()
   cmdCDMA.SetCaption(kSelectAll);
   for (const BoxField& field : BoxField::All()) Box(field).SetCaption(field.caption);
 
+  Bind({.showNew = [this] { cboModeSelection.SetListIndex(kNormal); },
+        .showStored = [this] { ShowStoredMode(); },
+        .save =
+            [this] {
+              // A stored mode that the list does not know stays as it is until the user picks one.
+              const int mode = cboModeSelection.ListIndex();
+              if (mode != ui::kNoSelection) SubRecord()->SetHomMode(mode);
+            }});
+  for (const BoxField& field : BoxField::All()) {
+    auto& box = Bind(Box(field), At(field.get, field.set)).Default(field.group == BoxField::Group::Amps);
+    if (field.group != BoxField::Group::Amps) box.Unreported();  // one click may change many of them
+  }
   checks_.Add(
       chkAMPS, [this] { return HasHandoffType(); }, "You must select at least one Handoff Type.");
 
   cboModeSelection.Changed.Connect([this] { ChooseMode(); });
-  ReportChangesOf(chkAMPS.Changed);
   cmdTDMA.Clicked.Connect([this] {
     ClickButton(Tdma(), Cdma());
     ReportChange();
@@ -122,32 +133,17 @@ ui::CheckBox& XKivHomDetail::Box(const BoxField& field) {
   }
 }
 
-void XKivHomDetail::LoadState() {
-  const FlagGuard busy(busy_);
+void XKivHomDetail::PrepareControls() {
   cboModeSelection.SetItems({{"Normal", kNormal}, {"TDMA Heat", kTdmaHeat}, {"CDMA Heat", kCdmaHeat}});
   cboModeSelection.SetListIndex(kNormal);
 }
 
-void XKivHomDetail::ShowNewStudy() {
-  const FlagGuard busy(busy_);
-  cboModeSelection.SetListIndex(kNormal);
-  chkAMPS.SetChecked(true);
-  Tdma().Set(false);
-  Cdma().Set(false);
-  ShowUsableGroups();
-}
-
-void XKivHomDetail::ShowStoredStudy() {
-  const FlagGuard busy(busy_);
-  cboModeSelection.SetListIndex(
-      MKivStudyCtls::FindItemDataIndex(cboModeSelection.Items(), SubRecord()->HomMode()));
-  const bool known = cboModeSelection.ListIndex() != ui::kNoSelection;
-  cboModeSelection.SetHint(known ? std::string()
-                                 : "stored mode " + std::to_string(SubRecord()->HomMode()) + " is unknown");
-  for (const BoxField& field : BoxField::All()) {
-    Box(field).SetChecked(MKivStudyCtls::YNToCheckValue(((*SubRecord()).*field.get)()) != 0);
-  }
-  ShowUsableGroups();
+void XKivHomDetail::ShowStoredMode() {
+  const std::int32_t mode = SubRecord()->HomMode();
+  const int index = MKivStudyCtls::FindItemDataIndex(cboModeSelection.Items(), mode);
+  cboModeSelection.SetListIndex(index);
+  const bool known = index != ui::kNoSelection;
+  cboModeSelection.SetHint(known ? std::string() : "stored mode " + std::to_string(mode) + " is unknown");
 }
 
 /// Makes usable what the mode and the checked group leave usable; no box is checked or cleared by it.
@@ -164,23 +160,24 @@ void XKivHomDetail::ShowUsableGroups() {
 }
 
 void XKivHomDetail::ChooseMode() {
-  if (busy_) return;
-  const FlagGuard busy(busy_);
   const int mode = cboModeSelection.ListIndex();
-  if (mode == ui::kNoSelection) return;
-  chkAMPS.SetEnabled(mode == kNormal);
-  const Access access = mode == kNormal ? Access::Usable : Access::Locked;
-  Tdma().Set(mode == kTdmaHeat, access);
-  Cdma().Set(mode == kCdmaHeat, access);
-  if (mode == kNormal) {
-    cmdTDMA.SetCaption(kSelectAll);
-    cmdCDMA.SetCaption(kSelectAll);
+  if (Filling() || mode == ui::kNoSelection) return;
+  {
+    const FlagGuard filling = HoldReports();
+    chkAMPS.SetEnabled(mode == kNormal);
+    const Access access = mode == kNormal ? Access::Usable : Access::Locked;
+    Tdma().Set(mode == kTdmaHeat, access);
+    Cdma().Set(mode == kCdmaHeat, access);
+    if (mode == kNormal) {
+      cmdTDMA.SetCaption(kSelectAll);
+      cmdCDMA.SetCaption(kSelectAll);
+    }
   }
   ReportChange();
 }
 
 void XKivHomDetail::ClickButton(const BoxGroup& group, const BoxGroup& other) {
-  const FlagGuard busy(busy_);
+  const FlagGuard filling = HoldReports();
   const bool selectAll = group.button.Caption() == kSelectAll;
   group.button.SetCaption(selectAll ? kClearAll : kSelectAll);
   group.Set(selectAll);
@@ -189,9 +186,9 @@ void XKivHomDetail::ClickButton(const BoxGroup& group, const BoxGroup& other) {
 }
 
 void XKivHomDetail::ClickBox(const BoxGroup& group, const BoxGroup& other) {
-  if (busy_) return;
-  const FlagGuard busy(busy_);
+  if (Filling()) return;
   if (other.IsUsable()) {
+    const FlagGuard filling = HoldReports();
     other.Set(false, Access::Locked);
   } else if (group.AllChecked()) {
     group.button.SetCaption(kSelectAll);
@@ -208,14 +205,6 @@ bool XKivHomDetail::HasHandoffType() const {
   const auto counts = [](const ui::CheckBox& box) { return box.Enabled() && box.Checked(); };
   return chkAMPS.Checked() || std::any_of(chkTDMA.begin(), chkTDMA.end(), counts) ||
          std::any_of(chkCDMA.begin(), chkCDMA.end(), counts);
-}
-
-void XKivHomDetail::SaveData() {
-  // A stored mode that the list does not know stays as it is until the user picks one.
-  if (cboModeSelection.ListIndex() != ui::kNoSelection) SubRecord()->SetHomMode(cboModeSelection.ListIndex());
-  for (const BoxField& field : BoxField::All()) {
-    ((*SubRecord()).*field.set)(MKivStudyCtls::CheckValueToYN(Box(field).Value()));
-  }
 }
 
 ui::LayoutItem XKivHomDetail::Layout() {

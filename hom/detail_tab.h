@@ -12,7 +12,8 @@
 namespace kiv {
 
 /// Second tab of a HOM study: its mode and the handoff types that it records. TDMA and CDMA types are never
-/// chosen together: choosing in one group empties and locks the other.
+/// chosen together: choosing in one group empties and locks the other. The record is written when the study
+/// is saved.
 class XKivHomDetail : public TabOf<CKivHomData> {
  public:
   static constexpr const char* kClassName = "XKivHomDetail";
@@ -22,8 +23,6 @@ class XKivHomDetail : public TabOf<CKivHomData> {
 
   XKivHomDetail();
 
-  void LoadState() override;
-  void SaveData() override;
   ui::LayoutItem Layout() override;
 
   ui::ComboBox cboModeSelection;
@@ -39,8 +38,10 @@ class XKivHomDetail : public TabOf<CKivHomData> {
   struct BoxField;
   struct BoxGroup;
 
-  void ShowNewStudy() override;
-  void ShowStoredStudy() override;
+  void PrepareControls() override;
+  void ShowNewStudy() override { ShowUsableGroups(); }
+  void ShowStoredStudy() override { ShowUsableGroups(); }
+  void ShowStoredMode();
   void ShowUsableGroups();
 
   BoxGroup Tdma();
@@ -51,8 +52,6 @@ class XKivHomDetail : public TabOf<CKivHomData> {
   void ClickButton(const BoxGroup& group, const BoxGroup& other);
   void ClickBox(const BoxGroup& group, const BoxGroup& other);
   bool HasHandoffType() const;
-
-  bool busy_ = false;  // set while a handler changes the boxes itself
 };
 
 }  // namespace kiv

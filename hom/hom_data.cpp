@@ -1,5 +1,6 @@
 #include "hom/hom_data.h"
 
+#include <array>
 #include <utility>
 
 #include "core/conversions.h"
@@ -43,25 +44,13 @@ void CKivHomData::Initialize(std::int32_t id, std::string path, std::string data
                              std::string toCdmaAmps, std::string semiSoftPrimary, std::string softPrimary,
                              std::string softAdd, std::string softDrop, std::string collectData,
                              std::string startOnFail, std::string curStdDatafile, const Variant& curStdPath) {
-  id_ = id;
-  path_ = std::move(path);
-  dataFile_ = std::move(dataFile);
-  homMode_ = homMode;
-  toAmps_ = std::move(toAmps);
-  fromAmps_ = std::move(fromAmps);
-  toTdmaAmps_ = std::move(toTdmaAmps);
-  toTdma_ = std::move(toTdma);
-  semiSoft_ = std::move(semiSoft);
-  hard_ = std::move(hard);
-  toCdmaAmps_ = std::move(toCdmaAmps);
-  semiSoftPrimary_ = std::move(semiSoftPrimary);
-  softPrimary_ = std::move(softPrimary);
-  softAdd_ = std::move(softAdd);
-  softDrop_ = std::move(softDrop);
-  collectData_ = std::move(collectData);
-  startOnFail_ = std::move(startOnFail);
-  curStdDatafile_ = std::move(curStdDatafile);
-  curStdPath_ = ToText(curStdPath);
+  SetFields(*this, Fields(),
+            std::array<Variant, 19>{id, std::move(path), std::move(dataFile), homMode, std::move(toAmps),
+                                    std::move(fromAmps), std::move(toTdmaAmps), std::move(toTdma),
+                                    std::move(semiSoft), std::move(hard), std::move(toCdmaAmps),
+                                    std::move(semiSoftPrimary), std::move(softPrimary), std::move(softAdd),
+                                    std::move(softDrop), std::move(collectData), std::move(startOnFail),
+                                    std::move(curStdDatafile), curStdPath});
 }
 
 std::string_view CKivHomData::KindName() const {

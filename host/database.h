@@ -12,6 +12,9 @@
 
 namespace kiv::host {
 
+/// How long a query of the library may take.
+inline constexpr int kQueryTimeoutSeconds = 60;
+
 /// A failed statement or connection, told in the driver's own words.
 class DatabaseError : public Error {
  public:

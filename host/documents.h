@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "base/signal.h"
 #include "base/variant.h"
 
 namespace kiv::host {
@@ -19,7 +18,8 @@ struct Document {
   std::string name;
 };
 
-/// The host's documents, of which a study's scenario is one.
+/// The host's documents, of which a study's scenario is one. A host that makes, renames or removes one raises
+/// the event DocumentsChanged.
 class DocumentLibrary {
  public:
   virtual ~DocumentLibrary() = default;
@@ -31,9 +31,6 @@ class DocumentLibrary {
   virtual std::optional<Document> AskForNewDocument(const DocumentType& type) = 0;
   /// What a chooser says when no document is selected although one is needed.
   virtual std::string MissingDocumentText(const DocumentType& type) const = 0;
-
-  /// Raised after documents were made, renamed or removed.
-  Signal<> DocumentsChanged;
 };
 
 }  // namespace kiv::host

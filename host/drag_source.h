@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,8 @@ class DragSource {
   virtual std::vector<DraggedNode> DraggedNodes() const = 0;
   /// The number of a named drag format: the same name always gives the same number.
   virtual std::uint16_t RegisterFormat(const std::string& name) = 0;
+  /// The number of a named format that was registered; nothing for any other, which stays unknown.
+  virtual std::optional<std::uint16_t> FindFormat(const std::string& name) const = 0;
 };
 
 }  // namespace kiv::host

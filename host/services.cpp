@@ -1,16 +1,10 @@
 #include "host/services.h"
 
 #include <string>
-#include <utility>
 
 namespace kiv::host {
 
 namespace {
-
-Services& Slot() {
-  static Services services;
-  return services;
-}
 
 template <class Service>
 Service& Required(const std::shared_ptr<Service>& service, const char* name) {
@@ -20,40 +14,37 @@ Service& Required(const std::shared_ptr<Service>& service, const char* name) {
 
 }  // namespace
 
-void InstallServices(Services services) {
-  Slot() = std::move(services);
-}
-
-const Services& InstalledServices() {
-  return Slot();
+void ShowMessage(const std::string& text, MessageStyle style) {
+  MessageBoxes& messages = TheMessageBoxes();
+  messages.Show(text, style, messages.ApplicationTitle());
 }
 
 ErrorReporter& TheErrorReporter() {
-  return Required(Slot().errorReporter, "error reporter");
+  return Required(CurrentServices().errorReporter, "error reporter");
 }
 MessageBoxes& TheMessageBoxes() {
-  return Required(Slot().messageBoxes, "message box");
+  return Required(CurrentServices().messageBoxes, "message box");
 }
 Settings& TheSettings() {
-  return Required(Slot().settings, "settings");
+  return Required(CurrentServices().settings, "settings");
 }
 Session& TheSession() {
-  return Required(Slot().session, "session");
+  return Required(CurrentServices().session, "session");
 }
 DocumentLibrary& TheDocuments() {
-  return Required(Slot().documents, "document library");
+  return Required(CurrentServices().documents, "document library");
 }
 FileNameRules& TheFileNameRules() {
-  return Required(Slot().fileNameRules, "file name rules");
+  return Required(CurrentServices().fileNameRules, "file name rules");
 }
 FolderChooser& TheFolderChooser() {
-  return Required(Slot().folderChooser, "folder chooser");
+  return Required(CurrentServices().folderChooser, "folder chooser");
 }
 Beeper& TheBeeper() {
-  return Required(Slot().beeper, "beeper");
+  return Required(CurrentServices().beeper, "beeper");
 }
 DragSource& TheDragSource() {
-  return Required(Slot().dragSource, "drag source");
+  return Required(CurrentServices().dragSource, "drag source");
 }
 
 }  // namespace kiv::host

@@ -3,11 +3,10 @@
 #include <optional>
 #include <string>
 
-#include "base/signal.h"
-
 namespace kiv::host {
 
-/// The user's remembered values and the host's general settings.
+/// The user's remembered values and the host's general settings. A host that changes one of the latter raises
+/// the event appGeneralState_StateChange.
 class Settings {
  public:
   virtual ~Settings() = default;
@@ -18,9 +17,6 @@ class Settings {
 
   /// A general setting such as kPhoneNumberMask; empty when it was never set.
   virtual std::string General(const std::string& name) const = 0;
-
-  /// Raised after a general setting changed.
-  Signal<> appGeneralState_StateChange;
 };
 
 }  // namespace kiv::host

@@ -81,6 +81,7 @@ bool RenderedAsTrue(const Variant& field) {
   if (const auto* text = std::get_if<std::string>(&field.Value())) return *text == "Y";
   if (const auto* flag = std::get_if<bool>(&field.Value())) return *flag;
   if (const auto* number = std::get_if<std::int64_t>(&field.Value())) return *number != 0;
+  if (const auto* number = std::get_if<double>(&field.Value())) return *number != 0;
   return false;
 }
 

@@ -4,10 +4,11 @@
 #include <array>
 #include <string_view>
 
-#include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
+#include "editor/kiv_study_ctls.h"
 #include "editor/number_checks.h"
 #include "host/services.h"
+#include "plm/limits.h"
 #include "plm/mode_names.h"
 
 namespace kiv {
@@ -18,8 +19,6 @@ using namespace MKivStudyCtls;
 
 constexpr std::int32_t kFirstMode = 7;
 constexpr std::ptrdiff_t kMostModes = 2;
-constexpr std::int32_t kMinCarrier = 1;
-constexpr std::int32_t kMaxCarrier = 18;
 
 /// An entry of a list and the number that is stored for it.
 struct ValueText {
@@ -131,7 +130,7 @@ XKivPlmCdma::XKivPlmCdma()
   for (const ValueText& type : kGenerationTypes) types.push_back({std::string(type.text), type.value});
   cboGenerationType.SetItems(std::move(types));
 
-  const CheckList carrier = NumberChecks(txtCarrier, {"Carrier", kMinCarrier, kMaxCarrier, {}});
+  const CheckList carrier = NumberChecks(txtCarrier, {"Carrier", kCarriers.low, kCarriers.high, {}});
   checks_.Append(carrier, [this] { return CurrentIsChecked(); });
   checks_.Add(
       cboServiceOption,
@@ -145,28 +144,29 @@ XKivPlmCdma::XKivPlmCdma()
     return CurrentIsChecked() && !txtCarrier.Text().empty() && !IsNumeric(txtCarrier.Text());
   });
 
-  txtCarrier.Changed.Connect([this] { TakeEdit(); });
-  cboServiceOption.Changed.Connect([this] { TakeEdit(); });
-  cboGenerationType.Changed.Connect([this] { TakeEdit(); });
+  UseSettings(
+      {SettingOf(txtCarrier.Changed, &CKivPlmMode::Carrier, &CKivPlmMode::SetCarrier),
+       SettingOf(cboServiceOption.Changed, &CKivPlmMode::ServiceOption, &CKivPlmMode::SetServiceOption),
+       SettingOf(cboGenerationType.Changed, &CKivPlmMode::GenerationType, &CKivPlmMode::SetGenerationType)});
 }
 
 const XKivPlmCdma::Mode& XKivPlmCdma::CurrentKind() const {
   return Mode::All()[Current()];
 }
 
-void XKivPlmCdma::ShowDetails(const std::shared_ptr<CKivPlmMode>& mode) {
+void XKivPlmCdma::ShowDetails(const CKivPlmMode& mode) {
   const Mode& kind = CurrentKind();
   lblDescription.SetCaption(CurrentMode() + std::string(kind.description));
-  txtCarrier.SetText(mode->Carrier() == kUnsetNumber ? std::string() : std::to_string(mode->Carrier()));
+  txtCarrier.SetText(mode.Carrier() == kUnsetNumber ? std::string() : std::to_string(mode.Carrier()));
 
   ui::ItemList options;
   for (const std::int32_t value : kind.serviceOptions) {
     options.push_back({TextOf(kServiceOptions, value), value});
   }
-  const int option = FindItemDataIndex(options, mode->ServiceOption());
+  const int option = FindItemDataIndex(options, mode.ServiceOption());
   cboServiceOption.SetItems(std::move(options), option);
   cboGenerationType.SetListIndex(kind.hasGenerationType
-                                     ? FindItemDataIndex(cboGenerationType.Items(), mode->GenerationType())
+                                     ? FindItemDataIndex(cboGenerationType.Items(), mode.GenerationType())
                                      : ui::kNoSelection);
   for (ui::Control* control :
        {static_cast<ui::Control*>(&Label1[0]), static_cast<ui::Control*>(&cboServiceOption)}) {
@@ -194,9 +194,8 @@ bool XKivPlmCdma::MayCheckMore() {
 
 std::string XKivPlmCdma::RecordProblem(const CKivPlmMode& mode, Records) const {
   const std::int32_t carrier = mode.Carrier();
-  if (carrier != kUnsetNumber && (carrier < kMinCarrier || carrier > kMaxCarrier)) {
-    return mode.Key() + " carrier must be between " + std::to_string(kMinCarrier) + " and " +
-           std::to_string(kMaxCarrier) + " inclusive.";
+  if (carrier != kUnsetNumber && !kCarriers.Hold(carrier)) {
+    return RangeText({mode.Key() + " carrier", kCarriers.low, kCarriers.high, {}}) + ".";
   }
   if (!Mode::All()[static_cast<std::size_t>(mode.PlmMode() - kFirstMode)].serviceOptions.empty() &&
       mode.ServiceOption() == kUnsetNumber) {
@@ -218,11 +217,12 @@ std::string XKivPlmCdma::Summary(const CKivPlmMode& mode, std::size_t index) con
 ui::LayoutItem XKivPlmCdma::Layout() {
   using namespace ui;
   return Column({Row({ListLayout(),
-                      Group(fraModeDetail, {Single(lblDescription), Single(lblHint),
-                                            Form({Field("C&arrier:", {Single(txtCarrier), Text("1 to 18")}),
-                                                  Field(Label1[0], {Single(cboServiceOption)}),
-                                                  Field(Label1[1], {Single(cboGenerationType)})}),
-                                            Stretch()})}),
+                      Group(fraModeDetail,
+                            {Single(lblDescription), Single(lblHint),
+                             Form({Field("C&arrier:", {Single(txtCarrier), Text(kCarriers.Words(" to "))}),
+                                   Field(Label1[0], {Single(cboServiceOption)}),
+                                   Field(Label1[1], {Single(cboGenerationType)})}),
+                             Stretch()})}),
                  Stretch()});
 }
 

@@ -32,7 +32,7 @@ class XKivPlmCdma : public ModeTab {
  private:
   struct Mode;
 
-  void ShowDetails(const std::shared_ptr<CKivPlmMode>& mode) override;
+  void ShowDetails(const CKivPlmMode& mode) override;
   void StoreDetails(CKivPlmMode& mode) const override;
   bool MayCheckMore() override;
   const CheckList& RulesBeforeChecking() const override { return storable_; }

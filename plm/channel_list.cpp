@@ -5,14 +5,14 @@
 #include <utility>
 
 #include "core/numeric_text.h"
+#include "editor/number_checks.h"
+#include "plm/limits.h"
 
 namespace kiv {
 
 namespace {
 
 constexpr std::string_view kSeparators = "\n\r\t ,;";
-constexpr std::int32_t kMinChannel = 1;
-constexpr std::int32_t kMaxChannel = 1999;
 constexpr const char* kNoChannel = "You must enter at least one channel.";
 
 std::vector<std::string_view> Split(std::string_view text) {
@@ -89,9 +89,8 @@ std::string XChannelList::FirstProblem() const {
     const std::string subject = "Channel " + std::string(entry);
     const auto channel = ParseNumber(entry);
     if (!channel) return subject + " is not a valid channel number. Please fix it.";
-    if (*channel < kMinChannel || *channel > kMaxChannel) {
-      return subject + " must be between " + std::to_string(kMinChannel) + " and " +
-             std::to_string(kMaxChannel) + " inclusive.";
+    if (!kChannelNumbers.Hold(*channel)) {
+      return RangeText({subject, kChannelNumbers.low, kChannelNumbers.high, {}}) + ".";
     }
     if (!channels.insert(*channel).second) {
       return "Channel " + std::to_string(*channel) + " is a duplicate.";

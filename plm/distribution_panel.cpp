@@ -2,9 +2,10 @@
 
 #include <array>
 
-#include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
+#include "editor/kiv_study_ctls.h"
 #include "host/services.h"
+#include "plm/limits.h"
 #include "plm/mode_names.h"
 
 namespace kiv {
@@ -12,10 +13,6 @@ namespace kiv {
 namespace {
 
 using namespace MKivStudyCtls;
-
-constexpr std::int64_t kMostChannels = 10;
-constexpr std::int64_t kMinChannel = 1;
-constexpr std::int64_t kMaxChannel = 1999;
 
 constexpr std::string_view kExpand = "Expand";
 constexpr std::string_view kRestrict = "Restrict";
@@ -26,8 +23,8 @@ constexpr std::array<WordChoice, 3> kSortings = {
     {{"Member Number", "Member"}, {"Channel Number", "Channel"}, {"Radio Number", "Radio"}}};
 constexpr std::array<WordChoice, 2> kListEnds = {{{"From the Beginning", "Begin"}, {"From the End", "End"}}};
 
-bool IsBetween(const std::optional<std::int64_t>& number, std::int64_t low, std::int64_t high) {
-  return number.value_or(0) >= low && number.value_or(0) <= high;
+bool Holds(const NumberLimits& limits, const std::optional<std::int64_t>& number) {
+  return limits.Hold(number.value_or(0));
 }
 
 }  // namespace
@@ -74,40 +71,45 @@ struct DistributionPanel::NumberField {
 struct DistributionPanel::Rule {
   ui::TextBox DistributionPanel::*box;
   bool (*passes)(const Numbers&);
-  std::string_view message;
+  std::string message;
 
   static std::span<const Rule> All() {
     using Panel = DistributionPanel;
-    static constexpr std::array<Rule, 14> rules = {{
-        {&Panel::txtAmps, [](const Numbers& n) { return IsBetween(n.amps, 0, kMostChannels); },
-         "  'AMPS Channels' must be between 0 and 10 inclusive."},
-        {&Panel::txtTdma, [](const Numbers& n) { return IsBetween(n.tdma, 0, kMostChannels); },
-         "  'TDMA Channels' must be between 0 and 10 inclusive."},
-        {&Panel::txtTotal, [](const Numbers& n) { return IsBetween(n.total, 0, kMostChannels); },
-         "  'Total to Select' must be between 0 and 10 inclusive."},
+    static const std::string most = std::to_string(kSelectedChannels.high);
+    static const std::string countRange =
+        " must be between " + kSelectedChannels.Words(" and ") + " inclusive.";
+    static const std::string numberRange =
+        " channels cannot be less than " + kChannelNumbers.Words(" or greater than ") + " inclusive.";
+    static const Rule rules[] = {
+        {&Panel::txtAmps, [](const Numbers& n) { return Holds(kSelectedChannels, n.amps); },
+         "  'AMPS Channels'" + countRange},
+        {&Panel::txtTdma, [](const Numbers& n) { return Holds(kSelectedChannels, n.tdma); },
+         "  'TDMA Channels'" + countRange},
+        {&Panel::txtTotal, [](const Numbers& n) { return Holds(kSelectedChannels, n.total); },
+         "  'Total to Select'" + countRange},
         {&Panel::txtAmps, [](const Numbers& n) { return n.amps.has_value(); },
          "  'AMPS Channels' must be numeric."},
         {&Panel::txtTdma, [](const Numbers& n) { return n.tdma.has_value(); },
          "  'TDAMA Channels' must be numeric."},
         {&Panel::txtTotal, [](const Numbers& n) { return n.total.has_value(); },
          "  'Total to Select' must be numeric."},
-        {&Panel::txtTotal, [](const Numbers& n) { return n.total.value_or(0) <= kMostChannels; },
-         "  'Total Channels to Select' cannot be greater than 10."},
+        {&Panel::txtTotal, [](const Numbers& n) { return n.total.value_or(0) <= kSelectedChannels.high; },
+         "  'Total Channels to Select' cannot be greater than " + most + "."},
         {&Panel::txtFrom, [](const Numbers& n) { return n.from.has_value(); },
          "  'From' channels must be numeric."},
         {&Panel::txtTo, [](const Numbers& n) { return n.to.has_value(); },
          "  'To' channels must be numeric."},
-        {&Panel::txtFrom, [](const Numbers& n) { return IsBetween(n.from, kMinChannel, kMaxChannel); },
-         "  'From' channels cannot be less than 1 or greater than 1999 inclusive."},
+        {&Panel::txtFrom, [](const Numbers& n) { return Holds(kChannelNumbers, n.from); },
+         "  'From'" + numberRange},
         {&Panel::txtFrom, [](const Numbers& n) { return !n.RunBackwards(); },
          "  'From' channels cannot be greater than 'To' channels."},
-        {&Panel::txtTo, [](const Numbers& n) { return IsBetween(n.to, kMinChannel, kMaxChannel); },
-         "  'To' channels cannot be less than 1 or greater than 1999 inclusive."},
+        {&Panel::txtTo, [](const Numbers& n) { return Holds(kChannelNumbers, n.to); },
+         "  'To'" + numberRange},
         {&Panel::txtAmps, [](const Numbers& n) { return !n.ExceedTotal(); },
          "  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'."},
         {&Panel::txtAmps, [](const Numbers& n) { return n.amps.value_or(0) != 0 || n.tdma.value_or(0) != 0; },
          "  'AMPS and TDMA Channels' cannot both be zero."},
-    }};
+    };
     return rules;
   }
 };
@@ -134,15 +136,15 @@ DistributionPanel::DistributionPanel(Container* parent, std::int32_t number,
   cmdDefaults.SetCaption("Restore Defa&ults");
   AddRules();
 
-  const auto report = [this] { Changed.Raise(); };
+  using Mode = CKivPlmMode;
   for (const NumberField& field : NumberField::All()) {
     (this->*field.box).SetKeyFilter(NumericKeyFilter);
-    (this->*field.box).Changed.Connect(report);
+    AddSetting(SettingOf((this->*field.box).Changed, field.get, field.set));
   }
-  optAuto.Changed.Connect(report);
-  cboSort1.Changed.Connect(report);
-  cboSort2.Changed.Connect(report);
-  chkAce.Changed.Connect(report);
+  AddSetting(SettingOf(optAuto.Changed, &Mode::DistributionMethod, &Mode::SetDistributionMethod));
+  AddSetting(SettingOf(cboSort1.Changed, &Mode::SortBy, &Mode::SetSortBy));
+  AddSetting(SettingOf(cboSort2.Changed, &Mode::SelectFromList, &Mode::SetSelectFromList));
+  AddSetting(SettingOf(chkAce.Changed, &Mode::ExcludeAce, &Mode::SetExcludeAce));
   cmdDefaults.Clicked.Connect([this] {
     CKivPlmMode defaults;
     DefaultsToData(defaults);
@@ -155,7 +157,7 @@ void DistributionPanel::AddRules() {
   for (const Rule& rule : Rule::All()) {
     rules.Add(
         this->*rule.box, [this, &rule] { return rule.passes(ShownNumbers()); },
-        ModeName(Number()) + std::string(rule.message));
+        ModeName(Number()) + rule.message);
   }
   checks_.Append(rules, [this] { return Uses(selection::kAutomatic); });
 }
@@ -178,14 +180,11 @@ void DistributionPanel::InitControls() {
 void DistributionPanel::CheckDefaults() const {
   Numbers numbers;
   for (const NumberField& field : NumberField::All()) numbers.*field.number = defaults_.*field.standard;
-  const std::string_view message = numbers.ExceedTotal()                       ? wording_.tooMany
-                                   : numbers.RunBackwards()                    ? wording_.fromBehindTo
-                                   : numbers.total.value_or(0) > kMostChannels ? wording_.totalTooLarge
-                                                                               : std::string_view();
-  if (message.empty()) return;
-  host::MessageBoxes& messages = host::TheMessageBoxes();
-  messages.Show(ModeName(Number()) + std::string(message), host::MessageStyle::Critical,
-                messages.ApplicationTitle());
+  const std::string message = numbers.ExceedTotal()                                ? wording_.tooMany
+                              : numbers.RunBackwards()                             ? wording_.fromBehindTo
+                              : numbers.total.value_or(0) > kSelectedChannels.high ? wording_.totalTooLarge
+                                                                                   : std::string();
+  if (!message.empty()) host::ShowMessage(ModeName(Number()) + message);
 }
 
 void DistributionPanel::DefaultsToData(CKivPlmMode& mode) const {
@@ -241,7 +240,7 @@ std::optional<Problem> DistributionPanel::StoredProblem(const CKivPlmMode& mode)
   }
   for (const Rule& rule : Rule::All()) {
     if (!rule.passes(numbers)) {
-      return Problem{&(this->*rule.box), ModeName(Number()) + std::string(rule.message)};
+      return Problem{&(this->*rule.box), ModeName(Number()) + rule.message};
     }
   }
   return std::nullopt;
@@ -255,12 +254,13 @@ std::string DistributionPanel::Summary(const CKivPlmMode& mode) const {
 
 ui::LayoutItem DistributionPanel::Layout() {
   using namespace ui;
+  const auto count = [] { return Text(kSelectedChannels.Words(" to ")); };
   return Column(
       {MethodLayout(),
        Row({Group(fraAutomatic,
-                  {Form({Field("&AMPS Channels:", {Single(txtAmps), Text("0 to 10")}),
-                         Field("T&DMA Channels:", {Single(txtTdma), Text("0 to 10")}),
-                         Field("Total to Se&lect:", {Single(txtTotal), Text("0 to 10")}),
+                  {Form({Field("&AMPS Channels:", {Single(txtAmps), count()}),
+                         Field("T&DMA Channels:", {Single(txtTdma), count()}),
+                         Field("Total to Se&lect:", {Single(txtTotal), count()}),
                          Field("", {Single(optAuto[kExpandOption]), Single(optAuto[kRestrictOption])}),
                          Field("Sort &by:", {Single(cboSort1), Stretch()}),
                          Field("Sel&ect:", {Single(cboSort2), Stretch()}),

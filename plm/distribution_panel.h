@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 
+#include "plm/limits.h"
 #include "plm/method_panel.h"
 #include "ui/buttons.h"
 #include "ui/option_button.h"
@@ -16,9 +16,9 @@ namespace kiv {
 struct DistributionDefaults {
   std::int32_t amps = 5;
   std::int32_t tdma = 5;
-  std::int32_t total = 10;
-  std::int32_t from = 1;
-  std::int32_t to = 1999;
+  std::int32_t total = kSelectedChannels.high;
+  std::int32_t from = kChannelNumbers.low;
+  std::int32_t to = kChannelNumbers.high;
   std::string distributionMethod = "Expand";
   std::string sortBy = "Member";
   std::string selectFromList = "Begin";
@@ -27,9 +27,9 @@ struct DistributionDefaults {
 
 /// What the panels of this kind call unsound defaults, each in its own way.
 struct DefaultsWording {
-  std::string_view tooMany;
-  std::string_view fromBehindTo;
-  std::string_view totalTooLarge;
+  std::string tooMany;
+  std::string fromBehindTo;
+  std::string totalTooLarge;
 };
 
 /// Panel of a mode that selects its channels automatically, by a distribution over AMPS and TDMA, or

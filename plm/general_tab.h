@@ -2,7 +2,7 @@
 
 #include "editor/data_file_destination.h"
 #include "editor/document_chooser.h"
-#include "editor/tab.h"
+#include "editor/general_tab.h"
 #include "plm/plm_data.h"
 #include "ui/buttons.h"
 #include "ui/label.h"
@@ -11,16 +11,13 @@
 namespace kiv {
 
 /// First tab of a PLM study: its scenario, its data file, how long it runs and what its data are tagged with.
-class XKivPlmGen : public TabOf<CKivPlmData> {
+/// The records are written when the study is saved.
+class XKivPlmGen : public GeneralTabOf<CKivPlmData> {
  public:
   static constexpr const char* kClassName = "XKivPlmGen";
 
   XKivPlmGen();
 
-  bool IsTabValid(const std::string& hostText) override;
-  void LoadState() override;
-  void SaveData() override;
-  void ShowIdentifier() override { XDest.SetStudyID(Study()->ID()); }
   ui::LayoutItem Layout() override;
 
   DocumentChooser fdocCBScenario;
@@ -32,8 +29,8 @@ class XKivPlmGen : public TabOf<CKivPlmData> {
   ui::TextBox txtTag;
 
  private:
-  void ShowNewStudy() override;
-  void ShowStoredStudy() override;
+  bool Validate() override;
+  void SaveRest() override { fdocCBScenario.Refresh(); }
 };
 
 }  // namespace kiv

@@ -5,7 +5,7 @@ namespace kiv {
 ChannelPanel::ChannelPanel(Container* parent, std::int32_t number)
     : ModePanel(parent, number), XChannelList1(this, "XChannelList1") {
   checks_.Append(XChannelList1.Checks());
-  XChannelList1.Changed.Connect([this] { Changed.Raise(); });
+  AddSetting(ChannelsOf(XChannelList1.Changed));
 }
 
 void ChannelPanel::DataToCtls(const CKivPlmMode& mode) {
@@ -38,11 +38,9 @@ MethodPanel::MethodPanel(Container* parent, std::int32_t number, std::span<const
       methods_(methods),
       whenNone_(whenNone) {
   checks_.Append(XChannelList1.Checks(), [this] { return Uses(selection::kManual); });
-  cboMethod.Changed.Connect([this] {
-    HandleMethodChange();
-    Changed.Raise();
-  });
-  XChannelList1.Changed.Connect([this] { Changed.Raise(); });
+  cboMethod.Changed.Connect([this] { HandleMethodChange(); });
+  AddSetting(SettingOf(cboMethod.Changed, &CKivPlmMode::SelectionMethod, &CKivPlmMode::SetSelectionMethod));
+  AddSetting(ChannelsOf(XChannelList1.Changed));
 }
 
 void MethodPanel::InitControls() {
@@ -61,6 +59,15 @@ void MethodPanel::DataToCtls(const CKivPlmMode& mode) {
   XChannelList1.DataToCtls(mode);
   SelectWord(cboMethod, methods_, mode.SelectionMethod());
   HandleMethodChange();
+}
+
+/// The channels wait in the list while a method is chosen that stores none.
+void MethodPanel::ShowAgain(const CKivPlmMode& mode) {
+  const std::string entered = XChannelList1.txtChannelList.Text();
+  DataToCtls(mode);
+  if (mode.ChannelCount() == 0 && mode.SelectionMethod() != selection::kManual.word) {
+    XChannelList1.txtChannelList.SetText(entered);
+  }
 }
 
 void MethodPanel::CtlsToData(CKivPlmMode& mode) const {

@@ -45,6 +45,8 @@ class MethodPanel : public ModePanel {
 
   void InitControls() override;
   void DataToCtls(const CKivPlmMode& mode) override;
+  void ShowAgain(const CKivPlmMode& mode) override;
+  void Forget() override { XChannelList1.DataToCtls({}); }
   void CtlsToData(CKivPlmMode& mode) const override;
   void DefaultsToData(CKivPlmMode& mode) const override;
   std::string Summary(const CKivPlmMode& mode) const override;

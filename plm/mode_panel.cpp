@@ -1,5 +1,7 @@
 #include "plm/mode_panel.h"
 
+#include <utility>
+
 namespace kiv {
 
 ModePanel::ModePanel(Container* parent, std::int32_t number)
@@ -9,6 +11,11 @@ bool ModePanel::ValidMode(const CKivPlmMode& mode) {
   const auto problem = Visible() ? StoredProblem(mode) : std::nullopt;
   if (problem) Tell(*problem);
   return !problem;
+}
+
+void ModePanel::AddSetting(ModeSetting setting) {
+  setting.changed->Connect([this] { Changed.Raise(); });
+  settings_.push_back(std::move(setting));
 }
 
 void ModePanel::Reveal() {

@@ -3,9 +3,10 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "editor/check_list.h"
-#include "plm/plm_mode.h"
+#include "plm/mode_setting.h"
 #include "ui/label.h"
 #include "ui/layout.h"
 
@@ -20,6 +21,10 @@ class ModePanel : public ui::Container {
   virtual void InitControls() {}
   /// Shows a mode. Numbers that are not set show as empty text.
   virtual void DataToCtls(const CKivPlmMode& mode) = 0;
+  /// Shows the panel's mode anew. What was entered and is more than a record takes stays.
+  virtual void ShowAgain(const CKivPlmMode& mode) { DataToCtls(mode); }
+  /// Drops what was entered and is more than a record takes.
+  virtual void Forget() {}
   /// Writes the controls into a mode.
   virtual void CtlsToData(CKivPlmMode& mode) const = 0;
   /// Writes the panel's defaults into a mode.
@@ -31,6 +36,8 @@ class ModePanel : public ui::Container {
   /// The first problem of a stored mode, whether the panel is visible or not.
   virtual std::optional<Problem> StoredProblem(const CKivPlmMode&) { return std::nullopt; }
   const CheckList& Checks() const { return checks_; }
+  /// What the user can set with the panel.
+  const std::vector<ModeSetting>& Settings() const { return settings_; }
 
   /// Makes the panel visible; the focus moves to its first control when it was hidden.
   void Reveal();
@@ -50,10 +57,14 @@ class ModePanel : public ui::Container {
   /// The control that the user starts with; null when there is none.
   virtual ui::Control* FirstControl() { return nullptr; }
 
+  /// The panel's change event is raised with that of each setting.
+  void AddSetting(ModeSetting setting);
+
   CheckList checks_;
 
  private:
   std::int32_t number_;
+  std::vector<ModeSetting> settings_;
 };
 
 /// Panel of a mode without settings.

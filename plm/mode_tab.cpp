@@ -16,6 +16,7 @@ ModeTab::ModeTab(std::string name, std::string title)
 
 void ModeTab::UseModes(const ModeList& modes) {
   modes_ = modes;
+  drafts_.resize(modes_.boxes.size());
   for (std::size_t i = 0; i < modes_.boxes.size(); ++i) {
     std::string caption = NameOf(i);
     // The last digit of the number is the mnemonic: no two modes of a tab share it.
@@ -27,6 +28,13 @@ void ModeTab::UseModes(const ModeList& modes) {
   }
   modes_.selector->SetIndex(static_cast<int>(current_));
   modes_.selector->Changed.Connect([this] { ChooseMode(); });
+}
+
+void ModeTab::UseSettings(const std::vector<ModeSetting>& settings) {
+  for (const ModeSetting& setting : settings) {
+    setting.changed->Connect([this, number = settings_.size()] { Touch(number); });
+    settings_.push_back(setting);
+  }
 }
 
 std::int32_t ModeTab::NumberOf(std::size_t index) const {
@@ -54,25 +62,24 @@ void ModeTab::ShowStoredStudy() {
 }
 
 void ModeTab::ShowModes() {
-  ForgetShown();
-  {
-    const FlagGuard busy(busy_);
-    for (std::size_t i = 0; i < modes_.boxes.size(); ++i) {
-      modes_.boxes[i].SetChecked(SubRecord()->ReturnMode(NameOf(i))->Checked());
-    }
+  const FlagGuard filling = HoldReports();
+  ForgetDetails();
+  drafts_.assign(drafts_.size(), {});
+  for (std::size_t i = 0; i < modes_.boxes.size(); ++i) {
+    modes_.boxes[i].SetChecked(SubRecord()->ReturnMode(NameOf(i))->Checked());
   }
   MakeCurrent(0);
   for (std::size_t i = 0; i < modes_.boxes.size(); ++i) ShowState(i);
 }
 
 void ModeTab::MakeCurrent(std::size_t index) {
-  const FlagGuard busy(busy_);
+  const FlagGuard filling = HoldReports();
   current_ = index;
-  edited_ = false;
   modes_.selector->SetIndex(static_cast<int>(index));
-  ShowDetails(SubRecord()->ReturnMode(CurrentMode()));
-  shownUnedited_ = CKivPlmMode();
-  StoreDetails(shownUnedited_);
+  const Draft& draft = drafts_[index];
+  CKivPlmMode shown = *SubRecord()->ReturnMode(CurrentMode());
+  CopyTouched(draft, draft.values, shown);
+  ShowDetails(shown);
   ShowState(index);
 }
 
@@ -85,7 +92,7 @@ void ModeTab::ShowState(std::size_t index) {
   }
   if (!checked) {
     modes_.labels[index].SetCaption({});
-  } else if (isCurrent && edited_) {
+  } else if (isCurrent && !drafts_[index].touched.empty()) {
     CKivPlmMode shown;
     StoreDetails(shown);
     modes_.labels[index].SetCaption(Summary(shown, index));
@@ -94,27 +101,38 @@ void ModeTab::ShowState(std::size_t index) {
   }
 }
 
-void ModeTab::TakeEdit() {
-  if (busy_ || !Study()) return;
-  edited_ = true;
+/// The user set something of the current mode.
+void ModeTab::Touch(std::size_t setting) {
+  if (Filling() || !Study()) return;
+  drafts_[current_].touched.insert(setting);
   ReportChange();
   ShowState(current_);
 }
 
-/// Takes the shown details into the study. Those of a mode that the study does not run are kept as well, for
-/// as long as the study is open: the user may check the mode again.
+void ModeTab::CopyTouched(const Draft& draft, const CKivPlmMode& from, CKivPlmMode& to) const {
+  for (const std::size_t setting : draft.touched) settings_[setting].copy(from, to);
+}
+
+/// Takes the shown details into the study. Those of a mode that the study does not run wait in its draft.
 void ModeTab::StoreCurrent() {
   CKivPlmData& data = *SubRecord();
   const std::string name = CurrentMode();
   const auto mode = data.ReturnMode(name);
   mode->SetChecked(CurrentIsChecked());
-  if (!mode->Checked() && !edited_) return;
+  if (!mode->Checked()) return KeepDraft();
   mode->SetID(Study()->ID());
   mode->SetPlmMode(NumberOf(current_));
   StoreDetails(*mode);
   data.RemoveMode(name);
   data.AddMode(name, mode);
-  edited_ = false;
+  drafts_[current_] = {};
+}
+
+void ModeTab::KeepDraft() {
+  Draft& draft = drafts_[current_];
+  CKivPlmMode shown;
+  StoreDetails(shown);
+  CopyTouched(draft, shown, draft.values);
 }
 
 /// Whether the shown details meet these rules; tells the first problem otherwise.
@@ -125,11 +143,11 @@ bool ModeTab::Meets(const CheckList& rules) {
 }
 
 void ModeTab::ChooseMode() {
-  if (busy_ || !Study()) return;
+  if (Filling() || !Study()) return;
   const int wanted = modes_.selector->Index();
   {
     // The current mode stays the chosen one until it may be left.
-    const FlagGuard busy(busy_);
+    const FlagGuard filling = HoldReports();
     modes_.selector->SetIndex(static_cast<int>(current_));
   }
   if (wanted == ui::kNoSelection || !Meets(checks_)) return;
@@ -140,7 +158,7 @@ void ModeTab::ChooseMode() {
 }
 
 void ModeTab::ClickBox(std::size_t index) {
-  if (busy_ || !Study()) return;
+  if (Filling() || !Study()) return;
   if (modes_.boxes[index].Checked()) {
     CheckMode(index);
   } else {
@@ -151,17 +169,22 @@ void ModeTab::ClickBox(std::size_t index) {
 void ModeTab::CheckMode(std::size_t index) {
   // What was shown of an unchecked mode breaks no rule.
   if (!MayCheckMore() || (index != current_ && !Meets(RulesBeforeChecking()))) {
-    const FlagGuard busy(busy_);
+    const FlagGuard filling = HoldReports();
     modes_.boxes[index].SetChecked(false);
     return;
   }
+  const std::size_t before = current_;
+  if (index == current_) {
+    KeepDraft();
+  } else {
+    StoreCurrent();
+  }
   CKivPlmData& data = *SubRecord();
   const std::string name = NameOf(index);
-  const std::size_t before = current_;
-  const bool first = !data.Modes()->Contains(name);
-  if (index != current_ || (edited_ && !first)) StoreCurrent();
   const auto mode = data.ReturnMode(name);
-  if (first) FillFirst(*mode, index);
+  if (!data.Modes()->Contains(name)) StartMode(*mode, index);
+  CopyTouched(drafts_[index], drafts_[index].values, *mode);
+  drafts_[index] = {};
   mode->SetChecked(true);
   mode->SetPlmMode(NumberOf(index));
   data.AddMode(name, mode);
@@ -170,29 +193,13 @@ void ModeTab::CheckMode(std::size_t index) {
   ReportChange();
 }
 
-/// A new mode takes its defaults, but for what the user chose for it before checking it.
-void ModeTab::FillFirst(CKivPlmMode& mode, std::size_t index) const {
-  StartMode(mode, index);
-  if (index != current_ || !edited_) return;
-  const CKivPlmMode defaults = mode;
-  StoreDetails(mode);
-  for (const RecordField<CKivPlmMode>& field : CKivPlmMode::Fields()) {
-    if (field.Get(mode) == field.Get(shownUnedited_)) field.Set(mode, field.Get(defaults));
-  }
-}
-
 void ModeTab::UncheckMode(std::size_t index) {
-  if (index == current_) {
-    edited_ = true;  // what is shown now is what a later check brings back
-    StoreCurrent();
-  } else {
-    SubRecord()->ReturnMode(NameOf(index))->SetChecked(false);
-  }
+  SubRecord()->ReturnMode(NameOf(index))->SetChecked(false);
   ShowState(index);
   ReportChange();
 }
 
-bool ModeTab::IsTabValid(const std::string&) {
+bool ModeTab::Validate() {
   if (!Meets(checks_)) return false;
   StoreCurrent();
   const std::vector<Problem> problems = RecordProblems(Records::Visible);
@@ -200,19 +207,16 @@ bool ModeTab::IsTabValid(const std::string&) {
   return problems.empty();
 }
 
-std::vector<Problem> ModeTab::Problems() const {
-  std::vector<Problem> problems = checks_.Problems();
+void ModeTab::AddProblems(std::vector<Problem>& problems) const {
   for (Problem& problem : RecordProblems(Records::All)) {
     // The shown details are newer than the record.
     if (problem.control != &modes_.selector->Options()[current_]) problems.push_back(std::move(problem));
   }
-  return problems;
 }
 
 /// What is wrong with the records of the checked modes, in the order of the study's collection.
 std::vector<Problem> ModeTab::RecordProblems(Records records) const {
   std::vector<Problem> problems;
-  if (!SubRecord()) return problems;
   for (const auto& mode : *SubRecord()) {
     if (!mode->Checked() || !Owns(*mode)) continue;
     std::string message = RecordProblem(*mode, records);
@@ -220,10 +224,6 @@ std::vector<Problem> ModeTab::RecordProblems(Records records) const {
     if (!message.empty()) problems.push_back({&modes_.selector->Options()[index], std::move(message)});
   }
   return problems;
-}
-
-void ModeTab::SaveData() {
-  StoreCurrent();
 }
 
 ui::LayoutItem ModeTab::ListLayout() {

@@ -2,12 +2,13 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "editor/tab.h"
+#include "plm/mode_setting.h"
 #include "plm/plm_data.h"
 #include "ui/buttons.h"
 #include "ui/label.h"
@@ -17,13 +18,12 @@ namespace kiv {
 
 /// What the two tabs for measurement modes have in common: which modes the study runs, and whose details are
 /// shown. One mode is always the current one, whether the study runs it or not.
+///
+/// The record of a mode that the study runs is written when another mode is shown, when the page is checked
+/// and when the study is saved. What the user sets of a mode that the study does not run waits in a draft,
+/// which the mode takes along when it is checked.
 class ModeTab : public TabOf<CKivPlmData> {
  public:
-  /// Checks the shown details and takes them into the study, then checks the other modes' records.
-  bool IsTabValid(const std::string& hostText) override;
-  std::vector<Problem> Problems() const override;
-  void SaveData() override;
-
   /// The name of the mode whose details are shown.
   std::string CurrentMode() const { return NameOf(current_); }
 
@@ -41,6 +41,8 @@ class ModeTab : public TabOf<CKivPlmData> {
 
   ModeTab(std::string name, std::string title);
   void UseModes(const ModeList& modes);
+  /// Things that the user can set of the current mode.
+  void UseSettings(const std::vector<ModeSetting>& settings);
 
   std::int32_t NumberOf(std::size_t index) const;
   std::string NameOf(std::size_t index) const;
@@ -49,9 +51,9 @@ class ModeTab : public TabOf<CKivPlmData> {
   bool CurrentIsChecked() const { return modes_.boxes[current_].Checked(); }
   std::ptrdiff_t CheckedCount() const;
 
-  /// The records are others now than those shown before.
-  virtual void ForgetShown() {}
-  virtual void ShowDetails(const std::shared_ptr<CKivPlmMode>& mode) = 0;
+  /// Another study is shown from now on.
+  virtual void ForgetDetails() {}
+  virtual void ShowDetails(const CKivPlmMode& mode) = 0;
   virtual void StoreDetails(CKivPlmMode& mode) const = 0;
   /// The settings of a mode that is checked for the first time.
   virtual void StartMode(CKivPlmMode&, std::size_t /*index*/) const {}
@@ -65,14 +67,19 @@ class ModeTab : public TabOf<CKivPlmData> {
   virtual std::string RecordProblem(const CKivPlmMode& mode, Records records) const = 0;
   virtual std::string Summary(const CKivPlmMode& mode, std::size_t index) const = 0;
 
-  /// The user changed the shown details.
-  void TakeEdit();
-
   ui::LayoutItem ListLayout();
 
-  bool busy_ = false;  ///< set while the tab changes controls itself
-
  private:
+  /// What the user set of a mode since its record was written, or before it has one.
+  struct Draft {
+    std::set<std::size_t> touched;  // settings, by their numbers
+    CKivPlmMode values;             // of the touched settings, once another mode is shown
+  };
+
+  /// Checks the shown details and takes them into the study, then checks the other modes' records.
+  bool Validate() override;
+  void AddProblems(std::vector<Problem>& problems) const override;
+  void SaveRest() override { StoreCurrent(); }
   void ShowNewStudy() override { ShowModes(); }
   void ShowStoredStudy() override;
   void ShowModes();
@@ -83,16 +90,18 @@ class ModeTab : public TabOf<CKivPlmData> {
   void UncheckMode(std::size_t index);
   bool Meets(const CheckList& rules);
   void MakeCurrent(std::size_t index);
-  void FillFirst(CKivPlmMode& mode, std::size_t index) const;
+  void Touch(std::size_t setting);
+  void CopyTouched(const Draft& draft, const CKivPlmMode& from, CKivPlmMode& to) const;
   void StoreCurrent();
+  void KeepDraft();
   void ShowState(std::size_t index);
   bool Owns(const CKivPlmMode& mode) const;
   std::vector<Problem> RecordProblems(Records records) const;
 
   ModeList modes_;
   std::size_t current_ = 0;
-  bool edited_ = false;        // the shown details differ from the record
-  CKivPlmMode shownUnedited_;  // what they stored when they were shown
+  std::vector<ModeSetting> settings_;
+  std::vector<Draft> drafts_;  // of each mode
 };
 
 }  // namespace kiv

@@ -1,6 +1,7 @@
 #include "plm/plm_data.h"
 
 #include <algorithm>
+#include <array>
 
 #include "core/stored_reader.h"
 #include "core/study_data.h"
@@ -13,6 +14,7 @@ namespace kiv {
 namespace {
 
 constexpr std::string_view kModes = "Modes";
+constexpr std::string_view kModeIdentity[] = {"PlmMode"};
 
 }  // namespace
 
@@ -28,10 +30,8 @@ std::span<const RecordField<CKivPlmData>> CKivPlmData::Fields() {
 }
 
 void CKivPlmData::Initialize(std::int32_t id, std::string path, std::string dataFile, std::string tag) {
-  id_ = id;
-  path_ = std::move(path);
-  dataFile_ = std::move(dataFile);
-  tag_ = std::move(tag);
+  SetFields(*this, Fields(),
+            std::array<Variant, 4>{id, std::move(path), std::move(dataFile), std::move(tag)});
 }
 
 void CKivPlmData::AddMode(const std::string& key, const std::shared_ptr<CKivPlmMode>& mode) {
@@ -84,13 +84,13 @@ std::vector<NamedValue> CKivPlmData::StoredFields() const {
 }
 
 std::vector<StoredList> CKivPlmData::StoredLists() const {
-  StoredList modes{kModes, {}};
+  StoredList modes{kModes, {}, kModeIdentity};
   for (const auto& mode : *this) modes.entries.push_back(mode->Stored());
   return {std::move(modes)};
 }
 
 std::vector<StoredList> CKivPlmData::WrittenLists() const {
-  StoredList modes{kModes, {}};
+  StoredList modes{kModes, {}, kModeIdentity};
   for (const auto& mode : *this) {
     if (mode->Checked()) modes.entries.push_back(mode->Stored());
   }
@@ -104,7 +104,7 @@ void CKivPlmData::ReadStored(StoredReader& reader) {
     mode->ReadStored(entry);
     const std::string name = MKivStudyCtls::ModeName(mode->PlmMode());
     if (name.empty()) {
-      entry.Note("PlmMode", "must be a number from 1 to " + std::to_string(MKivStudyCtls::kModeCount));
+      entry.Note(kModeIdentity[0], "must be a number from 1 to " + std::to_string(MKivStudyCtls::kModeCount));
     } else {
       AddMode(name, mode);
     }

@@ -1,5 +1,7 @@
 #include "plm/plm_mode.h"
 
+#include <array>
+
 #include "core/stored_reader.h"
 #include "plm/plm_msql.h"
 
@@ -45,21 +47,12 @@ void CKivPlmMode::Initialize(std::int32_t id, std::int32_t plmMode, std::int32_t
                              std::string distributionMethod, std::string sortBy, std::string selectFromList,
                              std::int32_t rangeFrom, std::int32_t rangeTo, std::string excludeAce,
                              bool checked) {
-  id_ = id;
-  plmMode_ = plmMode;
-  carrier_ = carrier;
-  serviceOption_ = serviceOption;
-  generationType_ = generationType;
-  selectionMethod_ = std::move(selectionMethod);
-  ampsDistribution_ = ampsDistribution;
-  tdmaDistribution_ = tdmaDistribution;
-  totalDistribution_ = totalDistribution;
-  distributionMethod_ = std::move(distributionMethod);
-  sortBy_ = std::move(sortBy);
-  selectFromList_ = std::move(selectFromList);
-  rangeFrom_ = rangeFrom;
-  rangeTo_ = rangeTo;
-  excludeAce_ = std::move(excludeAce);
+  SetFields(
+      *this, Fields(),
+      std::array<Variant, 15>{id, plmMode, carrier, serviceOption, generationType, std::move(selectionMethod),
+                              ampsDistribution, tdmaDistribution, totalDistribution, std::move(sortBy),
+                              std::move(selectFromList), rangeFrom, rangeTo, std::move(excludeAce),
+                              std::move(distributionMethod)});
   checked_ = checked;
 }
 

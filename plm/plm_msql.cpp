@@ -37,8 +37,7 @@ struct ChannelRow {
 template <class Record>
 void Insert(const std::string& table, const Record& record) {
   host::Database& database = Database();
-  const auto values = ColumnValues(record, Record::Fields(), OptionalFields::Absent, KeyField::Include);
-  database.ExecuteSql(sql::InsertStatement(database, table, values));
+  database.ExecuteSql(InsertStatementOf(database, table, record));
 }
 
 }  // namespace
@@ -48,8 +47,8 @@ void LoadPlmData(std::int32_t id, CKivPlmData& record) {
                                  "LoadPlmData", "Unable to load study data from " + kStudyTable);
   if (!rows) return;
   if (!rows->EndOfFile()) {
-    LoadFields(record, *rows, CKivPlmData::Fields(), OptionalFields::Absent);
-    record.SetID(id);
+    const auto fields = CKivPlmData::Fields();
+    LoadFields(record, *rows, fields, FindOptionalFields(Database(), kStudyTable, fields), id);
   }
   rows->Close();
 }
@@ -57,11 +56,13 @@ void LoadPlmData(std::int32_t id, CKivPlmData& record) {
 void LoadPlmModes(std::int32_t id, CKivPlmData& record) {
   const auto rows =
       OpenQuery("SELECT * FROM " + kModeTable + " WHERE Id = " + std::to_string(id) + " ORDER BY PlmMode");
-  for (; rows && !rows->EndOfFile(); rows->MoveNext()) {
+  if (!rows || rows->EndOfFile()) return;
+  const auto fields = CKivPlmMode::Fields();
+  const auto optional = FindOptionalFields(Database(), kModeTable, fields);
+  for (; !rows->EndOfFile(); rows->MoveNext()) {
     const auto mode = std::make_shared<CKivPlmMode>();
-    LoadFields(*mode, *rows, CKivPlmMode::Fields(), OptionalFields::Absent);
+    LoadFields(*mode, *rows, fields, optional, id);
     if (mode->PlmMode() <= 0) continue;
-    mode->SetID(id);
     record.AddMode(MKivStudyCtls::ModeName(mode->PlmMode()), mode);
     mode->LoadChannelList();
   }

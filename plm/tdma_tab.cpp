@@ -1,5 +1,9 @@
 #include "plm/tdma_tab.h"
 
+#include <string>
+
+#include "plm/limits.h"
+
 namespace kiv {
 
 namespace {
@@ -12,15 +16,15 @@ constexpr std::array kMode5Methods = {selection::kAutomatic, selection::kManual,
 constexpr std::array kMode6Methods = {WordChoice{"Study All Channels", selection::kAllWord},
                                       selection::kManual};
 
+const std::string kAtMost = "cannot be greater than " + std::to_string(kSelectedChannels.high) + ".";
+
 // The two panels word the same rules differently.
-constexpr DefaultsWording kMode2Wording = {
-    "  'AMPS and TDMA channels' cannot be greater than total channels.",
-    "  'From' channels cannot be greater than 'To' channels.",
-    "  'Total Channels to Select' cannot be greater than 10."};
-constexpr DefaultsWording kMode5Wording = {
-    "  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'.",
-    "  'From' channels cannot be greater than 'To' channels.",
-    " 'Total Channels to Select' cannot be greater than 10."};
+const DefaultsWording kMode2Wording = {"  'AMPS and TDMA channels' cannot be greater than total channels.",
+                                       "  'From' channels cannot be greater than 'To' channels.",
+                                       "  'Total Channels to Select' " + kAtMost};
+const DefaultsWording kMode5Wording = {"  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'.",
+                                       "  'From' channels cannot be greater than 'To' channels.",
+                                       " 'Total Channels to Select' " + kAtMost};
 
 }  // namespace
 
@@ -42,28 +46,26 @@ XKivPlmTdma::XKivPlmTdma()
             {lblModeSelector.begin(), lblModeSelector.end()}});
   for (std::size_t i = 0; i < kModes; ++i) {
     checks_.Append(panels_[i]->Checks(), [this, i] { return Current() == i && CurrentIsChecked(); });
-    panels_[i]->Changed.Connect([this] { TakeEdit(); });
+    UseSettings(panels_[i]->Settings());
     if (i != Current()) panels_[i]->Hide();
   }
 }
 
-void XKivPlmTdma::LoadState() {
-  const FlagGuard busy(busy_);
+void XKivPlmTdma::PrepareControls() {
   for (ModePanel* panel : panels_) panel->InitControls();
-  ForgetShown();
 }
 
-/// A panel serves one mode only, so what it holds of that mode is left alone: it may be more than the record
-/// takes, such as the channels of a mode that selects automatically for now.
-void XKivPlmTdma::ShowDetails(const std::shared_ptr<CKivPlmMode>& mode) {
+void XKivPlmTdma::ForgetDetails() {
+  for (ModePanel* panel : panels_) panel->Forget();
+}
+
+void XKivPlmTdma::ShowDetails(const CKivPlmMode& mode) {
   fraModeDetail.SetCaption(CurrentMode());
   for (std::size_t i = 0; i < kModes; ++i) {
     if (i != Current()) panels_[i]->Hide();
   }
-  ModePanel& panel = *panels_[Current()];
-  if (shown_[Current()] != mode) panel.DataToCtls(*mode);
-  shown_[Current()] = mode;
-  panel.Reveal();
+  panels_[Current()]->ShowAgain(mode);
+  panels_[Current()]->Reveal();
 }
 
 void XKivPlmTdma::StoreDetails(CKivPlmMode& mode) const {

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <memory>
 
 #include "plm/distribution_panel.h"
 #include "plm/method_panel.h"
@@ -21,7 +20,6 @@ class XKivPlmTdma : public ModeTab {
 
   XKivPlmTdma();
 
-  void LoadState() override;
   ui::LayoutItem Layout() override;
 
   ui::ControlArray<ui::CheckBox, kModes> chkMode;
@@ -35,15 +33,15 @@ class XKivPlmTdma : public ModeTab {
   MethodPanel XMode6;
 
  private:
-  void ForgetShown() override { shown_ = {}; }
-  void ShowDetails(const std::shared_ptr<CKivPlmMode>& mode) override;
+  void PrepareControls() override;
+  void ForgetDetails() override;
+  void ShowDetails(const CKivPlmMode& mode) override;
   void StoreDetails(CKivPlmMode& mode) const override;
   void StartMode(CKivPlmMode& mode, std::size_t index) const override;
   std::string RecordProblem(const CKivPlmMode& mode, Records records) const override;
   std::string Summary(const CKivPlmMode& mode, std::size_t index) const override;
 
   std::array<ModePanel*, kModes> panels_;
-  std::array<std::shared_ptr<CKivPlmMode>, kModes> shown_;  // what each panel holds
 };
 
 }  // namespace kiv

@@ -11,7 +11,7 @@ namespace kiv::qt {
 
 namespace {
 
-Qt::CheckState ToQt(ui::CheckState state) {
+Qt::CheckState ToQtState(ui::CheckState state) {
   switch (state) {
     case ui::CheckState::Unchecked: return Qt::Unchecked;
     case ui::CheckState::Checked: return Qt::Checked;
@@ -21,7 +21,7 @@ Qt::CheckState ToQt(ui::CheckState state) {
 }
 
 void ShowCaption(QAbstractButton& button, const std::string& caption) {
-  const QString text = qt::ToQt(caption);
+  const QString text = ToQt(caption);
   if (button.text() != text) button.setText(text);
 }
 
@@ -40,7 +40,7 @@ class CheckBoxView final : public QCheckBox, public ControlView {
 
  protected:
   void ShowValue() override {
-    const Qt::CheckState state = ToQt(static_cast<ui::CheckState>(box_.Value()));
+    const Qt::CheckState state = ToQtState(static_cast<ui::CheckState>(box_.Value()));
     setTristate(state == Qt::PartiallyChecked);
     setCheckState(state);
   }

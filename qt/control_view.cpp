@@ -22,7 +22,7 @@ void SetUse(QWidget& widget, bool enabled, bool visible) {
 }
 
 void ReportHandledError(const std::exception& error) {
-  if (host::InstalledServices().errorReporter) {
+  if (host::CurrentServices().errorReporter) {
     host::TheErrorReporter().ReportError();
   } else {
     qWarning("%s", error.what());

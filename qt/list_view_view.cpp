@@ -161,7 +161,9 @@ class ListViewView final : public QTreeView, public ControlView {
   static ui::DragData DataOf(const QDropEvent& event) {
     ui::DragData dragged;
     for (const QString& format : event.mimeData()->formats()) {
-      dragged.formats.push_back(host::TheDragSource().RegisterFormat(FromQt(format)));
+      if (const auto number = host::TheDragSource().FindFormat(FromQt(format))) {
+        dragged.formats.push_back(*number);
+      }
     }
     return dragged;
   }

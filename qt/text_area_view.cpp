@@ -11,9 +11,9 @@ namespace kiv::qt {
 namespace {
 
 /// Room for short lines; more of it when the page has more.
-constexpr int kLeastCharacters = 16;
-constexpr int kLeastLines = 4;
-constexpr int kUsualLines = 8;
+constexpr int kLeastTextCharacters = 16;
+constexpr int kLeastTextLines = 4;
+constexpr int kUsualTextLines = 8;
 
 class TextAreaView final : public TypedTextView<QPlainTextEdit> {
  public:
@@ -31,8 +31,8 @@ class TextAreaView final : public TypedTextView<QPlainTextEdit> {
     connect(this, &QPlainTextEdit::selectionChanged, this, [this] { TakeCaret(); });
   }
 
-  QSize sizeHint() const override { return SizeOf(kUsualLines); }
-  QSize minimumSizeHint() const override { return SizeOf(kLeastLines); }
+  QSize sizeHint() const override { return SizeOf(kUsualTextLines); }
+  QSize minimumSizeHint() const override { return SizeOf(kLeastTextLines); }
 
  protected:
   void ShowValue() override {
@@ -63,7 +63,7 @@ class TextAreaView final : public TypedTextView<QPlainTextEdit> {
 
   QSize SizeOf(int lines) const {
     const int margin = 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
-    return {fontMetrics().averageCharWidth() * kLeastCharacters + margin,
+    return {fontMetrics().averageCharWidth() * kLeastTextCharacters + margin,
             fontMetrics().lineSpacing() * lines + margin};
   }
 

@@ -29,24 +29,23 @@ XKivRfcCDMA3G::XKivRfcCDMA3G()
       "rate. If a box is cleared, then the rate(s) for that Channel are determined by the system.");
   chkRestrictForward.SetCaption("Restrict Forward Supplemental Channel Rate to:");
   chkRestrictReverse.SetCaption("Restrict Reverse Supplemental Channel Rate to:");
-  for (Link* link : {&forward_, &reverse_}) SetUp(*link);
+  using Data = CKivRfcData;
+  SetUp(forward_, At(&Data::ForwardRateRestriction, &Data::SetForwardRateRestriction));
+  SetUp(reverse_, At(&Data::ReverseRateRestriction, &Data::SetReverseRateRestriction));
 }
 
-void XKivRfcCDMA3G::SetUp(Link& link) {
+void XKivRfcCDMA3G::SetUp(Link& link, Place<std::int16_t> restriction) {
   for (std::size_t rate = 0; rate < kRates; ++rate) link.rates[rate].SetCaption(kRateNames[rate]);
   for (Signal<>* event : {&link.box.Changed, &link.rates.Changed}) {
-    event->Connect([&link] { Recompute(link); });
-    ReportChangesOf(*event);
+    event->Connect([this, &link] {
+      if (Filling()) return;
+      Recompute(link);
+      ReportChange();
+    });
   }
-}
-
-void XKivRfcCDMA3G::ShowNewStudy() {
-  for (Link* link : {&forward_, &reverse_}) Show(*link, kNoRestriction);
-}
-
-void XKivRfcCDMA3G::ShowStoredStudy() {
-  Show(forward_, SubRecord()->ForwardRateRestriction());
-  Show(reverse_, SubRecord()->ReverseRateRestriction());
+  Bind({.showNew = [&link] { Show(link, kNoRestriction); },
+        .showStored = [&link, restriction] { Show(link, restriction.read()); },
+        .save = [&link, restriction] { restriction.write(link.restriction); }});
 }
 
 /// A rate that there is not has no option, but it stays until the user makes a choice. Without a restriction
@@ -66,11 +65,6 @@ void XKivRfcCDMA3G::Recompute(Link& link) {
   const int rate = link.rates.Index();
   link.restriction =
       restricted && rate != ui::kNoSelection ? static_cast<std::int16_t>(rate + 1) : kNoRestriction;
-}
-
-void XKivRfcCDMA3G::SaveData() {
-  SubRecord()->SetForwardRateRestriction(forward_.restriction);
-  SubRecord()->SetReverseRateRestriction(reverse_.restriction);
 }
 
 ui::LayoutItem XKivRfcCDMA3G::Layout() {

@@ -12,7 +12,7 @@
 namespace kiv {
 
 /// Third tab of an RF call trace study: whether 3G1X supplemental channels are traced at a single rate only,
-/// told for each direction.
+/// told for each direction. The record is written when the study is saved.
 class XKivRfcCDMA3G : public TabOf<CKivRfcData> {
  public:
   static constexpr const char* kClassName = "XKivRfcCDMA3G";
@@ -21,7 +21,6 @@ class XKivRfcCDMA3G : public TabOf<CKivRfcData> {
 
   XKivRfcCDMA3G();
 
-  void SaveData() override;
   ui::LayoutItem Layout() override;
 
   ui::Label lblSelect;
@@ -41,9 +40,7 @@ class XKivRfcCDMA3G : public TabOf<CKivRfcData> {
     std::int16_t restriction = 0;
   };
 
-  void ShowNewStudy() override;
-  void ShowStoredStudy() override;
-  void SetUp(Link& link);
+  void SetUp(Link& link, Place<std::int16_t> restriction);
   static void Show(Link& link, std::int16_t restriction);
   static void Recompute(Link& link);
 

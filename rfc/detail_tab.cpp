@@ -6,10 +6,11 @@
 #include <utility>
 #include <vector>
 
-#include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
 #include "editor/file_name_checks.h"
 #include "editor/folder_box.h"
+#include "editor/kiv_study_ctls.h"
+#include "editor/number_checks.h"
 
 namespace kiv {
 
@@ -17,11 +18,9 @@ namespace {
 
 using namespace MKivStudyCtls;
 
-constexpr std::size_t kSingleRow = 0;
-constexpr std::size_t kFirstOfMultiple = 1;
 constexpr std::string_view kExtension = ".rft";
 constexpr std::int32_t kMaxNameLength = 12;
-constexpr const char* kDefaultPollingInterval = "2";
+constexpr const char* kPollingInterval = "Polling Interval";
 constexpr std::int32_t kLongestInterval = 60;
 
 /// The least polling interval in seconds for up to so many DNs.
@@ -30,11 +29,6 @@ struct IntervalStep {
   std::int32_t seconds;
 };
 constexpr IntervalStep kIntervalSteps[] = {{4, 2}, {6, 3}, {8, 4}, {10, 5}};
-
-std::string WithoutExtension(std::string name) {
-  if (name.ends_with(kExtension)) name.resize(name.size() - kExtension.size());
-  return name;
-}
 
 /// Whether no box before this one counts and has the same text.
 template <class Texts>
@@ -62,108 +56,147 @@ XKivRfcDetail::XKivRfcDetail()
   fraDestination.SetCaption("Data File Destination");
   fraDns.SetCaption("Directory Numbers and Their Study Data Files");
   OfferFolders(cmdBrowse, txtPath);
-  txtPollingInterval.SetKeyFilter(NumericKeyFilter);
-
-  checks_.Append(FolderChecks(txtPath, host::MessageStyle::Warning));
-  AddDnChecks();
-  AddFilenameChecks();
-  AddIntervalChecks();
-
+  BindFields();
   for (XDnBox& box : txtDirectoryNumber) {
-    box.Changed.Connect([this] { ShowLeastInterval(); });
-    ReportChangesOf(box.Changed);
+    box.Changed.Connect([this] {
+      ShowLeastInterval();
+      ReportChange();
+    });
   }
-  for (ui::TextBox& box : txtFilename) ReportChangesOf(box.Changed);
-  ReportChangesOf(txtPath.Changed);
-  ReportChangesOf(txtPollingInterval.Changed);
+  for (ui::TextBox& box : txtFilename) box.Changed.Connect([this] { ReportChange(); });
 }
 
-void XKivRfcDetail::AddDnChecks() {
+void XKivRfcDetail::BindFields() {
+  const PageField& interval =
+      Bind(txtPollingInterval, At(&CKivStudyData::PollingInterval, &CKivStudyData::SetPollingInterval))
+          .Default(std::to_string(kIntervalSteps[0].seconds))
+          .Checked(IntervalChecks());
+  const PageField& folder = Bind(txtPath, At(&CKivRfcData::Path, &CKivRfcData::SetPath))
+                                .Checked(FolderChecks(txtPath, host::MessageStyle::Warning));
+  const PageField& dns = Bind({.showNew = [this] { ShowDns({}); },
+                               .showStored = [this] { ShowDns(Required(SubRecord()->DNs())); },
+                               .save = [this] { SaveDns(); }})
+                             .Checked(DnChecks())
+                             .Checked(FilenameChecks());
+  CheckInOrder({&folder, &dns, &interval});
+  // What the host's pattern or the rows do not fit is told last, when all the rest is right.
+  for (XDnBox& box : txtDirectoryNumber) checks_.Append(box.Checks());
+  for (const std::size_t row : {kSingleRow, kFirstOfMultiple}) {
+    checks_.Add(
+        txtDirectoryNumber[row].edit, [this, row] { return !CanUse(row) || unshown_.empty(); },
+        [this] {
+          return "DN " + unshown_.front()->Dn() + " is stored with this study, but no row can show it.";
+        });
+  }
+}
+
+CheckList XKivRfcDetail::DnChecks() {
+  CheckList checks;
   const auto tracedDn = [this](std::size_t row) {
     return IsTraced(row) ? txtDirectoryNumber[row].Text() : std::string();
   };
   for (std::size_t row = 0; row < kRows; ++row) {
-    checks_.Add(
+    checks.Add(
         txtDirectoryNumber[row].edit, [row, tracedDn] { return IsFirstOfItsText(row, tracedDn); },
         "Duplicate DN entered. Please enter a unique DN.");
   }
   for (const std::size_t row : {kSingleRow, kFirstOfMultiple}) {
-    checks_.Add(
+    checks.Add(
         txtDirectoryNumber[row].edit,
         [this, row] { return !txtDirectoryNumber[row].Enabled() || TracedDns() > 0; },
         "You must enter at least one DN. Please enter a DN.");
   }
+  return checks;
 }
 
-void XKivRfcDetail::AddFilenameChecks() {
+CheckList XKivRfcDetail::FilenameChecks() {
+  CheckList checks;
   const auto usedName = [this](std::size_t row) {
     return txtFilename[row].Enabled() ? txtFilename[row].Text() : std::string();
   };
   for (std::size_t row = 0; row < kRows; ++row) {
-    checks_.Add(
+    checks.Add(
         txtFilename[row], [row, usedName] { return IsFirstOfItsText(row, usedName); },
         "Duplicate study data file name entered. Please enter a unique study data file name.");
   }
   for (std::size_t row = 0; row < kRows; ++row) {
-    checks_.Append(FileNameChecks(
-                       txtFilename[row], [] { return kMaxNameLength; }, DataFileNameTexts(), NameKind::Plain),
-                   [row, usedName] { return !usedName(row).empty(); });
+    checks.Append(FileNameChecks(
+                      txtFilename[row], [] { return kMaxNameLength; }, DataFileNameTexts(), NameKind::Plain),
+                  [row, usedName] { return !usedName(row).empty(); });
   }
   for (std::size_t row = 0; row < kRows; ++row) {
-    checks_.Add(
+    checks.Add(
         txtFilename[row], [this, row] { return !IsTraced(row) || !txtFilename[row].Text().empty(); },
         "If you entered a DN you must have a corresponding study data file name.");
   }
+  return checks;
 }
 
-void XKivRfcDetail::AddIntervalChecks() {
+CheckList XKivRfcDetail::IntervalChecks() {
+  CheckList checks;
   const auto interval = [this] { return std::string(Trimmed(txtPollingInterval.Text())); };
-  checks_.Add(
+  checks.Add(
       txtPollingInterval,
       [this] { return txtPollingInterval.Text().empty() || IsNumeric(txtPollingInterval.Text()); },
-      "Polling Interval must be numeric.");
-  checks_.Add(
+      NotNumericText(kPollingInterval));
+  checks.Add(
       txtPollingInterval,
       [this, interval] { return IsNumberBetween("0" + interval(), LeastInterval(), kLongestInterval); },
       [this] {
-        return "Polling Interval must be between " + std::to_string(LeastInterval()) + " and " +
-               std::to_string(kLongestInterval) + " seconds inclusive.";
+        return RangeText({kPollingInterval, LeastInterval(), kLongestInterval, "seconds"}) + ".";
       });
-  // A DN that the host's pattern does not fit is told last, when all the rest is right.
-  for (XDnBox& box : txtDirectoryNumber) {
-    checks_.Add(
-        box.edit, [&box] { return box.Problem().empty(); }, [&box] { return box.Problem(); });
+  return checks;
+}
+
+bool XKivRfcDetail::Validate() {
+  ReadFeature();
+  EnableRows();
+  ShowLeastInterval();
+  ShowUnused();
+  return Tab::Validate();
+}
+
+void XKivRfcDetail::TabShown() {
+  ReadFeature();
+  EnableRows();
+  MoveEntries();
+  PlaceUnshown(Rows::Usable);
+  ShowLeastInterval();
+  ShowUnused();
+}
+
+/// What is known of the ECP stays known while its switch has no features on record.
+void XKivRfcDetail::ReadFeature() {
+  if (KnowsFeature()) multipleDns_ = SubRecord()->Faf().F465;
+}
+
+void XKivRfcDetail::EnableRows() {
+  for (std::size_t row = 0; row < kRows; ++row) {
+    txtDirectoryNumber[row].SetEnabled(CanUse(row));
+    txtFilename[row].SetEnabled(CanUse(row));
   }
 }
 
-bool XKivRfcDetail::IsTabValid(const std::string& hostText) {
-  {
-    const FlagGuard holding = HoldReports();
-    FollowEcp();
-  }
-  return TabOf::IsTabValid(hostText);
-}
-
-void XKivRfcDetail::ShowNewStudy() {
-  txtPath.SetText({});
-  ShowDns({});
-  txtPollingInterval.SetText(kDefaultPollingInterval);
-}
-
-void XKivRfcDetail::ShowStoredStudy() {
-  txtPath.SetText(SubRecord()->Path());
-  ShowDns(Required(SubRecord()->DNs()));
-  txtPollingInterval.SetText(std::to_string(Study()->PollingInterval()));
-}
-
+/// Fills the rows that can be used. What a switch does not trace any more stands in the others.
 void XKivRfcDetail::ShowDns(const DnCollection& dns) {
+  multipleDns_ = YNToCheckValue(SubRecord()->MultipleDns()) != 0;
+  ReadFeature();
+  EnableRows();
+  arrangedForMultiple_ = multipleDns_;
   for (std::size_t row = 0; row < kRows; ++row) ShowRow(row, {}, {});
-  std::size_t row = kFirstOfMultiple;
-  for (const auto& dn : dns) {
-    if (row == kRows) break;
-    ShowRow(row++, dn->Dn(), WithoutExtension(dn->DataFile()));
+  unshown_.assign(dns.begin(), dns.end());
+  PlaceUnshown(Rows::Usable);
+  if (KnowsFeature() && !multipleDns_) PlaceUnshown(Rows::Any);
+  ShowLeastInterval();
+  ShowUnused();
+}
+
+void XKivRfcDetail::PlaceUnshown(Rows rows) {
+  for (std::size_t row = 0; row < kRows && !unshown_.empty(); ++row) {
+    if ((rows == Rows::Usable && !CanUse(row)) || !IsFree(row)) continue;
+    ShowRow(row, unshown_.front()->Dn(), WithoutExtension(unshown_.front()->DataFile(), kExtension));
+    unshown_.erase(unshown_.begin());
   }
-  FollowEcp();
 }
 
 void XKivRfcDetail::ShowRow(std::size_t row, const std::string& dn, const std::string& filename) {
@@ -171,30 +204,20 @@ void XKivRfcDetail::ShowRow(std::size_t row, const std::string& dn, const std::s
   txtFilename[row].SetText(filename);
 }
 
-bool XKivRfcDetail::HasMultipleDns() const {
-  return SubRecord()->Faf().F465;
-}
-
-/// Offers the rows that the ECP chosen by now can have. What was entered in a row that cannot be used any
-/// more moves to one that can, as far as there is room.
-void XKivRfcDetail::FollowEcp() {
-  const bool multiple = HasMultipleDns();
-  for (std::size_t row = 0; row < kRows; ++row) {
-    const bool usable = (row != kSingleRow) == multiple;
-    txtDirectoryNumber[row].SetEnabled(usable);
-    txtFilename[row].SetEnabled(usable);
-  }
+/// After a change of the ECP's feature, what was entered in a row that cannot be used any more moves to one
+/// that can, as far as a row is free.
+void XKivRfcDetail::MoveEntries() {
+  if (arrangedForMultiple_ == multipleDns_) return;
+  arrangedForMultiple_ = multipleDns_;
   // The first row from 1 that is free for the single DN, or the first whose DN can be the single one.
   std::size_t row = kFirstOfMultiple;
-  while (row < kRows && IsFilled(row) == multiple) ++row;
-  const std::size_t from = multiple ? kSingleRow : row;
-  const std::size_t to = multiple ? row : kSingleRow;
-  if (row < kRows && IsFilled(from) && !IsFilled(to)) {
-    ShowRow(to, txtDirectoryNumber[from].Text(), txtFilename[from].Text());
-    ShowRow(from, {}, {});
-  }
-  ShowLeastInterval();
-  ShowUnused();
+  while (row < kRows && (multipleDns_ ? !IsFree(row) : !IsFilled(row))) ++row;
+  if (row == kRows) return;
+  const std::size_t from = multipleDns_ ? kSingleRow : row;
+  const std::size_t to = multipleDns_ ? row : kSingleRow;
+  if (!IsFilled(from) || !IsFree(to)) return;
+  ShowRow(to, txtDirectoryNumber[from].Text(), txtFilename[from].Text());
+  ShowRow(from, {}, {});
 }
 
 /// Entries that find no room stay in sight, but a save leaves them out.
@@ -204,7 +227,7 @@ void XKivRfcDetail::ShowUnused() {
   lblUnused.SetCaption(unused == 0 ? std::string()
                                    : std::to_string(unused) + (unused == 1 ? " DN is" : " DNs are") +
                                          " not stored: this ECP traces " +
-                                         (HasMultipleDns() ? "DN 1 to 10." : "a single DN."));
+                                         (multipleDns_ ? "DN 1 to 10." : "a single DN."));
 }
 
 std::size_t XKivRfcDetail::TracedDns() const {
@@ -226,18 +249,17 @@ void XKivRfcDetail::ShowLeastInterval() {
   lblInterval.SetCaption(text + ")");
 }
 
-void XKivRfcDetail::SaveData() {
-  const FlagGuard holding = HoldReports();
-  FollowEcp();
+void XKivRfcDetail::SaveDns() {
+  ReadFeature();
+  EnableRows();
   CKivRfcData& data = *SubRecord();
-  Study()->SetPollingInterval(NumberOr(txtPollingInterval.Text(), Study()->PollingInterval()));
-  data.SetPath(txtPath.Text());
-  data.SetMultipleDns(BoolToYN(HasMultipleDns()));
+  data.SetMultipleDns(BoolToYN(multipleDns_));  // as it was stored while no features are on record
   data.SetDNs(std::make_shared<DnCollection>());
   for (std::size_t row = 0; row < kRows; ++row) {
     if (!IsTraced(row)) continue;
     data.AddDn(txtDirectoryNumber[row].Text(), txtFilename[row].Text() + std::string(kExtension));
   }
+  for (const auto& dn : unshown_) data.AddDn(dn->Dn(), dn->DataFile());
 }
 
 ui::LayoutItem XKivRfcDetail::Layout() {

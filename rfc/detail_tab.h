@@ -2,7 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "editor/dn_box.h"
 #include "editor/tab.h"
@@ -16,7 +18,10 @@ namespace kiv {
 
 /// Second tab of an RF call trace study: where its data files go, the directory numbers (DNs) that it traces,
 /// each with its data file, and the polling interval. Where the ECP's switch can trace several DNs the rows
-/// from 1 are used, elsewhere only row 0.
+/// from 1 are used, elsewhere only row 0. The records are written when the study is saved.
+///
+/// The ECP may change on another tab. Loading, coming to this tab and checking it find out which rows can be
+/// used; entries move to other rows only when the user can see it, on coming to the tab after a change.
 class XKivRfcDetail : public TabOf<CKivRfcData> {
  public:
   static constexpr const char* kClassName = "XKivRfcDetail";
@@ -25,8 +30,6 @@ class XKivRfcDetail : public TabOf<CKivRfcData> {
 
   XKivRfcDetail();
 
-  bool IsTabValid(const std::string& hostText) override;
-  void SaveData() override;
   ui::LayoutItem Layout() override;
 
   ui::Frame fraDestination;
@@ -40,23 +43,42 @@ class XKivRfcDetail : public TabOf<CKivRfcData> {
   ui::Label lblInterval;           ///< the least interval for the DNs as they are now
 
  private:
-  void ShowNewStudy() override;
-  void ShowStoredStudy() override;
-  void TabShown() override { FollowEcp(); }
+  void BindFields();
+  void TabShown() override;
+  bool Validate() override;
 
-  void AddDnChecks();
-  void AddFilenameChecks();
-  void AddIntervalChecks();
+  CheckList DnChecks();
+  CheckList FilenameChecks();
+  CheckList IntervalChecks();
+
+  // Which rows can be used.
+  bool KnowsFeature() const { return SubRecord()->Faf().InstanceId != 0; }
+  void ReadFeature();
+  void EnableRows();
+  bool CanUse(std::size_t row) const { return (row != kSingleRow) == multipleDns_; }
+
+  // What stands in them.
   void ShowDns(const DnCollection& dns);
+  void MoveEntries();
+  enum class Rows { Usable, Any };
+  void PlaceUnshown(Rows rows);
   void ShowRow(std::size_t row, const std::string& dn, const std::string& filename);
-  void FollowEcp();
-  bool HasMultipleDns() const;
   bool IsFilled(std::size_t row) const { return !txtDirectoryNumber[row].Text().empty(); }
+  bool IsFree(std::size_t row) const { return !IsFilled(row) && txtFilename[row].Text().empty(); }
   bool IsTraced(std::size_t row) const { return txtDirectoryNumber[row].Enabled() && IsFilled(row); }
+  void SaveDns();
+
   std::size_t TracedDns() const;
   std::int32_t LeastInterval() const;
   void ShowLeastInterval();
   void ShowUnused();
+
+  static constexpr std::size_t kSingleRow = 0;
+  static constexpr std::size_t kFirstOfMultiple = 1;
+
+  bool multipleDns_ = false;                   // whether the ECP can trace several DNs, as far as is known
+  bool arrangedForMultiple_ = false;           // for which of the two the entries stand in their rows
+  std::vector<std::shared_ptr<CDn>> unshown_;  // stored DNs for which there is no row
 };
 
 }  // namespace kiv

@@ -5,9 +5,7 @@
 
 #include "base/utf16.h"
 #include "core/entity_lists.h"
-#include "core/kiv_study_ctls.h"
-#include "core/numeric_text.h"
-#include "editor/number_checks.h"
+#include "editor/kiv_study_ctls.h"
 #include "host/constants.h"
 #include "host/services.h"
 
@@ -30,12 +28,9 @@ enum : std::size_t { kWholeEcp, kCells };
 
 constexpr Choice kChoices[XKivRfcGen::kEntityTypes] = {
     {EntityType::Ecp, 1, "&ECP", "(Select ECP From Scenario)", "Please select an ECP for the study."},
-    {EntityType::RfcCell, 8, "Ce&lls", "(Select a Maximum of Eight Cells From Scenario)",
-     "Please select at least one cell for the study."}};
+    {EntityType::RfcCell, 8, "Ce&lls", "(Select a Maximum of Eight Cells From Scenario)", kNoCellText}};
 
-constexpr const char* kDefaultDuration = "30";
-constexpr const char* kDefaultTag = "data";
-const NumberRange kDuration = {"Study Duration", 15, 240, "minutes"};
+constexpr MinutesField kMinutes = {15, 240, 30, host::remembered::kRfcDuration};
 
 /// Lets letters, digits and a few other characters of tags pass.
 void TagKeyFilter(std::int16_t& keyCode) {
@@ -65,7 +60,7 @@ std::string NotActive(const CEcp& ecp) {
 }  // namespace
 
 XKivRfcGen::XKivRfcGen()
-    : TabOf(kClassName, "General"),
+    : GeneralTabOf(kClassName, WhenEmpty::Show),
       fraEntities(this, "fraEntities"),
       optEntityType(&fraEntities, "optEntityType"),
       dlvwEntity(&fraEntities, "dlvwEntity"),
@@ -75,24 +70,13 @@ XKivRfcGen::XKivRfcGen()
   fraEntities.SetCaption("Traced ECP or Cells (drag them here from the network tree)");
   for (std::size_t type = 0; type < kEntityTypes; ++type) {
     optEntityType[type].SetCaption(kChoices[type].caption);
-    checks_.Add(
-        dlvwEntity, [this, type] { return type != ChosenType() || HasEntities(); }, kChoices[type].missing);
   }
   dlvwEntity.SetMultiSelect(true);
   dlvwEntity.SetUsePopupMenu(true);
-  txtDuration.SetKeyFilter(NumericKeyFilter);
   txtTag.SetKeyFilter(TagKeyFilter);
   chkClearLog.SetCaption("Clear OMP log records with this tag before starting.");
 
-  checks_.Append(NumberChecks(txtDuration, kDuration));
-  checks_.Add(
-      txtTag, [this] { return !txtTag.Text().empty(); }, "Tag is a required field.");
-  checks_.Add(
-      txtTag, [this] { return !txtTag.Text().starts_with('.'); }, "Tag cannot start with a '.'");
-
-  Remember(host::remembered::kRfcDuration, txtDuration);
-  Remember(host::remembered::kRfcTag, txtTag);
-
+  BindFields();
   ShowEntities(kWholeEcp, std::make_shared<EntityCollection>());
   optEntityType.Changed.Connect([this] { ChooseEntityType(); });
   dlvwEntity.EntityAdded.Connect([this](const std::shared_ptr<CEntity>& entity) {
@@ -100,32 +84,48 @@ XKivRfcGen::XKivRfcGen()
     added_.push_back(entity);
   });
   dlvwEntity.CollectionChanged.Connect([this] { FollowEntities(); });
-  ReportChangesOf(txtDuration.Changed);
-  ReportChangesOf(txtTag.Changed);
-  ReportChangesOf(chkClearLog.Changed);
 }
 
-void XKivRfcGen::ShowNewStudy() {
-  ShowEntities(kWholeEcp, std::make_shared<EntityCollection>());
-  txtDuration.SetText(kDefaultDuration);
-  txtTag.SetText(kDefaultTag);
-  chkClearLog.SetChecked(true);
-  ShowRememberedValues();
-  SubRecord()->InitFaF();
+void XKivRfcGen::BindFields() {
+  CheckList tagChecks;
+  tagChecks.Add(
+      txtTag, [this] { return !txtTag.Text().empty(); }, "Tag is a required field.");
+  tagChecks.Add(
+      txtTag, [this] { return !txtTag.Text().starts_with('.'); }, "Tag cannot start with a '.'");
+
+  const PageField& duration = BindDuration(txtDuration, kMinutes);
+  const PageField& tag = BindTag(txtTag, host::remembered::kRfcTag).Checked(tagChecks);
+  Bind(chkClearLog, At(&CKivRfcData::ClearLog, &CKivRfcData::SetClearLog)).Default(true);
+  const PageField& entities =
+      Bind({.showNew = [this] { ShowEntities(kWholeEcp, std::make_shared<EntityCollection>()); },
+            .showStored =
+                [this] {
+                  const bool wholeEcp = YNToCheckValue(SubRecord()->UseEcp()) != 0;
+                  ShowEntities(wholeEcp ? kWholeEcp : kCells, SubRecord()->Entities());
+                },
+            .save =
+                [this] {
+                  SubRecord()->SetUseEcp(ChosenType() == kWholeEcp ? "Y" : "");
+                  SubRecord()->SetEntities(dlvwEntity.TheCollection());
+                }})
+          .Checked(EntityChecks());
+  CheckInOrder({&entities, &duration, &tag});
 }
 
-void XKivRfcGen::ShowStoredStudy() {
-  const CKivRfcData& data = *SubRecord();
-  txtDuration.SetText(std::to_string(Study()->Duration()));
-  ShowEntities(YNToCheckValue(data.UseEcp()) != 0 ? kWholeEcp : kCells, data.Entities());
-  txtTag.SetText(data.Tag());
-  chkClearLog.SetChecked(YNToCheckValue(data.ClearLog()) != 0);
-  CheckFeature();
+CheckList XKivRfcGen::EntityChecks() {
+  CheckList checks;
+  checks.Add(
+      dlvwEntity, [this] { return HasEntities(); }, [this] { return kChoices[ChosenType()].missing; });
+  return checks;
+}
+
+std::size_t XKivRfcGen::ChosenType() const {
+  return optEntityType.Index() == static_cast<int>(kWholeEcp) ? kWholeEcp : kCells;
 }
 
 /// Shows the entities of one type; there are none of the other.
 void XKivRfcGen::ShowEntities(std::size_t type, std::shared_ptr<EntityCollection> entities) {
-  const FlagGuard filling(filling_);
+  const FlagGuard filling = HoldReports();
   for (auto& collection : entities_) collection = std::make_shared<EntityCollection>();
   entities_.at(type) = std::move(entities);
   ecp_.reset();
@@ -146,7 +146,7 @@ void XKivRfcGen::SetUpList() {
 }
 
 void XKivRfcGen::ChooseEntityType() {
-  if (filling_) return;
+  if (Filling()) return;
   SetUpList();
   if (!SubRecord()) return;
   ReportChange();
@@ -204,15 +204,6 @@ bool XKivRfcGen::CheckFeature() {
   if (found && data.Faf().F161) return true;
   Tell({nullptr, found ? NotActive(*ecp) : NotOnRecord(*ecp)});
   return false;
-}
-
-void XKivRfcGen::SaveData() {
-  CKivRfcData& data = *SubRecord();
-  Study()->SetDuration(NumberOr(txtDuration.Text(), Study()->Duration()));
-  data.SetTag(txtTag.Text());
-  data.SetClearLog(CheckValueToYN(chkClearLog.Value()));
-  data.SetUseEcp(ChosenType() == kWholeEcp ? "Y" : "");
-  data.SetEntities(dlvwEntity.TheCollection());
 }
 
 ui::LayoutItem XKivRfcGen::Layout() {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "editor/dd_list_view.h"
-#include "editor/tab.h"
+#include "editor/general_tab.h"
 #include "rfc/rfc_data.h"
 #include "ui/buttons.h"
 #include "ui/label.h"
@@ -16,7 +16,10 @@ namespace kiv {
 
 /// First tab of an RF call trace study: the ECP or the cells that it traces, how long it runs and its tag. An
 /// ECP whose switch has not activated RF call trace is told to the user and does not get into the list.
-class XKivRfcGen : public TabOf<CKivRfcData> {
+///
+/// The records are written when the study is saved. A stored study's own entities are worked on at once, and
+/// each change of the ECP takes the features of its switch into the record.
+class XKivRfcGen : public GeneralTabOf<CKivRfcData> {
  public:
   static constexpr const char* kClassName = "XKivRfcGen";
 
@@ -24,7 +27,6 @@ class XKivRfcGen : public TabOf<CKivRfcData> {
 
   XKivRfcGen();
 
-  void SaveData() override;
   ui::LayoutItem Layout() override;
 
   ui::Frame fraEntities;
@@ -35,9 +37,12 @@ class XKivRfcGen : public TabOf<CKivRfcData> {
   ui::CheckBox chkClearLog;
 
  private:
-  void ShowNewStudy() override;
-  void ShowStoredStudy() override;
-  std::size_t ChosenType() const { return static_cast<std::size_t>(optEntityType.Index()); }
+  void BindFields();
+  void ShowNewStudy() override { SubRecord()->InitFaF(); }
+  void ShowStoredStudy() override { CheckFeature(); }
+  /// What is not the ECP, no choice included, is cells.
+  std::size_t ChosenType() const;
+  CheckList EntityChecks();
   bool HasEntities() const { return Required(dlvwEntity.TheCollection()).Count() > 0; }
   void ShowEntities(std::size_t type, std::shared_ptr<EntityCollection> entities);
   void SetUpList();
@@ -47,7 +52,6 @@ class XKivRfcGen : public TabOf<CKivRfcData> {
   bool CheckFeature();
   void TakeOut(const std::vector<std::shared_ptr<CEntity>>& added);
 
-  bool filling_ = false;  // set while the entity type is chosen by the tab itself
   std::array<std::shared_ptr<EntityCollection>, kEntityTypes> entities_;  // of both types while one is chosen
   std::vector<std::shared_ptr<CEntity>> added_;                           // by the drop in progress
   std::shared_ptr<CEcp> ecp_;  // whose features were looked up last; null while nothing is chosen

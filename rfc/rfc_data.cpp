@@ -1,5 +1,7 @@
 #include "rfc/rfc_data.h"
 
+#include <array>
+
 #include "core/entity_lists.h"
 #include "core/stored_reader.h"
 #include "core/study_data.h"
@@ -13,6 +15,7 @@ namespace {
 constexpr std::string_view kEcps = "Ecps";
 constexpr std::string_view kCells = "Cells";
 constexpr std::string_view kDns = "DNs";
+constexpr std::string_view kDnIdentity[] = {"Dn"};
 
 }  // namespace
 
@@ -36,14 +39,10 @@ std::span<const RecordField<CKivRfcData>> CKivRfcData::Fields() {
 void CKivRfcData::Initialize(std::int32_t id, std::string tag, std::string clearLog, std::string multipleDns,
                              std::string useEcp, std::string path, std::int16_t forwardRateRestriction,
                              std::int16_t reverseRateRestriction) {
-  id_ = id;
-  tag_ = std::move(tag);
-  clearLog_ = std::move(clearLog);
-  multipleDns_ = std::move(multipleDns);
-  useEcp_ = std::move(useEcp);
-  path_ = std::move(path);
-  forwardRate_ = forwardRateRestriction;
-  reverseRate_ = reverseRateRestriction;
+  SetFields(*this, Fields(),
+            std::array<Variant, 8>{id, std::move(tag), std::move(clearLog), std::move(multipleDns),
+                                   std::move(useEcp), std::move(path), forwardRateRestriction,
+                                   reverseRateRestriction});
 }
 
 bool CKivRfcData::LookupFAF(std::int32_t instanceId) {
@@ -125,7 +124,7 @@ std::vector<NamedValue> CKivRfcData::StoredFields() const {
 std::vector<StoredList> CKivRfcData::StoredLists() const {
   StoredList entities = UsesEcp() ? MSQL::StoredEcps(kEcps, Required(entities_))
                                   : MSQL::StoredCells(kCells, Required(entities_), MSQL::CellParts::None);
-  StoredList dns{kDns, {}};
+  StoredList dns{kDns, {}, kDnIdentity};
   for (const auto& dn : Required(dns_)) dns.entries.push_back({{}, ListFields(*dn, CDn::Fields()), {}});
   return {std::move(entities), std::move(dns)};
 }

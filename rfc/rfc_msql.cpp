@@ -52,9 +52,11 @@ void LoadRfcEcpList(std::int32_t listId, CKivRfcData& record) {
 void LoadRfcDnList(std::int32_t id, CKivRfcData& record) {
   const auto rows = OpenQuery("SELECT * FROM " + kDnTable + " WHERE Id = " + std::to_string(id));
   if (!rows) return;
+  const auto fields = CDn::Fields();
+  const auto optional = FindOptionalFields(Database(), kDnTable, fields);
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     CDn row;
-    LoadFields(row, *rows, CDn::Fields(), OptionalFields::Absent);
+    LoadFields(row, *rows, fields, optional, id);
     record.AddDn(row.Dn(), row.DataFile());
   }
   rows->Close();
@@ -68,8 +70,7 @@ bool InsertRfcDn(std::int32_t id, const CDn& dn) {
   return TrapErrors(kTable.kind, "InsertRfcDn", [&](host::Database& database) {
     CDn row = dn;
     row.SetID(id);
-    const auto values = ColumnValues(row, CDn::Fields(), OptionalFields::Absent, KeyField::Include);
-    database.ExecuteSql(sql::InsertStatement(database, kDnTable, values));
+    database.ExecuteSql(InsertStatementOf(database, kDnTable, row));
   });
 }
 

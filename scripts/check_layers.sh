@@ -13,7 +13,7 @@ rules="
 base: base
 host: base host
 ui: base ui
-core: base host ui core
+core: base host core
 editor: base host ui core editor
 $kind_rules
 database: base host database
@@ -54,12 +54,10 @@ if grep -rnE '#include <Q' database store session client/*.* client/cli client/t
   failed=1
 fi
 
-# Nobody is forgotten: each folder of sources has rules and is seen by the linter, each kind stands in the list.
+# Nobody is forgotten: each folder of sources has rules, each kind stands in the list.
 for folder in $(git ls-files '*/*.h' | cut -d/ -f1 | sort -u); do
   case $folder in bench | examples | tests) continue ;; esac
   grep -q "^$folder:" <<<"$rules" || { echo "$folder/ has no rule in scripts/check_layers.sh." >&2; failed=1; }
-  grep -q "^HeaderFilterRegex:.*[(|]$folder[|)]" .clang-tidy ||
-    { echo ".clang-tidy does not look at the headers of $folder/." >&2; failed=1; }
 done
 for header in $(git ls-files '*/*_studies.h' | grep -vE '^(tests|bench)/'); do
   grep -qw "$(dirname "$header")" <<<"$kinds" ||

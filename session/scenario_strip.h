@@ -11,7 +11,6 @@ class ScenarioStrip : public Tab {
  public:
   ScenarioStrip();
 
-  void SaveData() override;
   ui::LayoutItem Layout() override;
 
   DocumentChooser fdocCBScenario;
@@ -19,8 +18,8 @@ class ScenarioStrip : public Tab {
 
  private:
   void TakeSubRecord(const CKivStudyData&) override {}
-  void ShowNewStudy() override { ShowStoredStudy(); }
-  void ShowStoredStudy() override;
+  /// The host knows the scenario of a new study already.
+  void ShowNewStudy() override { fdocCBScenario.SelectID(Study()->ScenarioID()); }
 };
 
 }  // namespace kiv::session

@@ -5,8 +5,8 @@
 #include <memory>
 #include <utility>
 
-#include "core/fields.h"
-#include "host/services.h"
+#include "base/ascii.h"
+#include "host/scope.h"
 #include "session/study_problems.h"
 #include "session/study_session.h"
 #include "store/exchange/study_files.h"
@@ -21,23 +21,16 @@ namespace {
 class PlannedScenarios {
  public:
   explicit PlannedScenarios(const store::StudyStore& store)
-      : store_(store), before_(host::InstalledServices()), documents_(std::make_shared<Library>()) {
-    documents_->inner = before_.documents;
-    documents_->all = store.Scenarios().List();
-    host::Services services = before_;
-    services.documents = documents_;
-    host::InstallServices(std::move(services));
-  }
-  PlannedScenarios(const PlannedScenarios&) = delete;
-  PlannedScenarios& operator=(const PlannedScenarios&) = delete;
-  ~PlannedScenarios() { host::InstallServices(before_); }
+      : store_(store),
+        documents_(std::make_shared<Library>(host::CurrentServices().documents, store.Scenarios().List())),
+        scope_({.documents = documents_}, host::Rest::AsBefore) {}
 
   /// The number of a scenario, which is planned when there is none of the name.
   std::int32_t Find(const std::string& name) {
     if (name.empty()) return CKivStudyData::kNotGiven;
     if (const auto stored = store_.Scenarios().Find(name)) return *stored;
-    const auto found = std::ranges::find(names_, sql::AsciiUpper(name),
-                                         [](const std::string& planned) { return sql::AsciiUpper(planned); });
+    const auto found = std::ranges::find(names_, AsciiUpper(name),
+                                         [](const std::string& planned) { return AsciiUpper(planned); });
     const auto number = kFirstPlanned - static_cast<std::int32_t>(found - names_.begin());
     if (found == names_.end()) {
       names_.push_back(name);
@@ -51,6 +44,9 @@ class PlannedScenarios {
   static constexpr std::int32_t kFirstPlanned = -2;  // below what stands for no scenario
 
   struct Library : host::DocumentLibrary {
+    Library(std::shared_ptr<host::DocumentLibrary> library, std::vector<host::Document> stored)
+        : inner(std::move(library)), all(std::move(stored)) {}
+
     std::shared_ptr<host::DocumentLibrary> inner;
     std::vector<host::Document> all;
 
@@ -63,8 +59,8 @@ class PlannedScenarios {
   };
 
   const store::StudyStore& store_;
-  host::Services before_;
   std::shared_ptr<Library> documents_;
+  host::Scope scope_;
   std::vector<std::string> names_;
 };
 

@@ -5,15 +5,12 @@
 
 #include <algorithm>
 
+#include "base/ascii.h"
 #include "base/utf16.h"
 
 namespace kiv::store {
 
 namespace {
-
-char LowerAscii(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 /// The letters of every language, whatever language the user has chosen; null where the system has no such
 /// rules.
@@ -36,9 +33,7 @@ std::string LowerCase(std::string_view text) {
     std::ranges::transform(units, units.begin(), LowerUnit);
     return ToUtf8(units);
   }
-  std::string lowered(text);
-  std::ranges::transform(lowered, lowered.begin(), LowerAscii);
-  return lowered;
+  return AsciiLower(text);
 }
 
 }  // namespace kiv::store

@@ -9,8 +9,7 @@ namespace kiv::store {
 
 /// Runs one of the store's own queries.
 inline std::shared_ptr<host::Recordset> Query(host::Database& database, const std::string& sql) {
-  constexpr int kTimeoutSeconds = 60;
-  return database.OpenQuery(sql, kTimeoutSeconds);
+  return database.OpenQuery(sql, host::kQueryTimeoutSeconds);
 }
 
 }  // namespace kiv::store

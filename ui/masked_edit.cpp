@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/ascii.h"
 #include "ui/control_visitor.h"
 
 namespace kiv::ui {
@@ -10,10 +11,6 @@ namespace kiv::ui {
 namespace {
 
 constexpr char kPlace = '#';
-
-bool IsDigit(char character) {
-  return character >= '0' && character <= '9';
-}
 
 }  // namespace
 
@@ -73,7 +70,7 @@ std::size_t MaskedEdit::ShownPosition(std::size_t enteredPosition) const {
 
 std::string MaskedEdit::Accepted(std::string_view text) const {
   std::string accepted(text);
-  if (!mask_.empty()) std::erase_if(accepted, [](char character) { return !IsDigit(character); });
+  if (!mask_.empty()) std::erase_if(accepted, [](char character) { return !IsAsciiDigit(character); });
   return accepted;
 }
 

@@ -13,7 +13,7 @@ namespace kiv::ui {
 
 namespace {
 
-using Kind = LayoutItem::Kind;
+using LayoutKind = LayoutItem::Kind;
 
 /// The columns of a form.
 constexpr int kLabelColumn = 0;
@@ -21,7 +21,7 @@ constexpr int kFieldColumn = 1;
 constexpr int kFormColumns = 2;
 
 bool IsTextBox(const LayoutItem& item) {
-  return item.kind == Kind::Single && dynamic_cast<const TextBox*>(item.control);
+  return item.kind == LayoutKind::Single && dynamic_cast<const TextBox*>(item.control);
 }
 
 bool IsLabel(const Control* control) {
@@ -29,13 +29,13 @@ bool IsLabel(const Control* control) {
 }
 
 bool IsText(const LayoutItem& item) {
-  return item.kind == Kind::Text || (item.kind == Kind::Single && IsLabel(item.control));
+  return item.kind == LayoutKind::Text || (item.kind == LayoutKind::Single && IsLabel(item.control));
 }
 
 /// A number is followed by its unit, or by a word between it and the number behind.
 BoxWidth WidthOf(const std::vector<LayoutItem>& row, std::size_t i) {
-  const bool isFirst = i + 1 < row.size() && row[i + 1].kind == Kind::Text;
-  const bool isSecond = i >= 2 && row[i - 1].kind == Kind::Text && IsTextBox(row[i - 2]);
+  const bool isFirst = i + 1 < row.size() && row[i + 1].kind == LayoutKind::Text;
+  const bool isSecond = i >= 2 && row[i - 1].kind == LayoutKind::Text && IsTextBox(row[i - 2]);
   return isFirst || isSecond ? BoxWidth::Short : BoxWidth::Full;
 }
 
@@ -82,7 +82,7 @@ class PagePlanner {
 
   void Plan(const LayoutItem& page) {
     PlanItem& root = plan_.root_;
-    if (page.kind == Kind::Column) {
+    if (page.kind == LayoutKind::Column) {
       for (const LayoutItem& item : page.items) AddToColumn(root, item);
     } else {
       AddToColumn(root, page);
@@ -125,21 +125,21 @@ struct PagePlanner::Filling {
 
 void PagePlanner::AddToColumn(PlanItem& column, const LayoutItem& item) {
   switch (item.kind) {
-    case Kind::Stretch: return Add(column, StretchDown());
-    case Kind::Column:
-    case Kind::Group:
-    case Kind::Grid:
-    case Kind::Form: return Add(column, Area(item));
-    case Kind::Row: return Add(column, RowOf(item.items, {}));
-    case Kind::Field:
-    case Kind::Single:
-    case Kind::Text: return Add(column, RowOf({item}, {}));
+    case LayoutKind::Stretch: return Add(column, StretchDown());
+    case LayoutKind::Column:
+    case LayoutKind::Group:
+    case LayoutKind::Grid:
+    case LayoutKind::Form: return Add(column, Area(item));
+    case LayoutKind::Row: return Add(column, RowOf(item.items, {}));
+    case LayoutKind::Field:
+    case LayoutKind::Single:
+    case LayoutKind::Text: return Add(column, RowOf({item}, {}));
   }
 }
 
 PlanItem PagePlanner::Area(const LayoutItem& area) {
-  if (area.kind == Kind::Form) return FormOf(area);
-  if (area.kind == Kind::Grid) return GridOf(area);
+  if (area.kind == LayoutKind::Form) return FormOf(area);
+  if (area.kind == LayoutKind::Grid) return GridOf(area);
   PlanItem column = area.control ? ControlPart(*area.control) : PlanItem{};
   column.kind = area.control ? PlanItem::Kind::Group : PlanItem::Kind::Column;
   for (const LayoutItem& item : area.items) AddToColumn(column, item);
@@ -151,7 +151,7 @@ PlanItem PagePlanner::FormOf(const LayoutItem& form) {
   grid.growingColumn = kFieldColumn;
   int line = 0;
   for (const LayoutItem& item : form.items) {
-    if (item.kind == Kind::Field) {
+    if (item.kind == LayoutKind::Field) {
       auto [label, row] = FieldOf(item);
       row.line = label.line = line;
       row.column = kFieldColumn;
@@ -198,8 +198,8 @@ PlanItem PagePlanner::RowOf(const std::vector<LayoutItem>& items, const Naming& 
     const LayoutItem& item = items[i];
     if (!IsUnit(items, i)) filling.AddMarkRoom();
     switch (item.kind) {
-      case Kind::Single: AddControl(filling, *item.control, WidthOf(items, i)); break;
-      case Kind::Text: {
+      case LayoutKind::Single: AddControl(filling, *item.control, WidthOf(items, i)); break;
+      case LayoutKind::Text: {
         PlanItem text = Part(PlanItem::Kind::Text);
         text.text = item.text;
         text.partOf = filling.last;
@@ -207,25 +207,25 @@ PlanItem PagePlanner::RowOf(const std::vector<LayoutItem>& items, const Naming& 
         filling.naming.textBefore = item.text;
         break;
       }
-      case Kind::Stretch:
+      case LayoutKind::Stretch:
         Add(filling.row, StretchAcross());
         filling.isFull = true;
         break;
-      case Kind::Field: {
+      case LayoutKind::Field: {
         auto [label, row] = FieldOf(item);
         if (label.kind != PlanItem::Kind::Column) Add(filling.row, std::move(label));
         Add(filling.row, std::move(row));
         filling.isFull = true;
         break;
       }
-      case Kind::Row:
+      case LayoutKind::Row:
         Add(filling.row, RowOf(item.items, {}));
         filling.isFull = true;
         break;
-      case Kind::Column:
-      case Kind::Group:
-      case Kind::Grid:
-      case Kind::Form:
+      case LayoutKind::Column:
+      case LayoutKind::Group:
+      case LayoutKind::Grid:
+      case LayoutKind::Form:
         Add(filling.row, Area(item));
         filling.isFull = true;
         break;
@@ -298,7 +298,7 @@ PagePlan::PagePlan(const LayoutItem& layout) {
 
 std::string PagePlan::NameOf(Control& control) const {
   const ControlTraits traits = TraitsOf(control);
-  const std::string own = traits.caption ? PlainCaption(*traits.caption) : std::string();
+  std::string own = traits.caption ? PlainCaption(*traits.caption) : std::string();
   const auto found = namings_.find(&control);
   if (found == namings_.end()) return own;
   const Naming& naming = found->second;

@@ -12,12 +12,12 @@ constexpr std::size_t kMostSteps = 8;  // texts that are alike for longer are fe
 
 /// Some characters of a row's text as one number, because comparing long texts that begin alike takes most of
 /// the time of a sort.
-struct Row {
+struct SortedRow {
   std::uint64_t characters;
   std::uint32_t number;
   std::uint32_t text;
 };
-using Place = std::vector<Row>::iterator;
+using Place = std::vector<SortedRow>::iterator;
 
 std::uint64_t CharactersAt(std::string_view text, std::size_t from) {
   std::uint64_t characters = 0;
@@ -28,7 +28,7 @@ std::uint64_t CharactersAt(std::string_view text, std::size_t from) {
 }
 
 void SortWhole(Place begin, Place end, SortDirection direction, const std::vector<std::string_view>& texts) {
-  std::sort(begin, end, [&](const Row& left, const Row& right) {
+  std::sort(begin, end, [&](const SortedRow& left, const SortedRow& right) {
     const int order = texts[left.text].compare(texts[right.text]);
     if (order == 0) return left.number < right.number;
     return direction == SortDirection::Ascending ? order < 0 : order > 0;
@@ -43,17 +43,17 @@ void SortFrom(std::size_t from, Place begin, Place end, SortDirection direction,
     row->characters = CharactersAt(texts[row->text], from);
     if (direction == SortDirection::Descending) row->characters = ~row->characters;
   }
-  const auto before = [](const Row& left, const Row& right) {
+  const auto before = [](const SortedRow& left, const SortedRow& right) {
     return left.characters != right.characters ? left.characters < right.characters
                                                : left.number < right.number;
   };
   if (!std::is_sorted(begin, end, before)) std::sort(begin, end, before);
   while (begin != end) {
-    const Place next = std::find_if(begin, end, [characters = begin->characters](const Row& row) {
+    const Place next = std::find_if(begin, end, [characters = begin->characters](const SortedRow& row) {
       return row.characters != characters;
     });
     const bool goesOn =
-        std::any_of(begin, next, [&](const Row& row) { return texts[row.text].size() > from + kStep; });
+        std::any_of(begin, next, [&](const SortedRow& row) { return texts[row.text].size() > from + kStep; });
     if (goesOn && std::distance(begin, next) > 1) SortFrom(from + kStep, begin, next, direction, texts);
     begin = next;
   }
@@ -63,10 +63,10 @@ void SortFrom(std::size_t from, Place begin, Place end, SortDirection direction,
 
 void SortRowsByText(std::vector<std::uint32_t>& rows, SortDirection direction,
                     const std::vector<std::string_view>& texts) {
-  std::vector<Row> sorted(rows.size());
+  std::vector<SortedRow> sorted(rows.size());
   for (std::uint32_t i = 0; i < rows.size(); ++i) sorted[i] = {0, rows[i], i};
   SortFrom(0, sorted.begin(), sorted.end(), direction, texts);
-  std::transform(sorted.begin(), sorted.end(), rows.begin(), [](const Row& row) { return row.number; });
+  std::transform(sorted.begin(), sorted.end(), rows.begin(), [](const SortedRow& row) { return row.number; });
 }
 
 }  // namespace kiv::ui

@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "core/kiv_study_ctls.h"
-#include "core/numeric_text.h"
+#include "editor/kiv_study_ctls.h"
 #include "editor/number_checks.h"
-#include "vcsa/technology.h"
+#include "vcsa/cell_lookup.h"
 
 namespace kiv {
 
@@ -14,12 +13,13 @@ namespace {
 
 using namespace MKivStudyCtls;
 
-constexpr const char* kDefaultPollingInterval = "60";
+constexpr std::int32_t kDefaultPollingInterval = 60;
 const NumberRange kPollingInterval = {"Polling Interval", 1, 300, "seconds"};
 
 /// Number of categories, from A, that an entry of the shortcut list checks; the number is its item data.
 constexpr std::int32_t kUpToF = 6;
 constexpr std::int32_t kUpToM = 13;
+const ui::ListItem kUpToFEntry = {"All Events AMPS/TDMA (A-F)", kUpToF};
 
 EntityColumn NumberColumn(const char* caption, std::int32_t (CAntenna::*number)() const) {
   return {
@@ -28,7 +28,7 @@ EntityColumn NumberColumn(const char* caption, std::int32_t (CAntenna::*number)(
 }
 
 /// Gives a list the antennas or carriers of every cell.
-void Show(XDDListView& list, const EntityCollection& cells,
+void Show(EntityListView& list, const EntityCollection& cells,
           const std::shared_ptr<AntennaCollection>& (CCell::*entries)() const) {
   auto all = std::make_shared<EntityCollection>();
   for (const auto& entity : cells) {
@@ -61,7 +61,6 @@ XKivVcsDetail::XKivVcsDetail()
   }
   fraAntennas.SetCaption("Antennas (one of each cell)");
   fraCarriers.SetCaption("Carriers (one of each cell)");
-  for (XDDListView* list : {&dlvwAntenna, &dlvwCarrier}) list->SetCheckboxes(true);
   const auto columns = [](EntityColumn last) {
     return std::vector<EntityColumn>{SystemColumn("System"), EcpColumn("ECP"),
                                      NumberColumn("Cell", &CAntenna::CellID), std::move(last)};
@@ -70,59 +69,45 @@ XKivVcsDetail::XKivVcsDetail()
   dlvwCarrier.AddColumns(columns(NumberColumn("Carrier", &CAntenna::CarrierID)));
   chkDirectionalSetup.SetCaption("Collect directional set&up data");
   chkCarrierData.SetCaption("Collect carrier d&ata");
-  txtPollingInterval.SetKeyFilter(NumericKeyFilter);
 
-  checks_.Add(
+  for (std::size_t category = 0; category < chkEvent.Size(); ++category) {
+    auto& event = Bind(chkEvent[category], EventPlace(category));
+    if (category == 0) event.Checked(AnyEvent());
+    chkEvent[category].Changed.Connect([this] {
+      if (!Filling()) ShowEventChoice();
+    });
+  }
+  Bind(txtSingleDn, At(&CKivVcsData::SingleDn, &CKivVcsData::SetSingleDn));
+  Bind(chkDirectionalSetup, At(&CKivVcsData::DirectionalSetup, &CKivVcsData::SetDirectionalSetup));
+  Bind(chkCarrierData, At(&CKivVcsData::CarrierData, &CKivVcsData::SetCarrierData));
+  Bind(txtPollingInterval, At(&CKivStudyData::PollingInterval, &CKivStudyData::SetPollingInterval))
+      .Default(std::to_string(kDefaultPollingInterval))
+      .Checked(NumberChecks(txtPollingInterval, kPollingInterval));
+
+  cboEvent.Changed.Connect([this] { ChooseEvents(); });
+  for (AntennaChoiceList* list : {&dlvwAntenna, &dlvwCarrier}) {
+    list->CollectionChanged.Connect([this] { ReportChange(); });
+  }
+}
+
+void XKivVcsDetail::PrepareControls() {
+  cboEvent.SetItems({kUpToFEntry});
+}
+
+Place<std::string> XKivVcsDetail::EventPlace(std::size_t category) {
+  return {[this, category] { return SubRecord()->Event(category); },
+          [this, category](std::string value) { SubRecord()->SetEvent(category, std::move(value)); }};
+}
+
+CheckList XKivVcsDetail::AnyEvent() {
+  CheckList checks;
+  checks.Add(
       chkEvent[0],
       [this] {
         return std::any_of(chkEvent.begin(), chkEvent.end(), [](const auto& box) { return box.Checked(); });
       },
       "At least one Event Category must be selected.");
-  checks_.Add(
-      txtSingleDn.edit, [this] { return txtSingleDn.Problem().empty(); },
-      [this] { return txtSingleDn.Problem(); });
-  checks_.Append(NumberChecks(txtPollingInterval, kPollingInterval));
-
-  cboEvent.Changed.Connect([this] { ChooseEvents(); });
-  for (ui::CheckBox& box : chkEvent) {
-    box.Changed.Connect([this] { ShowEventChoice(); });
-    ReportChangesOf(box.Changed);
-  }
-  ReportChangesOf(dlvwAntenna.CollectionChanged);
-  ReportChangesOf(dlvwCarrier.CollectionChanged);
-  ReportChangesOf(txtSingleDn.Changed);
-  ReportChangesOf(txtPollingInterval.Changed);
-  ReportChangesOf(chkDirectionalSetup.Changed);
-  ReportChangesOf(chkCarrierData.Changed);
-}
-
-void XKivVcsDetail::LoadState() {
-  cboEvent.SetItems({{"All Events AMPS/TDMA (A-F)", kUpToF}});
-}
-
-void XKivVcsDetail::ShowNewStudy() {
-  for (ui::CheckBox& box : chkEvent) box.SetChecked(false);
-  txtSingleDn.SetText({});
-  txtPollingInterval.SetText(kDefaultPollingInterval);
-  chkDirectionalSetup.SetChecked(false);
-  chkCarrierData.SetChecked(false);
-  ShowEntities();
-}
-
-void XKivVcsDetail::ShowStoredStudy() {
-  const CKivVcsData& data = *SubRecord();
-  for (std::size_t category = 0; category < chkEvent.Size(); ++category) {
-    chkEvent[category].SetChecked(YNToCheckValue(data.Event(category)) != 0);
-  }
-  txtSingleDn.SetText(data.SingleDn());
-  txtPollingInterval.SetText(std::to_string(Study()->PollingInterval()));
-  chkDirectionalSetup.SetChecked(YNToCheckValue(data.DirectionalSetup()) != 0);
-  chkCarrierData.SetChecked(YNToCheckValue(data.CarrierData()) != 0);
-  ShowEntities();
-}
-
-void XKivVcsDetail::TabShown() {
-  ShowEntities();
+  return checks;
 }
 
 /// Shows what belongs to the cells as they are now; choices live in the antennas and carriers themselves.
@@ -133,42 +118,34 @@ void XKivVcsDetail::ShowEntities() {
 
   const bool hasCdma =
       std::any_of(cells.begin(), cells.end(), [](const auto& entity) { return IsCdma(AsCell(entity)); });
-  const FlagGuard busy(busy_);
-  ui::ItemList shortcuts = {{"All Events AMPS/TDMA (A-F)", kUpToF}};
+  const FlagGuard filling = HoldReports();
+  ui::ItemList shortcuts = {kUpToFEntry};
   if (hasCdma) shortcuts.push_back({"All Events AMPS/CDMA (A-M)", kUpToM});
   cboEvent.SetItems(std::move(shortcuts));
   ShowEventChoice();
 }
 
 void XKivVcsDetail::ChooseEvents() {
-  if (busy_ || cboEvent.ListIndex() == ui::kNoSelection) return;
-  const FlagGuard busy(busy_);
-  const auto upTo =
-      static_cast<std::size_t>(cboEvent.Items()[static_cast<std::size_t>(cboEvent.ListIndex())].data);
-  for (std::size_t category = 0; category < chkEvent.Size(); ++category) {
-    chkEvent[category].SetChecked(category < upTo);
+  if (Filling() || cboEvent.ListIndex() == ui::kNoSelection) return;
+  {
+    const FlagGuard filling = HoldReports();
+    const auto upTo =
+        static_cast<std::size_t>(cboEvent.Items()[static_cast<std::size_t>(cboEvent.ListIndex())].data);
+    for (std::size_t category = 0; category < chkEvent.Size(); ++category) {
+      chkEvent[category].SetChecked(category < upTo);
+    }
   }
+  ReportChange();
 }
 
 /// The shortcut that the boxes amount to, or none; so a shortcut can always be chosen anew.
 void XKivVcsDetail::ShowEventChoice() {
-  const FlagGuard busy(busy_);
+  const FlagGuard filling = HoldReports();
   const auto firstClear =
       std::find_if(chkEvent.begin(), chkEvent.end(), [](const auto& box) { return !box.Checked(); });
   const bool isRun = std::none_of(firstClear, chkEvent.end(), [](const auto& box) { return box.Checked(); });
   const auto length = static_cast<std::int32_t>(firstClear - chkEvent.begin());
   cboEvent.SetListIndex(isRun ? FindItemDataIndex(cboEvent.Items(), length) : ui::kNoSelection);
-}
-
-void XKivVcsDetail::SaveData() {
-  CKivVcsData& data = *SubRecord();
-  for (std::size_t category = 0; category < chkEvent.Size(); ++category) {
-    data.SetEvent(category, CheckValueToYN(chkEvent[category].Value()));
-  }
-  data.SetSingleDn(txtSingleDn.Text());
-  data.SetDirectionalSetup(CheckValueToYN(chkDirectionalSetup.Value()));
-  data.SetCarrierData(CheckValueToYN(chkCarrierData.Value()));
-  Study()->SetPollingInterval(NumberOr(txtPollingInterval.Text(), Study()->PollingInterval()));
 }
 
 ui::LayoutItem XKivVcsDetail::Layout() {

@@ -1,71 +1,48 @@
 #include "vcsa/general_tab.h"
 
-#include <algorithm>
 #include <utility>
 
-#include "core/entity_lists.h"
-#include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
-#include "editor/number_checks.h"
-#include "host/constants.h"
-#include "vcsa/technology.h"
+#include "vcsa/cell_lookup.h"
 
 namespace kiv {
 
 namespace {
 
 constexpr std::int32_t kCellsOfOneEcp = 10;
-constexpr std::int32_t kMaxNameLength = 11;  // of the default pattern, expanded
-constexpr const char* kExtension = ".vcs";
-constexpr const char* kDefaultName = "v$YY$MM$DD$HH$MI";
-constexpr const char* kDefaultDuration = "30";
-constexpr const char* kDefaultRetrieveDelay = "15";
 constexpr std::int32_t kQuarterHour = 15;
-const NumberRange kRetrieveDelay = {"Retrieve Delay", 1, 120, "minutes"};
+constexpr MinutesField kMinutes = {kQuarterHour, 480, 30, host::remembered::kVcsDuration};
+constexpr MinutesField kDelay = {1, 120, 15, host::remembered::kVcsRetrieveDelay};
+constexpr DataFileNames kDataFiles = {".vcs", "v$YY$MM$DD$HH$MI", host::remembered::kVcsFilename};
 
-bool IsDuration(const std::string& text) {
-  return IsNumberBetween(text, kQuarterHour, 480) && *ParseNumber(text) % kQuarterHour == 0;
+CheckList QuarterHours(ui::TextBox& box, const char* subject) {
+  const auto quarters = [](std::int32_t count) { return std::to_string(count * kQuarterHour); };
+  CheckList checks;
+  checks.Add(
+      box, [&box] { return IsNumeric(box.Text()); }, NotNumericText(subject));
+  checks.Add(
+      box,
+      [&box] {
+        return IsNumberBetween(box.Text(), kMinutes.low, kMinutes.high) &&
+               *ParseNumber(box.Text()) % kQuarterHour == 0;
+      },
+      RangeText({subject, kMinutes.low, kMinutes.high, "minutes"}) +
+          " and \r\nexpressed in increments of quarter hours (" + quarters(1) + ", " + quarters(2) + ", " +
+          quarters(3) + ",etc).");
+  return checks;
 }
 
-/// The antennas or carriers that really are the cell's own.
-bool HoldsOnlyOwn(const CCell& cell, const AntennaCollection& entries) {
-  return std::all_of(entries.begin(), entries.end(),
-                     [&cell](const auto& entry) { return entry->SharesEcpWith(cell); });
-}
-
-std::shared_ptr<CCell> WithoutLists(const CCell& cell) {
-  auto copy = MakeCell(cell.ID(), cell.InstanceID(), cell.SystemID(), cell.EcpID(), cell.CellID());
-  copy->SetTechType(cell.TechType());
-  return copy;
-}
-
-/// Adds the carriers of a cell's own that it does not have yet.
-void AddOwnCarriers(CCell& cell, const AntennaCollection& carriers) {
-  for (const auto& carrier : carriers) {
-    if (!carrier->SharesEcpWith(cell)) continue;
-    cell.AddCarrier(carrier->Instance_Id(), std::to_string(carrier->SystemID()),
-                    std::to_string(carrier->EcpID()), std::to_string(carrier->CellID()),
-                    std::to_string(carrier->CarrierID()), carrier->Selected());
-  }
-}
-
-/// The stored lists are read by cell number alone, so a cell may have got those of its namesake on another
-/// ECP as well.
-std::shared_ptr<CCell> WithOwnOnly(const CCell& cell) {
-  auto own = WithoutLists(cell);
-  for (const auto& antenna : Required(cell.Antennas())) {
-    if (!antenna->SharesEcpWith(cell)) continue;
-    own->AddAntenna(antenna->Instance_Id(), antenna->SystemID(), antenna->EcpID(), antenna->CellID(),
-                    antenna->AntennaID(), antenna->Selected());
-  }
-  AddOwnCarriers(*own, Required(cell.Carriers()));
-  return own;
+CheckList AtLeastOneCell(XDDListView& list) {
+  CheckList checks;
+  checks.Add(
+      list, [&list] { return Required(list.TheCollection()).Count() > 0; }, kNoCellText);
+  return checks;
 }
 
 }  // namespace
 
 XKivVcsGen::XKivVcsGen()
-    : TabOf(kClassName, "General"),
+    : GeneralTabOf(kClassName, WhenEmpty::Show),
       fraCells(this, "fraCells"),
       dlvwCell(&fraCells, "dlvwCell"),
       XDest(this, "XDest"),
@@ -84,104 +61,34 @@ XKivVcsGen::XKivVcsGen()
                         }}});
   dlvwCell.EntityAdded.Connect([this](const std::shared_ptr<CEntity>& cell) {
     cell->SetID(Required(Study()).ID());
-    CompleteCell(AsCell(cell));
+    CompleteCell(*SubRecord(), AsCell(cell));
   });
-  txtDuration.SetKeyFilter(MKivStudyCtls::NumericKeyFilter);
-  txtRetrieveDelay.SetKeyFilter(MKivStudyCtls::NumericKeyFilter);
 
-  checks_.Add(
-      dlvwCell, [this] { return Required(dlvwCell.TheCollection()).Count() > 0; },
-      "Please select at least one cell for the study.");
-  checks_.Append(XDest.PathChecks());
-  checks_.Append(XDest.FilenameChecks());
-  checks_.Add(
-      txtDuration, [this] { return IsNumeric(txtDuration.Text()); }, "Study Duration must be numeric.");
-  checks_.Add(
-      txtDuration, [this] { return IsDuration(txtDuration.Text()); },
-      "Study Duration must be between 15 and 480 minutes inclusive and \r\n"
-      "expressed in increments of quarter hours (15, 30, 45,etc).");
-  checks_.Append(NumberChecks(txtRetrieveDelay, kRetrieveDelay));
-
-  RememberDestination(XDest, host::remembered::kVcsFilename);
-  Remember(host::remembered::kVcsDuration, txtDuration);
-  Remember(host::remembered::kVcsRetrieveDelay, txtRetrieveDelay);
-
-  ReportChangesOf(dlvwCell.CollectionChanged);
-  ReportChangesOf(XDest.Changed);
-  ReportChangesOf(txtDuration.Changed);
-  ReportChangesOf(txtRetrieveDelay.Changed);
+  const PageField& duration = BindDuration(txtDuration, kMinutes, QuarterHours(txtDuration, kDuration));
+  const PageField& delay = BindRetrieveDelay(txtRetrieveDelay, kDelay);
+  const PageField& dataFile = BindDataFile(XDest, kDataFiles);
+  const PageField& cells =
+      Bind(dlvwCell, At(&CKivVcsData::Cells, &CKivVcsData::SetCells)).Checked(AtLeastOneCell(dlvwCell));
+  CheckInOrder({&cells, &dataFile, &duration, &delay});
 }
 
-bool XKivVcsGen::IsTabValid(const std::string& hostText) {
-  if (!Tab::IsTabValid(hostText)) return false;
+bool XKivVcsGen::Validate() {
+  if (!Tab::Validate()) return false;
   RememberValues();
   return true;
 }
 
-void XKivVcsGen::LoadState() {
-  XDest.Init(kMaxNameLength, kExtension);
-}
-
-void XKivVcsGen::ShowNewStudy() {
-  XDest.SetStudyID(Study()->ID());
-  XDest.SetPath({});
-  XDest.SetFilename(kDefaultName);
-  txtDuration.SetText(kDefaultDuration);
-  txtRetrieveDelay.SetText(kDefaultRetrieveDelay);
-  ShowRememberedValues();
-  dlvwCell.SetTheCollection(SubRecord()->Cells());
-  dlvwCell.Display();
-}
-
+/// The list has the cells as they are stored already, and keeps them so when the configuration fails.
 void XKivVcsGen::ShowStoredStudy() {
-  XDest.SetStudyID(Study()->ID());
-  txtDuration.SetText(std::to_string(Study()->Duration()));
-  txtRetrieveDelay.SetText(std::to_string(Study()->RetrieveDelay()));
-  XDest.SetPath(SubRecord()->Path());
-  XDest.SetFilename(SubRecord()->DataFile());
-  CompleteStoredCells();
+  SubRecord()->SetCells(CompletedCells(*SubRecord()));
   dlvwCell.SetTheCollection(SubRecord()->Cells());
   dlvwCell.Display();
-}
-
-/// Adds what the configuration knows of a cell; choices that are there already stay.
-void XKivVcsGen::CompleteCell(CCell& cell) const {
-  cell.SetTechType(MSQL::FindCellTech(cell.InstanceID()));
-  SubRecord()->LookupAntenna(cell);
-  if (!IsCdma(cell)) return;
-  // A cell that has carriers already would not be given those of its CGSA.
-  const auto configured = WithoutLists(cell);
-  SubRecord()->LookupCarrier(*configured);
-  AddOwnCarriers(cell, Required(configured->Carriers()));
-}
-
-void XKivVcsGen::CompleteStoredCells() {
-  const EntityCollection& stored = Required(SubRecord()->Cells());
-  const bool mixed = std::any_of(stored.begin(), stored.end(), [](const auto& entity) {
-    const CCell& cell = AsCell(entity);
-    return !HoldsOnlyOwn(cell, Required(cell.Antennas())) || !HoldsOnlyOwn(cell, Required(cell.Carriers()));
-  });
-  if (mixed) {
-    auto own = std::make_shared<EntityCollection>();
-    for (const auto& entity : stored) own->Add(WithOwnOnly(AsCell(entity)), entity->Key());
-    SubRecord()->SetCells(std::move(own));
-  }
-  for (const auto& entity : *SubRecord()->Cells()) CompleteCell(AsCell(entity));
-}
-
-void XKivVcsGen::SaveData() {
-  Study()->SetDuration(NumberOr(txtDuration.Text(), Study()->Duration()));
-  Study()->SetRetrieveDelay(NumberOr(txtRetrieveDelay.Text(), Study()->RetrieveDelay()));
-  SubRecord()->SetPath(XDest.Path());
-  SubRecord()->SetDataFile(XDest.Filename());
-  SubRecord()->SetCells(dlvwCell.TheCollection());
 }
 
 ui::LayoutItem XKivVcsGen::Layout() {
   using namespace ui;
   return Column({Group(fraCells, {Single(dlvwCell)}), XDest.Layout(),
-                 Form({Field("Study &duration:", {Single(txtDuration), Text("minutes")}),
-                       Field("&Retrieve delay:", {Single(txtRetrieveDelay), Text("minutes")})})});
+                 Form({DurationRow(txtDuration), RetrieveDelayRow(txtRetrieveDelay)})});
 }
 
 }  // namespace kiv

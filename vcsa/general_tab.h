@@ -2,23 +2,20 @@
 
 #include "editor/data_file_destination.h"
 #include "editor/dd_list_view.h"
-#include "editor/tab.h"
+#include "editor/general_tab.h"
 #include "ui/text_box.h"
 #include "vcsa/vcs_data.h"
 
 namespace kiv {
 
-/// First tab of a VCSA study: its cells, its data file, how long it runs and when its data are retrieved.
-class XKivVcsGen : public TabOf<CKivVcsData> {
+/// First tab of a VCSA study: its cells, its data file, how long it runs and when its data are retrieved. A
+/// drop changes the cells of the record at once; the other values are written when the study is saved.
+class XKivVcsGen : public GeneralTabOf<CKivVcsData> {
  public:
   static constexpr const char* kClassName = "XKivVcsGen";
 
   XKivVcsGen();
 
-  bool IsTabValid(const std::string& hostText) override;
-  void LoadState() override;
-  void SaveData() override;
-  void ShowIdentifier() override { XDest.SetStudyID(Study()->ID()); }
   ui::LayoutItem Layout() override;
 
   ui::Frame fraCells;
@@ -28,10 +25,9 @@ class XKivVcsGen : public TabOf<CKivVcsData> {
   ui::TextBox txtRetrieveDelay;  ///< minutes
 
  private:
-  void ShowNewStudy() override;
   void ShowStoredStudy() override;
-  void CompleteCell(CCell& cell) const;
-  void CompleteStoredCells();
+  /// Remembers the values of a valid page.
+  bool Validate() override;
 };
 
 }  // namespace kiv

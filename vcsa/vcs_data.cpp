@@ -27,10 +27,7 @@ std::span<const RecordField<CKivVcsData>> CKivVcsData::Fields() {
     std::vector<RecordField<Data>> all = {
         {"ID", &Data::id_, FieldRole::Key}, {"Path", &Data::path_}, {"DataFile", &Data::dataFile_}};
     for (std::size_t category = 0; category < kEventCategories; ++category) {
-      all.push_back(
-          {eventNames[category], ElementOf<Data, std::string>{[category](Data& data) -> std::string& {
-             return data.events_[category];
-           }}});
+      all.push_back({eventNames[category], TextElement<Data>::Of(&Data::events_, category)});
     }
     all.push_back({"SingleDn", &Data::singleDn_});
     all.push_back({"DirectionalSetup", &Data::directionalSetup_});
@@ -41,14 +38,9 @@ std::span<const RecordField<CKivVcsData>> CKivVcsData::Fields() {
 }
 
 void CKivVcsData::Initialize(std::int32_t id, std::array<std::string, kTexts> texts) {
-  id_ = id;
-  auto text = texts.begin();
-  path_ = std::move(*text++);
-  dataFile_ = std::move(*text++);
-  for (std::string& event : events_) event = std::move(*text++);
-  singleDn_ = std::move(*text++);
-  directionalSetup_ = std::move(*text++);
-  carrierData_ = std::move(*text++);
+  std::vector<Variant> values = {id};
+  values.insert(values.end(), std::make_move_iterator(texts.begin()), std::make_move_iterator(texts.end()));
+  SetFields(*this, Fields(), values);
 }
 
 void CKivVcsData::AddCell(std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,

@@ -77,7 +77,7 @@ int List(Program& program, const Options& options, std::ostream& out) {
     PrintDeletedStudies(program.Store().History().DeletedStudies(), options.Format(), out);
     return kOk;
   }
-  PrintStudies(program.Store().List(), options.Format(), out);
+  PrintStudies(program.Store(), options.Format(), out);
   return kOk;
 }
 

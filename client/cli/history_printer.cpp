@@ -1,7 +1,6 @@
 #include "client/cli/history_printer.h"
 
 #include <ostream>
-#include <utility>
 
 #include "client/cli/text_table.h"
 #include "store/exchange/json.h"
@@ -39,18 +38,19 @@ store::Json JsonOf(const store::HistoryEntry& entry) {
 
 void PrintHistory(const std::vector<HistoryStep>& steps, OutputFormat format, std::ostream& out) {
   store::Json list = store::Json::array();
-  std::vector<std::vector<std::string>> lines = {{"REVISION", "WHEN", "WHO", "WHAT", "CHANGED"}};
+  TextTable table(5);
+  table.AddLine({"REVISION", "WHEN", "WHO", "WHAT", "CHANGED"});
   for (const HistoryStep& step : steps) {
     const store::HistoryEntry& entry = step.entry;
     list.push_back(JsonOf(entry));
     list.back()["changes"] = JsonOf(step.differences);
-    lines.push_back({std::to_string(entry.revision), store::LocalTimeText(entry.changedAt), entry.changedBy,
-                     std::string(store::EventName(entry.event)), store::SummaryOf(step.differences)});
+    table.AddLine({std::to_string(entry.revision), store::LocalTimeText(entry.changedAt), entry.changedBy,
+                   store::EventName(entry.event), store::SummaryOf(step.differences)});
   }
   if (format == OutputFormat::Json) {
     out << store::ShownJson(list) << '\n';
   } else {
-    PrintTable(std::move(lines), out);
+    table.Print(out);
   }
 }
 
@@ -61,26 +61,27 @@ void PrintDifferences(const std::vector<store::StudyDifference>& differences, Ou
     return;
   }
   if (differences.empty()) out << "Nothing was changed.\n";
-  std::vector<std::vector<std::string>> lines;
+  TextTable table(2);
   for (const store::StudyDifference& difference : differences) {
-    lines.push_back({difference.place, DifferenceText(difference)});
+    table.AddLine({difference.place, DifferenceText(difference)});
   }
-  PrintTable(std::move(lines), out);
+  table.Print(out);
 }
 
 void PrintDeletedStudies(const std::vector<store::HistoryEntry>& studies, OutputFormat format,
                          std::ostream& out) {
   store::Json list = store::Json::array();
-  std::vector<std::vector<std::string>> lines = {{"ID", "KIND", "NAME", "DELETED BY", "DELETED AT"}};
+  TextTable table(5);
+  table.AddLine({"ID", "KIND", "NAME", "DELETED BY", "DELETED AT"});
   for (const store::HistoryEntry& entry : studies) {
     list.push_back(JsonOf(entry));
-    lines.push_back({std::to_string(entry.study), entry.kind, entry.name, entry.changedBy,
-                     store::LocalTimeText(entry.changedAt)});
+    table.AddLine({std::to_string(entry.study), entry.kind, entry.name, entry.changedBy,
+                   store::LocalTimeText(entry.changedAt)});
   }
   if (format == OutputFormat::Json) {
     out << store::ShownJson(list) << '\n';
   } else {
-    PrintTable(std::move(lines), out);
+    table.Print(out);
   }
 }
 

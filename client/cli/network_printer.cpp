@@ -16,14 +16,13 @@ namespace kiv::client {
 
 namespace {
 
-using Outcome = store::NetworkReport::Outcome;
-
-std::string_view OutcomeWord(Outcome outcome) {
+std::string_view OutcomeWord(store::NetworkReport::Outcome outcome) {
+  using enum store::NetworkReport::Outcome;
   switch (outcome) {
-    case Outcome::Good: return "good";
-    case Outcome::Imported: return "imported";
-    case Outcome::Refused: return "refused";
-    case Outcome::Cancelled: return "cancelled";
+    case Good: return "good";
+    case Imported: return "imported";
+    case Refused: return "refused";
+    case Cancelled: return "cancelled";
   }
   return "";
 }
@@ -62,7 +61,7 @@ void PrintNetworkReport(const store::NetworkReport& report, OutputFormat format,
     err << TerminalText(file) << ": ignored, it is not one of the files of a network\n";
   }
   for (const store::BadLine& bad : report.badLines) err << TerminalText(BadLineText(bad)) << '\n';
-  (report.outcome == Outcome::Refused ? err : out) << OutcomeText(report) << '\n';
+  (report.outcome == store::NetworkReport::Outcome::Refused ? err : out) << OutcomeText(report) << '\n';
 }
 
 store::ImportProgress ProgressOnTerminal(std::ostream& stream) {

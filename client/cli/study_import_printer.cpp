@@ -10,13 +10,12 @@ namespace kiv::client {
 
 namespace {
 
-using Outcome = session::StudyImportReport::Outcome;
-
-const char* OutcomeWord(Outcome outcome) {
+const char* OutcomeWord(session::StudyImportReport::Outcome outcome) {
+  using enum session::StudyImportReport::Outcome;
   switch (outcome) {
-    case Outcome::Good: return "good";
-    case Outcome::Imported: return "imported";
-    case Outcome::Refused: return "refused";
+    case Good: return "good";
+    case Imported: return "imported";
+    case Refused: return "refused";
   }
   return "";
 }
@@ -47,14 +46,15 @@ void PrintJson(const session::StudyImportReport& report, std::ostream& out) {
 void PrintStudyImport(const session::StudyImportReport& report, OutputFormat format, std::ostream& out,
                       std::ostream& err) {
   if (format == OutputFormat::Json) return PrintJson(report, out);
-  if (report.outcome == Outcome::Imported) {
+  if (report.outcome == session::StudyImportReport::Outcome::Imported) {
     for (const session::StudyImportReport::Entry& study : report.studies) {
       out << "Study " << study.id << " \"" << TerminalText(study.name) << "\"\n";
     }
   }
   for (const session::ImportProblem& problem : report.problems)
     err << TerminalText(ImportProblemText(problem)) << '\n';
-  (report.outcome == Outcome::Refused ? err : out) << TerminalText(OutcomeText(report)) << '\n';
+  (report.outcome == session::StudyImportReport::Outcome::Refused ? err : out)
+      << TerminalText(OutcomeText(report)) << '\n';
 }
 
 }  // namespace kiv::client

@@ -56,10 +56,10 @@ void PrintList(const StoredList& list, const std::string& indent, std::ostream& 
 
 }  // namespace
 
-void PrintStudies(const std::vector<store::StudySummary>& studies, OutputFormat format, std::ostream& out) {
+void PrintStudies(const store::StudyStore& store, OutputFormat format, std::ostream& out) {
   if (format == OutputFormat::Json) {
     store::Json list = store::Json::array();
-    for (const store::StudySummary& study : studies) {
+    store.ForEach([&list](const store::StudySummary& study) {
       list.push_back({{"id", study.id},
                       {"kind", study.kind},
                       {"name", study.name},
@@ -67,18 +67,17 @@ void PrintStudies(const std::vector<store::StudySummary>& studies, OutputFormat 
                       {"durationMinutes", store::NumberOrNull(study.duration)},
                       {"modifiedBy", study.modifiedBy},
                       {"modifiedAt", study.modifiedAt}});
-    }
+    });
     out << store::ShownJson(list) << '\n';
     return;
   }
-  std::vector<std::vector<std::string>> lines = {
-      {"ID", "KIND", "NAME", "SCENARIO", "MINUTES", "CHANGED BY", "CHANGED AT"}};
-  lines.reserve(studies.size() + 1);
-  for (const store::StudySummary& study : studies) {
-    lines.push_back({std::to_string(study.id), study.kind, study.name, study.scenario,
-                     MinutesText(study.duration), study.modifiedBy, study.modifiedAt});
-  }
-  PrintTable(std::move(lines), out);
+  TextTable table(7);
+  table.AddLine({"ID", "KIND", "NAME", "SCENARIO", "MINUTES", "CHANGED BY", "CHANGED AT"});
+  store.ForEach([&table](const store::StudySummary& study) {
+    table.AddLine({std::to_string(study.id), study.kind, study.name, study.scenario,
+                   MinutesText(study.duration), study.modifiedBy, study.modifiedAt});
+  });
+  table.Print(out);
 }
 
 void PrintStudy(const store::Study& study, const std::vector<host::Document>& scenarios, OutputFormat format,

@@ -12,7 +12,7 @@
 /// Studies as text for people or as JSON for programs.
 namespace kiv::client {
 
-void PrintStudies(const std::vector<store::StudySummary>& studies, OutputFormat format, std::ostream& out);
+void PrintStudies(const store::StudyStore& store, OutputFormat format, std::ostream& out);
 
 /// What belongs to the study's kind is left out when the study has none.
 void PrintStudy(const store::Study& study, const std::vector<host::Document>& scenarios, OutputFormat format,

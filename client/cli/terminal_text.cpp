@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <span>
 
 #include "base/utf16.h"
@@ -38,8 +39,21 @@ bool IsIn(std::span<const Range> ranges, char32_t character) {
   });
 }
 
+bool IsPlain(char byte) {
+  return byte >= ' ' && byte < 0x7F;
+}
+
+/// Whether every byte is a character that is shown in one column; long lists are mostly of such.
 bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char byte) { return byte >= ' ' && byte < 0x7F; });
+  constexpr std::uint64_t kOnes = 0x0101010101010101;
+  constexpr std::uint64_t kHighBits = 0x80 * kOnes;
+  for (; text.size() >= sizeof(std::uint64_t); text.remove_prefix(sizeof(std::uint64_t))) {
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, text.data(), sizeof bytes);
+    // The first byte that is 0x7F or below ' ' gets a high bit by the addition or the subtraction.
+    if (((bytes | (bytes + kOnes) | (bytes - ' ' * kOnes)) & kHighBits) != 0) return false;
+  }
+  return std::all_of(text.begin(), text.end(), IsPlain);
 }
 
 /// Takes the first character, of one or two units, off the text.
@@ -62,6 +76,28 @@ std::string Number(char32_t character) {
 
 }  // namespace
 
+std::size_t TerminalWidth(std::string_view text) {
+  if (IsAscii(text)) return text.size();
+  const std::u16string units = ToUtf16(text);
+  std::size_t width = 0;
+  for (std::u16string_view rest = units; !rest.empty();) {
+    const char32_t character = TakeCharacter(rest);
+    if (IsIn(kCombining, character)) continue;
+    width += IsIn(kWide, character) ? 2 : 1;
+  }
+  return width;
+}
+
+std::size_t AppendTerminalText(std::string_view text, std::string& to) {
+  if (IsAscii(text)) {
+    to += text;
+    return text.size();
+  }
+  const std::string shown = TerminalText(text);
+  to += shown;
+  return TerminalWidth(shown);
+}
+
 std::string TerminalText(std::string_view text) {
   if (IsAscii(text)) return std::string(text);
   const std::u16string units = ToUtf16(text);
@@ -73,18 +109,6 @@ std::string TerminalText(std::string_view text) {
                                         : ToUtf8(before.substr(0, before.size() - rest.size()));
   }
   return shown;
-}
-
-std::size_t TerminalWidth(std::string_view text) {
-  if (IsAscii(text)) return text.size();
-  const std::u16string units = ToUtf16(text);
-  std::size_t width = 0;
-  for (std::u16string_view rest = units; !rest.empty();) {
-    const char32_t character = TakeCharacter(rest);
-    if (IsIn(kCombining, character)) continue;
-    width += IsIn(kWide, character) ? 2 : 1;
-  }
-  return width;
 }
 
 }  // namespace kiv::client

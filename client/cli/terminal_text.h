@@ -14,4 +14,7 @@ std::string TerminalText(std::string_view text);
 /// How many columns a terminal takes for a text of TerminalText.
 std::size_t TerminalWidth(std::string_view text);
 
+/// Puts the text of TerminalText at the end of another one. Returns its width.
+std::size_t AppendTerminalText(std::string_view text, std::string& to);
+
 }  // namespace kiv::client

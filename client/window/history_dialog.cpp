@@ -16,15 +16,14 @@
 #include "client/window/cut_text_tips.h"
 #include "client/window/messages.h"
 #include "client/window/plain_table.h"
+#include "qt/text.h"
 #include "store/times.h"
 
 namespace kiv::client {
 
 namespace {
 
-QString ToQt(const std::string& text) {
-  return QString::fromStdString(text);
-}
+using qt::ToQt;
 
 /// A table to read, filled row by row.
 class TextTable : public QTableWidget {

@@ -80,7 +80,7 @@ MainWindow::MainWindow(Program& program)
   list_->Reader().Failed.Connect(TellFailure);
   connect(tabs_, &QTabWidget::tabCloseRequested, this, [this](int index) { CloseEditor(index); });
   connect(tabs_, &QTabWidget::currentChanged, this, [this] { ShowState(); });
-  program_.Settings().appGeneralState_StateChange.Connect([this] { ShowState(); });
+  settingsChanged_ = host::TheEvents().appGeneralState_StateChange.Connect([this] { ShowState(); });
 
   resize(fontMetrics().averageCharWidth() * 226, fontMetrics().height() * 48);
   const QSettings settings = WindowSettings(program_.Settings());

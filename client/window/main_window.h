@@ -102,6 +102,7 @@ class MainWindow : public QMainWindow {
   std::vector<QAction*> listActions_;      // need a selected study
   QAction* historyAction_ = nullptr;       // needs a stored study
   std::vector<QAction*> writingActions_;   // of those above, what needs a database that can be written
+  ScopedConnection settingsChanged_;
 };
 
 }  // namespace kiv::client

@@ -6,8 +6,7 @@
 namespace kiv::client {
 
 void Tell(const std::string& text) {
-  host::MessageBoxes& messages = host::TheMessageBoxes();
-  messages.Show(text, host::MessageStyle::Critical, messages.ApplicationTitle());
+  host::ShowMessage(text);
 }
 
 void TellFailure(const std::exception& failure) {

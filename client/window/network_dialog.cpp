@@ -17,6 +17,7 @@
 #include "client/window/messages.h"
 #include "client/window/window_settings.h"
 #include "host/services.h"
+#include "qt/text.h"
 #include "store/network/network_import.h"
 #include "store/store_error.h"
 
@@ -26,9 +27,7 @@ namespace {
 
 constexpr const char* kFolderKey = "Network/ImportFolder";
 
-QString ToQt(const std::string& text) {
-  return QString::fromStdString(text);
-}
+using qt::ToQt;
 
 std::vector<FaultList::Fault> FaultsOf(const std::vector<store::BadLine>& badLines) {
   std::vector<FaultList::Fault> faults;

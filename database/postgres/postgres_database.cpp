@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/ascii.h"
 #include "database/postgres/postgres_layout.h"
 #include "database/postgres/postgres_url.h"
 #include "database/row_buffer.h"
@@ -41,12 +42,20 @@ constexpr const char* kSessionSettings =
     "SET standard_conforming_strings = on; SET backslash_quote = safe_encoding; SET lock_timeout = '5s'; "
     "SET DateStyle = ISO; SET extra_float_digits = 1";
 
+void RequireLibrary(const std::string& name) {
+  try {
+    Pq();
+  } catch (const Error& error) {
+    throw OpenError(OpenProblem::NoClientLibrary, name, error.what());
+  }
+}
+
 void RefuseBadAddress(const std::string& url, const std::string& name) {
   PQconninfoOption* const options =
-      url.find('\0') == std::string::npos ? PQconninfoParse(url.c_str(), nullptr) : nullptr;
+      url.find('\0') == std::string::npos ? Pq().PQconninfoParse(url.c_str(), nullptr) : nullptr;
   // The library's own words might repeat a password.
   if (!options) throw OpenError(OpenProblem::BadAddress, name);
-  PQconninfoFree(options);
+  Pq().PQconninfoFree(options);
 }
 
 PGconn* Connect(const std::string& url) {
@@ -60,7 +69,7 @@ PGconn* Connect(const std::string& url) {
   add({"dbname", url.c_str()});
   add({"client_encoding", "UTF8"});
   add({nullptr, nullptr});
-  return PQconnectdbParams(keywords.data(), values.data(), 1);
+  return Pq().PQconnectdbParams(keywords.data(), values.data(), 1);
 }
 
 /// How the text of a column is read; numbers by the identifiers of the types, which never change.
@@ -102,31 +111,35 @@ void AppendCell(RowBuffer& rows, ColumnType type, std::string_view text) {
   }
 }
 
+std::string_view TextAt(const PGresult* result, int row, int field) {
+  return {Pq().PQgetvalue(result, row, field),
+          static_cast<std::size_t>(Pq().PQgetlength(result, row, field))};
+}
+
 std::shared_ptr<host::Recordset> RowsOf(const PGresult* result) {
-  const int fieldCount = PQnfields(result);
+  const int fieldCount = Pq().PQnfields(result);
   std::vector<std::string> names;
   std::vector<ColumnType> types;
   for (int field = 0; field < fieldCount; ++field) {
-    names.emplace_back(PQfname(result, field));
-    types.push_back(TypeOf(PQftype(result, field)));
+    names.emplace_back(Pq().PQfname(result, field));
+    types.push_back(TypeOf(Pq().PQftype(result, field)));
   }
   RowBuffer rows(std::move(names));
-  const int rowCount = PQntuples(result);
+  const int rowCount = Pq().PQntuples(result);
   for (int row = 0; row < rowCount; ++row) {
     for (int field = 0; field < fieldCount; ++field) {
-      if (PQgetisnull(result, row, field) != 0) {
+      if (Pq().PQgetisnull(result, row, field) != 0) {
         rows.AppendNull();
         continue;
       }
-      const auto length = static_cast<std::size_t>(PQgetlength(result, row, field));
-      AppendCell(rows, types[static_cast<std::size_t>(field)], {PQgetvalue(result, row, field), length});
+      AppendCell(rows, types[static_cast<std::size_t>(field)], TextAt(result, row, field));
     }
   }
   return std::make_shared<BufferedRecordset>(std::move(rows));
 }
 
 /// A dotted name, each part in quotes, in the letter case in which an unquoted name is found.
-std::string QuotedName(const std::string& name) {
+std::string QuotedDottedName(const std::string& name) {
   std::string quoted = "\"";
   for (const char character : name) {
     if (character == '.') {
@@ -134,7 +147,7 @@ std::string QuotedName(const std::string& name) {
     } else if (character == '"') {
       quoted += "\"\"";
     } else {
-      quoted += character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+      quoted += ToAsciiLower(character);
     }
   }
   return quoted + '"';
@@ -144,9 +157,10 @@ std::string QuotedName(const std::string& name) {
 
 std::shared_ptr<PostgresDatabase> PostgresDatabase::Open(const std::string& url) {
   std::string name = WithoutPassword(url);
+  RequireLibrary(name);
   RefuseBadAddress(url, name);
   ConnectionHandle connection(Connect(url));
-  if (PQstatus(connection.get()) != CONNECTION_OK) {
+  if (Pq().PQstatus(connection.get()) != CONNECTION_OK) {
     throw OpenError(OpenProblem::Unreachable, name, ConnectionText(connection.get()));
   }
   std::shared_ptr<PostgresDatabase> database(new PostgresDatabase(std::move(name), std::move(connection)));
@@ -161,13 +175,13 @@ std::shared_ptr<PostgresDatabase> PostgresDatabase::Open(const std::string& url)
 PostgresDatabase::PostgresDatabase(std::string name, ConnectionHandle connection)
     : name_(std::move(name)), connection_(std::move(connection)) {
   // Notices would go to the standard error stream.
-  PQsetNoticeProcessor(
+  Pq().PQsetNoticeProcessor(
       connection_.get(), [](void*, const char*) {}, nullptr);
 }
 
 void PostgresDatabase::Configure() {
-  const ResultHandle result(PQexec(connection_.get(), kSessionSettings));
-  if (PQresultStatus(result.get()) != PGRES_COMMAND_OK) {
+  const ResultHandle result(Pq().PQexec(connection_.get(), kSessionSettings));
+  if (Pq().PQresultStatus(result.get()) != PGRES_COMMAND_OK) {
     throw PostgresError(connection_.get(), result.get(), kSessionSettings);
   }
   timeoutSeconds_ = kNoTimeout;
@@ -175,33 +189,33 @@ void PostgresDatabase::Configure() {
 
 void PostgresDatabase::RequireConnection(const std::string& sql) {
   if (InTransaction() || Connected()) return;
-  PQreset(connection_.get());
-  if (PQstatus(connection_.get()) != CONNECTION_OK) throw PostgresError(connection_.get(), nullptr, sql);
+  Pq().PQreset(connection_.get());
+  if (Pq().PQstatus(connection_.get()) != CONNECTION_OK) throw PostgresError(connection_.get(), nullptr, sql);
   Configure();
 }
 
 bool PostgresDatabase::Connected() const {
   // A server that is gone has said so, or its system has; that is there to read without asking it.
-  while (PQstatus(connection_.get()) == CONNECTION_OK) {
-    pollfd input = {PQsocket(connection_.get()), POLLIN, 0};
+  while (Pq().PQstatus(connection_.get()) == CONNECTION_OK) {
+    pollfd input = {Pq().PQsocket(connection_.get()), POLLIN, 0};
     if (poll(&input, 1, 0) <= 0) return true;
-    if (PQconsumeInput(connection_.get()) == 0) return false;
-    PQisBusy(connection_.get());  // takes the messages out, so that the end of the input comes next
+    if (Pq().PQconsumeInput(connection_.get()) == 0) return false;
+    Pq().PQisBusy(connection_.get());  // takes the messages out, so that the end of the input comes next
   }
   return false;
 }
 
-std::shared_ptr<host::Recordset> PostgresDatabase::Run(const std::string& sql, int timeoutSeconds,
-                                                       Arguments arguments) {
+PostgresDatabase::ResultHandle PostgresDatabase::Answered(const std::string& sql, int timeoutSeconds,
+                                                          Arguments arguments) {
   const auto hasNul = [](std::string_view text) { return text.find('\0') != std::string_view::npos; };
   if (hasNul(sql) || std::ranges::any_of(arguments, hasNul)) {
     throw host::DatabaseError("A statement must not contain a NUL character.", sql);
   }
   RequireConnection(sql);
-  const ResultHandle result = Ask(sql, std::clamp(timeoutSeconds, 0, kLongestTimeoutSeconds), arguments);
-  switch (PQresultStatus(result.get())) {
-    case PGRES_COMMAND_OK: return nullptr;
-    case PGRES_TUPLES_OK: return RowsOf(result.get());
+  ResultHandle result = Ask(sql, std::clamp(timeoutSeconds, 0, kLongestTimeoutSeconds), arguments);
+  switch (Pq().PQresultStatus(result.get())) {
+    case PGRES_COMMAND_OK:
+    case PGRES_TUPLES_OK: return result;
     case PGRES_EMPTY_QUERY: throw host::DatabaseError("The statement is empty.", sql);
     default: break;
   }
@@ -209,11 +223,28 @@ std::shared_ptr<host::Recordset> PostgresDatabase::Run(const std::string& sql, i
   throw PostgresError(connection_.get(), result.get(), sql);
 }
 
+std::shared_ptr<host::Recordset> PostgresDatabase::Run(const std::string& sql, int timeoutSeconds,
+                                                       Arguments arguments) {
+  const ResultHandle result = Answered(sql, timeoutSeconds, arguments);
+  return Pq().PQresultStatus(result.get()) == PGRES_TUPLES_OK ? RowsOf(result.get()) : nullptr;
+}
+
+void PostgresDatabase::Visit(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) {
+  const ResultHandle result = Answered(sql, timeoutSeconds, {});
+  std::vector<std::string_view> row(static_cast<std::size_t>(Pq().PQnfields(result.get())));
+  const int rowCount = Pq().PQntuples(result.get());
+  for (int number = 0; number < rowCount; ++number) {
+    int field = 0;
+    for (std::string_view& text : row) text = TextAt(result.get(), number, field++);
+    visit(row);
+  }
+}
+
 void PostgresDatabase::RunAll(std::span<const std::string> statements) {
   std::vector<std::string> all(statements.begin(), statements.end());
   if (timeoutSeconds_ != kNoTimeout) all.insert(all.begin(), TimeoutSetting(kNoTimeout));
   const Answer answer = AskTogether(all, {});
-  if (PQresultStatus(answer.result.get()) == PGRES_COMMAND_OK) return;
+  if (Pq().PQresultStatus(answer.result.get()) == PGRES_COMMAND_OK) return;
   timeoutSeconds_ = kTimeoutUnknown;
   throw PostgresError(connection_.get(), answer.result.get(), all[answer.statement]);
 }
@@ -234,36 +265,36 @@ PostgresDatabase::ResultHandle PostgresDatabase::Ask(const std::string& sql, int
   }
   // The simple protocol is faster, but it would run a second statement in the text as well.
   if (values.empty() && sql.find(';') == std::string::npos) {
-    return ResultHandle(PQexec(connection_.get(), sql.c_str()));
+    return ResultHandle(Pq().PQexec(connection_.get(), sql.c_str()));
   }
-  return ResultHandle(PQexecParams(connection_.get(), sql.c_str(), static_cast<int>(values.size()), nullptr,
-                                   values.data(), nullptr, nullptr, 0));
+  return ResultHandle(Pq().PQexecParams(connection_.get(), sql.c_str(), static_cast<int>(values.size()),
+                                        nullptr, values.data(), nullptr, nullptr, 0));
 }
 
 PostgresDatabase::Answer PostgresDatabase::AskTogether(std::span<const std::string> statements,
                                                        std::span<const char* const> lastValues) {
   PGconn* const connection = connection_.get();
-  bool sent = PQenterPipelineMode(connection) == 1;
+  bool sent = Pq().PQenterPipelineMode(connection) == 1;
   for (const std::string& sql : statements) {
     const bool last = &sql == &statements.back();
     const int count = last ? static_cast<int>(lastValues.size()) : 0;
-    sent = sent && PQsendQueryParams(connection, sql.c_str(), count, nullptr, lastValues.data(), nullptr,
-                                     nullptr, 0) == 1;
+    sent = sent && Pq().PQsendQueryParams(connection, sql.c_str(), count, nullptr, lastValues.data(), nullptr,
+                                          nullptr, 0) == 1;
   }
-  sent = sent && PQpipelineSync(connection) == 1;
+  sent = sent && Pq().PQpipelineSync(connection) == 1;
   // A null ends the answers to each statement; a failure has all that follow it answered with "aborted".
   Answer answer;
   std::size_t answered = 0;
   while (sent) {
-    ResultHandle next(PQgetResult(connection));
-    if (!next && PQstatus(connection) != CONNECTION_OK) break;
+    ResultHandle next(Pq().PQgetResult(connection));
+    if (!next && Pq().PQstatus(connection) != CONNECTION_OK) break;
     if (!next) continue;
-    const ExecStatusType status = PQresultStatus(next.get());
+    const ExecStatusType status = Pq().PQresultStatus(next.get());
     if (status == PGRES_PIPELINE_SYNC) break;
     if (status != PGRES_PIPELINE_ABORTED) answer = {std::move(next), answered};
     ++answered;
   }
-  PQexitPipelineMode(connection);
+  Pq().PQexitPipelineMode(connection);
   return answer;
 }
 
@@ -277,24 +308,23 @@ bool PostgresDatabase::FindColumn(const std::string& table, const std::string& c
 
 std::string PostgresDatabase::CallFunction(const std::string& name, const std::string& argument) {
   const Variant result =
-      Run("SELECT CAST(" + QuotedName(name) + "($1) AS TEXT)", TimeoutAsItIs(), {argument})->FieldAt(0);
+      Run("SELECT CAST(" + QuotedDottedName(name) + "($1) AS TEXT)", TimeoutAsItIs(), {argument})->FieldAt(0);
   return result.IsNull() ? std::string() : std::get<std::string>(result.Value());
 }
 
 void PostgresDatabase::Control(const char* sql) {
   RequireConnection(sql);
-  const ResultHandle result(PQexec(connection_.get(), sql));
-  if (PQresultStatus(result.get()) == PGRES_COMMAND_OK) return;
+  const ResultHandle result(Pq().PQexec(connection_.get(), sql));
+  if (Pq().PQresultStatus(result.get()) == PGRES_COMMAND_OK) return;
   throw PostgresError(connection_.get(), result.get(), sql);
 }
 
-void PostgresDatabase::StartTransaction() {
-  constexpr const char* kBegin = "BEGIN";
+void PostgresDatabase::Start(const char* sql) {
   try {
-    Control(kBegin);
+    Control(sql);
   } catch (const PostgresError& error) {
     if (error.Cause() != FailureCause::ConnectionLost) throw;
-    Control(kBegin);  // nothing was done yet, so that nothing can be done twice
+    Control(sql);  // nothing was done yet, so that nothing can be done twice
   }
 }
 
@@ -304,7 +334,7 @@ void PostgresDatabase::CommitTransaction() {
 
 void PostgresDatabase::RollbackTransaction() {
   timeoutSeconds_ = kTimeoutUnknown;
-  if (PQtransactionStatus(connection_.get()) == PQTRANS_IDLE || !Connected()) return;
+  if (Pq().PQtransactionStatus(connection_.get()) == PQTRANS_IDLE || !Connected()) return;
   try {
     Control("ROLLBACK");
   } catch (const PostgresError& error) {
@@ -314,12 +344,12 @@ void PostgresDatabase::RollbackTransaction() {
 }
 
 bool PostgresDatabase::TransactionIsSound() const {
-  return PQtransactionStatus(connection_.get()) == PQTRANS_INTRANS;
+  return Pq().PQtransactionStatus(connection_.get()) == PQTRANS_INTRANS;
 }
 
 bool PostgresDatabase::ReadOnly() const {
   const auto on = [this](const char* parameter) {
-    const char* value = PQparameterStatus(connection_.get(), parameter);
+    const char* value = Pq().PQparameterStatus(connection_.get(), parameter);
     return value && std::strcmp(value, "on") == 0;
   };
   return on("in_hot_standby") || on("default_transaction_read_only");

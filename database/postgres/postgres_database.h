@@ -26,10 +26,10 @@ class PostgresDatabase : public SqlConnection {
 
  private:
   struct ConnectionDeleter {
-    void operator()(PGconn* connection) const { PQfinish(connection); }
+    void operator()(PGconn* connection) const { Pq().PQfinish(connection); }
   };
   struct ResultDeleter {
-    void operator()(PGresult* result) const { PQclear(result); }
+    void operator()(PGresult* result) const { Pq().PQclear(result); }
   };
   using ConnectionHandle = std::unique_ptr<PGconn, ConnectionDeleter>;
   using ResultHandle = std::unique_ptr<PGresult, ResultDeleter>;
@@ -39,10 +39,12 @@ class PostgresDatabase : public SqlConnection {
 
   std::shared_ptr<host::Recordset> Run(const std::string& sql, int timeoutSeconds,
                                        Arguments arguments) override;
+  void Visit(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) override;
   void RunAll(std::span<const std::string> statements) override;
   bool FindColumn(const std::string& table, const std::string& column) override;
   std::string CallFunction(const std::string& name, const std::string& argument) override;
-  void StartTransaction() override;
+  void StartTransaction() override { Start("BEGIN"); }
+  void StartReading() override { Start("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"); }
   void CommitTransaction() override;
   void RollbackTransaction() override;
   bool TransactionIsSound() const override;
@@ -52,6 +54,9 @@ class PostgresDatabase : public SqlConnection {
   /// Connects again where that is needed and permitted.
   void RequireConnection(const std::string& sql);
   bool Connected() const;
+  void Start(const char* sql);
+  /// The answer to a statement that did not fail.
+  ResultHandle Answered(const std::string& sql, int timeoutSeconds, Arguments arguments);
   /// Starts or ends a transaction.
   void Control(const char* sql);
   ResultHandle Ask(const std::string& sql, int timeoutSeconds, Arguments arguments);

@@ -30,7 +30,7 @@ constexpr std::array kCauses = {
 };
 
 std::string FieldOf(const PGresult* result, int field) {
-  const char* text = PQresultErrorField(result, field);
+  const char* text = Pq().PQresultErrorField(result, field);
   return text ? text : "";
 }
 
@@ -39,7 +39,7 @@ FailureCause CauseOf(const PGconn* connection, const PGresult* result) {
   const auto* const found = std::ranges::find_if(
       kCauses, [&state](const CauseOfState& cause) { return state.starts_with(cause.stateStart); });
   if (found != kCauses.end()) return found->cause;
-  return PQstatus(connection) == CONNECTION_OK ? FailureCause::Other : FailureCause::ConnectionLost;
+  return Pq().PQstatus(connection) == CONNECTION_OK ? FailureCause::Other : FailureCause::ConnectionLost;
 }
 
 std::string TextOf(const PGconn* connection, const PGresult* result) {
@@ -57,7 +57,7 @@ PostgresError::PostgresError(const PGconn* connection, const PGresult* result, c
 
 std::string ConnectionText(const PGconn* connection) {
   std::string line;
-  for (const char* c = PQerrorMessage(connection); *c != '\0'; ++c) {
+  for (const char* c = Pq().PQerrorMessage(connection); *c != '\0'; ++c) {
     const bool blank = *c == '\n' || *c == '\t' || *c == ' ';
     if (!blank) line += *c;
     if (blank && !line.empty() && line.back() != ' ') line += ' ';

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <libpq-fe.h>
-
 #include <string>
 
 #include "database/open_error.h"
+#include "database/postgres/libpq.h"
 #include "database/statement_error.h"
 
 namespace kiv::database {

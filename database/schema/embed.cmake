@@ -1,10 +1,9 @@
-# cmake -P embed.cmake OUTPUT FUNCTION FILE...: a source file with a function that returns the texts of the files.
+# cmake -P embed.cmake OUTPUT FILE...: a source file whose SchemaSteps() returns the texts of the files.
 set(output ${CMAKE_ARGV3})
-set(function ${CMAKE_ARGV4})
 
 set(texts "")
 math(EXPR last "${CMAKE_ARGC} - 1")
-foreach(index RANGE 5 ${last})
+foreach(index RANGE 4 ${last})
   file(READ "${CMAKE_ARGV${index}}" text)
   # A checkout with other line ends must not change what is run.
   string(REPLACE "\r\n" "\n" text "${text}")
@@ -15,14 +14,11 @@ file(WRITE "${output}" "#include \"database/schema_steps.h\"
 
 namespace kiv::database {
 
-namespace {
-
-constexpr std::string_view kSteps[] = {
+std::span<const std::string_view> SchemaSteps() {
+  static constexpr std::string_view kSteps[] = {
 ${texts}};
-
-}  // namespace
-
-std::span<const std::string_view> ${function}() { return kSteps; }
+  return kSteps;
+}
 
 }  // namespace kiv::database
 ")

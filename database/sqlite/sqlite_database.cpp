@@ -177,12 +177,32 @@ std::shared_ptr<host::Recordset> SqliteDatabase::Run(const std::string& sql, int
   for (; code == SQLITE_ROW; code = sqlite3_step(statement.get()))
     AppendRow(rows, statement.get(), fieldCount);
 
+  RequireDone(code, sql);
+  return fieldCount == 0 ? nullptr : std::make_shared<BufferedRecordset>(std::move(rows));
+}
+
+void SqliteDatabase::Visit(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) {
+  const DeadlineScope scope(deadline_, timeoutSeconds);
+  const StatementHandle statement = Prepare(sql);
+  Bind(statement.get(), {}, sql);
+  int code = sqlite3_step(statement.get());
+  const int fieldCount = sqlite3_column_count(statement.get());
+  std::vector<std::string_view> row(static_cast<std::size_t>(fieldCount));
+  for (; code == SQLITE_ROW; code = sqlite3_step(statement.get())) {
+    for (int i = 0; i < fieldCount; ++i) {
+      row[static_cast<std::size_t>(i)] = BytesAt(statement.get(), i, sqlite3_column_text(statement.get(), i));
+    }
+    visit(row);
+  }
+  RequireDone(code, sql);
+}
+
+void SqliteDatabase::RequireDone(int code, const std::string& sql) const {
   if (code == SQLITE_INTERRUPT) {
     throw SqliteError(code, std::string(sqlite3_errmsg(handle_)) + ": the statement exceeded its time-out.",
                       sql);
   }
   if (code != SQLITE_DONE) throw LastSqliteError(handle_, sql);
-  return fieldCount == 0 ? nullptr : std::make_shared<BufferedRecordset>(std::move(rows));
 }
 
 SqliteDatabase::StatementHandle SqliteDatabase::Prepare(const std::string& sql) const {

@@ -54,14 +54,17 @@ class SqliteDatabase : public SqlConnection {
   /// Every statement comes through here. The time-out covers waiting, running and fetching.
   std::shared_ptr<host::Recordset> Run(const std::string& sql, int timeoutSeconds,
                                        std::initializer_list<std::string_view> arguments) override;
+  void Visit(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) override;
   void Run(const std::string& sql) { Run(sql, kNoTimeout, {}); }
   bool FindColumn(const std::string& table, const std::string& column) override;
   std::string CallFunction(const std::string& name, const std::string& argument) override;
   void StartTransaction() override;
+  void StartReading() override { Run("BEGIN"); }
   void CommitTransaction() override;
   void RollbackTransaction() override;
   bool TransactionIsSound() const override;
 
+  void RequireDone(int code, const std::string& sql) const;
   StatementHandle Prepare(const std::string& sql) const;
   void RefuseFurtherStatement(const char* rest, const std::string& sql) const;
   void Bind(sqlite3_stmt* statement, std::initializer_list<std::string_view> arguments,

@@ -2,25 +2,32 @@
 
 #include <string>
 
-#include "database/schema_steps.h"
-
 namespace kiv::database {
 
 namespace {
 
-constexpr int kTimeoutSeconds = 60;
+constexpr SchemaWord kWords[] = {
+    {"@NUMBERED@", "INTEGER PRIMARY KEY"},
+    {"@NUMBERED_FOR_GOOD@", "INTEGER PRIMARY KEY AUTOINCREMENT"},
+    {"@UNIQUE_NAME@", "TEXT NOT NULL UNIQUE COLLATE NOCASE"},
+    {"@WITHOUT_ROWID@", " WITHOUT ROWID"},
+};
 
 }  // namespace
 
-std::span<const std::string_view> SqliteLayout::Steps() const {
-  return SqliteSchemaSteps();
+std::string_view SqliteLayout::Engine() const {
+  return "sqlite";
+}
+
+std::span<const SchemaWord> SqliteLayout::Words() const {
+  return kWords;
 }
 
 int SqliteLayout::Version(Connection& connection) const {
   const auto rows = connection.OpenQuery(
       "SELECT user_version FROM pragma_user_version, pragma_application_id WHERE application_id = " +
           std::to_string(kApplicationId),
-      kTimeoutSeconds);
+      host::kQueryTimeoutSeconds);
   return rows->EndOfFile() ? 0 : static_cast<int>(std::get<std::int64_t>(rows->FieldAt(0).Value()));
 }
 
@@ -32,7 +39,7 @@ void SqliteLayout::SetVersion(Connection& connection, int version) const {
 bool SqliteLayout::IsTaken(Connection& connection) const {
   const auto rows = connection.OpenQuery(
       "SELECT 1 FROM sqlite_schema UNION ALL SELECT 1 FROM pragma_application_id WHERE application_id <> 0",
-      kTimeoutSeconds);
+      host::kQueryTimeoutSeconds);
   return !rows->EndOfFile();
 }
 

@@ -12,7 +12,8 @@ inline constexpr std::int32_t kApplicationId = 0x4B495653;
 /// The version stands in the head of the file.
 class SqliteLayout : public SchemaLayout {
  public:
-  std::span<const std::string_view> Steps() const override;
+  std::string_view Engine() const override;
+  std::span<const SchemaWord> Words() const override;
   int Version(Connection& connection) const override;
   void SetVersion(Connection& connection, int version) const override;
   bool IsTaken(Connection& connection) const override;

@@ -10,15 +10,14 @@ namespace kiv::database {
 
 namespace {
 
-constexpr int kTimeoutSeconds = 60;
-
 std::string FindCellTech(SqliteDatabase& database, const std::string& instance) {
   std::int32_t number = 0;
   const char* const end = instance.data() + instance.size();
   const auto [rest, problem] = std::from_chars(instance.data(), end, number);
   if (problem != std::errc() || rest != end) return {};
-  const auto rows = database.OpenQuery(
-      "SELECT technology FROM kiv_network WHERE instance_id = " + std::to_string(number), kTimeoutSeconds);
+  const auto rows =
+      database.OpenQuery("SELECT technology FROM kiv_network WHERE instance_id = " + std::to_string(number),
+                         host::kQueryTimeoutSeconds);
   return rows->EndOfFile() ? std::string() : std::get<std::string>(rows->FieldAt(0).Value());
 }
 

@@ -61,16 +61,16 @@ class Watcher {
  public:
   /// What is wrong with the event; empty when nothing is.
   std::string Follow(Json::parse_event_t event, const Json& parsed) {
-    using enum Json::parse_event_t;
+    using Event = Json::parse_event_t;
     switch (event) {
-      case object_start:
-      case array_start:
+      case Event::object_start:
+      case Event::array_start:
         open_.emplace_back();
         return open_.size() > kMaxDepth ? "lists and objects are nested too deeply here" : "";
-      case object_end:
-      case array_end: open_.pop_back(); return {};
-      case key: return TakeKey(parsed.get_ref<const std::string&>());
-      case value: return {};
+      case Event::object_end:
+      case Event::array_end: open_.pop_back(); return {};
+      case Event::key: return TakeKey(parsed.get_ref<const std::string&>());
+      case Event::value: return {};
     }
     return {};
   }
@@ -89,7 +89,7 @@ class Watcher {
 
 /// The end of the parser's message, which says what it expected.
 std::string DetailOf(const Json::exception& error) {
-  const std::string text = error.what();
+  std::string text = error.what();
   for (const std::string_view separator : {": ", "] "}) {
     const std::size_t found = text.find(separator);
     if (found != std::string::npos) return text.substr(found + separator.size());

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "base/ascii.h"
 #include "core/conversions.h"
 #include "core/fields.h"
 #include "store/history/packed_text.h"
@@ -37,7 +38,7 @@ std::string_view EventName(StudyEvent event) {
 }
 
 bool StudyHistory::IsKept() const {
-  if (!kept_) kept_ = connection_.ColumnExists(sql::AsciiUpper(kTable), "CONTENT");
+  if (!kept_) kept_ = connection_.ColumnExists(AsciiUpper(kTable), "CONTENT");
   return *kept_;
 }
 

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "base/ascii.h"
 #include "base/utf16.h"
 #include "core/numeric_text.h"
 #include "store/network/network_csv.h"
@@ -18,14 +19,6 @@ namespace {
 
 constexpr std::size_t kMaxKeyColumns = 4;
 constexpr int kLinesBetweenReports = 2000;
-
-char LowerAscii(char character) {
-  return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
-
-bool SameName(std::string_view left, std::string_view right) {
-  return std::ranges::equal(left, right, {}, LowerAscii, LowerAscii);
-}
 
 std::string Named(std::string_view column, std::string_view value) {
   return std::string(column) + " \"" + std::string(value) + "\"";
@@ -139,7 +132,7 @@ class KeyValues {
   struct Entry {
     std::array<std::int32_t, kMaxKeyColumns> parts;
     std::int32_t line;
-    friend auto operator<=>(const Entry&, const Entry&) = default;
+    friend auto operator<=>(const Entry&, const Entry&) = default;  // NOLINT(modernize-use-nullptr)
   };
 
   bool IsText(std::size_t column) const { return table_.columns[column].kind == NetworkColumn::Kind::Text; }
@@ -228,7 +221,7 @@ class NetworkCheck::File {
     for (const std::string_view field : reader_.Fields()) {
       const std::string_view name = Trimmed(field);
       const auto column = std::ranges::find_if(
-          table_.columns, [name](const NetworkColumn& known) { return SameName(known.name, name); });
+          table_.columns, [name](const NetworkColumn& known) { return SameInAnyCase(known.name, name); });
       const auto index = static_cast<std::size_t>(column - table_.columns.begin());
       if (column == table_.columns.end()) {
         Tell(line, "the column \"" + std::string(field) + "\" is unknown");

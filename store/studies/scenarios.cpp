@@ -13,7 +13,7 @@ namespace kiv::store {
 
 namespace {
 
-constexpr std::string_view kTable = "kiv_scenario";
+constexpr std::string_view kScenarioTable = "kiv_scenario";
 
 }  // namespace
 
@@ -43,7 +43,8 @@ std::string Scenarios::NameOf(std::int32_t id) const {
 std::int32_t Scenarios::Add(const std::string& name) {
   const std::string checked = CheckedName(name, CKivStudyData::kNotGiven);
   const std::vector<host::Assignment> values = {{"name", checked}};
-  const auto row = Query(connection_, sql::InsertStatement(connection_, kTable, values) + " RETURNING id");
+  const auto row =
+      Query(connection_, sql::InsertStatement(connection_, kScenarioTable, values) + " RETURNING id");
   return ToInt32(row->FieldAt(0));
 }
 
@@ -54,7 +55,7 @@ std::int32_t Scenarios::FindOrAdd(const std::string& name) {
 
 void Scenarios::Rename(std::int32_t id, const std::string& name) {
   const std::vector<host::Assignment> values = {{"name", CheckedName(name, id)}};
-  connection_.ExecuteSql(sql::UpdateStatement(connection_, kTable, values, id));
+  connection_.ExecuteSql(sql::UpdateStatement(connection_, kScenarioTable, values, id));
 }
 
 void Scenarios::Remove(std::int32_t id) {

@@ -12,7 +12,7 @@ std::string ExportStudies(const StudyStore& store, std::vector<std::int32_t> ids
     for (const StudySummary& study : store.List()) ids.push_back(study.id);
   }
   std::ranges::sort(ids);
-  ids.erase(std::ranges::unique(ids).begin(), ids.end());
+  ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
   const std::vector<host::Document> scenarios = store.Scenarios().List();
   std::vector<NamedStudy> studies;
   studies.reserve(ids.size());

@@ -1,6 +1,6 @@
 #include "store/studies/study_store.h"
 
-#include <algorithm>
+#include <charconv>
 #include <utility>
 
 #include "core/conversions.h"
@@ -16,46 +16,54 @@ namespace kiv::store {
 namespace {
 
 constexpr std::string_view kStudyTable = "kiv_study";
+constexpr const char* kInOrder = "ORDER BY s.id";
 
 /// A scenario that was never chosen has no row to point at.
 Variant ScenarioReference(std::int32_t id) {
   return id == CKivStudyData::kNotGiven ? Variant() : Variant(id);
 }
 
-std::int32_t NumberOrNotGiven(const Variant& field) {
-  return field.IsNull() ? CKivStudyData::kNotGiven : ToInt32(field);
-}
-
 /// One value that is no number must not keep the whole list from being shown.
-std::int32_t ReadableNumber(const Variant& field) {
+std::int32_t ReadableNumber(std::string_view text) {
+  std::int32_t number = 0;
+  const char* const end = text.data() + text.size();
+  if (text.empty()) return CKivStudyData::kNotGiven;
+  if (const auto read = std::from_chars(text.data(), end, number);
+      read.ptr == end && read.ec == std::errc()) {
+    return number;
+  }
   try {
-    return NumberOrNotGiven(field);
+    return ToInt32(Variant(text));
   } catch (const Error&) {
     return CKivStudyData::kNotGiven;
   }
 }
 
-/// The lines of the list that a condition and an order leave.
-std::vector<StudySummary> Summaries(host::Database& database, const std::string& which) {
-  const auto rows =
-      Query(database,
-            "SELECT s.id, s.kind, s.name, c.name AS scenario, s.duration, s.modified_by, s.modified_at "
-            "FROM kiv_study s LEFT JOIN kiv_scenario c ON c.id = s.scenario_id " +
-                which);
+/// Visits the lines of the list that a condition and an order leave.
+void VisitSummaries(database::Connection& connection, const std::string& which, const SummaryVisitor& visit) {
+  StudySummary study;
+  const auto take = [&](std::span<const std::string_view> row) {
+    auto next = row.begin();
+    const auto text = [&next] { return *next++; };
+    study.id = ReadableNumber(text());
+    study.kind = text();
+    study.name = text();
+    study.scenario = text();
+    study.duration = ReadableNumber(text());
+    study.modifiedBy = text();
+    study.modifiedAt = text();
+    visit(study);
+  };
+  connection.VisitRows(
+      "SELECT s.id, s.kind, s.name, c.name AS scenario, s.duration, s.modified_by, s.modified_at "
+      "FROM kiv_study s LEFT JOIN kiv_scenario c ON c.id = s.scenario_id " +
+          which,
+      host::kQueryTimeoutSeconds, take);
+}
+
+std::vector<StudySummary> Summaries(database::Connection& connection, const std::string& which) {
   std::vector<StudySummary> studies;
-  studies.reserve(static_cast<std::size_t>(rows->RecordCount()));
-  for (; !rows->EndOfFile(); rows->MoveNext()) {
-    int column = 0;
-    const auto next = [&] { return rows->FieldAt(column++); };
-    StudySummary& study = studies.emplace_back();
-    study.id = ToInt32(next());
-    study.kind = ToText(next());
-    study.name = ToText(next());
-    study.scenario = ToText(next());
-    study.duration = ReadableNumber(next());
-    study.modifiedBy = ToText(next());
-    study.modifiedAt = ToText(next());
-  }
+  VisitSummaries(connection, which, [&studies](const StudySummary& study) { studies.push_back(study); });
   return studies;
 }
 
@@ -70,7 +78,7 @@ constexpr const char* kCorrectTheValue =
 std::int32_t StudyNumber(const host::Recordset& row, std::string_view column) {
   const Variant value = row.Field(column);
   try {
-    return NumberOrNotGiven(value);
+    return ToInt32Or(value, CKivStudyData::kNotGiven);
   } catch (const Error&) {
     throw StoreError("its " + std::string(column) + " is stored as \"" + ToText(value) +
                      "\", which is not a whole number of 32 bits." + kCorrectTheValue);
@@ -124,7 +132,11 @@ StudyStore::StudyStore(std::shared_ptr<database::Connection> connection, std::sh
       errors_(std::move(errors)) {}
 
 std::vector<StudySummary> StudyStore::List() const {
-  return Summaries(*connection_, "ORDER BY s.id");
+  return Summaries(*connection_, kInOrder);
+}
+
+void StudyStore::ForEach(const SummaryVisitor& visit) const {
+  VisitSummaries(*connection_, kInOrder, visit);
 }
 
 std::vector<StudySummary> StudyStore::ListFrom(std::int32_t id, std::size_t most) const {
@@ -142,18 +154,14 @@ std::size_t StudyStore::Count() const {
 }
 
 Study StudyStore::Load(std::int32_t id) const {
-  constexpr int kAttempts = 20;
-  for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    Study study = LoadOnce(id);
-    // Its lists are read one after the other, and somebody may have saved in between.
-    const auto row = Query(*connection_, "SELECT revision FROM kiv_study WHERE id = " + std::to_string(id));
-    if (!row->EndOfFile() && ToInt32(row->FieldAt(0)) == study.revision) return study;
-  }
-  throw StoreError("Study " + std::to_string(id) +
-                   " was not opened, because others change it all the time. Try again.");
+  // Its lists are read one after the other, and somebody may save in between.
+  database::Transaction transaction(*connection_, database::Transaction::Access::Read);
+  Study study = Read(id);
+  transaction.Commit();
+  return study;
 }
 
-Study StudyStore::LoadOnce(std::int32_t id) const {
+Study StudyStore::Read(std::int32_t id) const {
   const ErrorLog::Watch watch(*errors_);
   const auto row = Query(
       *connection_,

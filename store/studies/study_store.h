@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -28,6 +29,8 @@ struct StudySummary {
   friend bool operator==(const StudySummary&, const StudySummary&) = default;
 };
 
+using SummaryVisitor = std::function<void(const StudySummary&)>;
+
 /// The studies in the program's database. Database failures are raised as host::DatabaseError.
 class StudyStore {
  public:
@@ -37,6 +40,8 @@ class StudyStore {
 
   /// Every study by ascending identifier.
   std::vector<StudySummary> List() const;
+  /// The same one by one, without keeping them.
+  void ForEach(const SummaryVisitor& visit) const;
   /// The same from an identifier on, at most so many.
   std::vector<StudySummary> ListFrom(std::int32_t id, std::size_t most) const;
   /// One line of the list; nothing when there is no such study.
@@ -71,7 +76,8 @@ class StudyStore {
     bool hasKindData;  ///< whether what belongs to its kind was stored before
   };
 
-  Study LoadOnce(std::int32_t id) const;
+  /// Within a transaction.
+  Study Read(std::int32_t id) const;
   /// Where the identifier of an inserted study comes from.
   enum class Identifier { OfDatabase, OfRecord };
 

@@ -30,7 +30,7 @@ void StudyStore::KeepKnownState(std::int32_t id, std::int32_t revision) {
   if (row->EndOfFile()) return;
   std::string content;
   try {
-    const Study study = LoadOnce(id);
+    const Study study = Read(id);
     const bool complete = study.kindData == KindData::Complete;
     content = ContentText(study, scenarios_.NameOf(study.record->ScenarioID()),
                           complete ? study.record->SubRecord()->StoredLists() : std::vector<StoredList>());

@@ -5,6 +5,7 @@
 #include "base/error.h"
 #include "core/keyed_collection.h"
 #include "core/numeric_text.h"
+#include "host/sql_rendering.h"
 
 namespace kiv {
 namespace {
@@ -23,9 +24,11 @@ TEST(Variants, ConvertToWholeNumbers) {
   EXPECT_EQ(ToInt32(Variant("  -12 ")), -12);
   EXPECT_EQ(ToInt32(Variant(2.5)), 2);
   EXPECT_EQ(ToInt32(Variant(3.5)), 4);
+  EXPECT_EQ(ToInt32(Variant("1.5")), 2);
+  EXPECT_EQ(ToInt32(Variant(" -2.50 ")), -2);
   EXPECT_EQ(ToInt32(Variant(true)), -1);
   EXPECT_EQ(ToInt32(Variant(std::int64_t{2147483647})), 2147483647);
-  for (const Variant& bad : {Variant(), Variant("1.5"), Variant("12a"), Variant("")}) {
+  for (const Variant& bad : {Variant(), Variant("1.5.2"), Variant("12a"), Variant("")}) {
     EXPECT_EQ(NumberRaisedBy([&] { ToInt32(bad); }), ErrorNumber::TypeMismatch);
   }
   for (const Variant& big : {Variant("2147483648"), Variant(std::int64_t{-2147483649}), Variant(1e300),
@@ -34,7 +37,14 @@ TEST(Variants, ConvertToWholeNumbers) {
   }
 }
 
-TEST(Variants, ConvertToText) {
+TEST(Variants, ConvertToTextsAndChoices) {
+  for (const Variant& yes : {Variant("Y"), Variant(true), Variant(-1), Variant(1.0), Variant(0.5)}) {
+    EXPECT_TRUE(host::RenderedAsTrue(yes));
+  }
+  for (const Variant& no :
+       {Variant("y"), Variant("1"), Variant(false), Variant(0), Variant(0.0), Variant()}) {
+    EXPECT_FALSE(host::RenderedAsTrue(no));
+  }
   EXPECT_EQ(ToText(Variant()), "");
   EXPECT_EQ(ToText(Variant(-7)), "-7");
   EXPECT_EQ(ToText(Variant("Grüße")), "Grüße");

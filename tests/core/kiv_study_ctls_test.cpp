@@ -1,10 +1,10 @@
-#include "core/kiv_study_ctls.h"
+#include "editor/kiv_study_ctls.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
-#include "core/drive_type.h"
+#include "base/drive_type.h"
 #include "support/fake_host.h"
 
 namespace kiv::MKivStudyCtls {
@@ -89,6 +89,19 @@ TEST(DriveTypes, ByFileSystemAndMedium) {
   EXPECT_EQ(DriveTypeDescription(1), "");
   EXPECT_EQ(DriveTypeDescription(6), "RAM Disk");
   EXPECT_EQ(DriveTypeDescription(7), "");
+}
+
+TEST(DriveTypes, AreAskedOfADriveOrAShare) {
+  const std::pair<const char*, const char*> roots[] = {
+      {"", ""},
+      {R"(c:\data)", R"(c:\)"},
+      {"d", R"(d:\)"},
+      {R"(\\server\share\day\1)", R"(\\server\share\)"},
+      {"//server/share", R"(\\server\share\)"},
+      {R"(\\server)", R"(\\server\)"},
+      {R"(\data)", R"(\:\)"},
+  };
+  for (const auto& [path, root] : roots) EXPECT_EQ(DriveRoot(path), root) << path;
 }
 
 TEST(DriveTypes, OfRealPlaces) {

@@ -113,7 +113,6 @@ TEST_F(StudyRecord, SavingWithoutTheKindsRecordIsAnError) {
 }
 
 TEST_F(StudyRecord, KindsAreKnownWithoutACallAndTheHostsOwnComeAfterThem) {
-  const test::FakeHost host;
   std::vector<std::string> names;
   for (const StudyKind& kind : StudyKinds()) {
     names.push_back(kind.name);

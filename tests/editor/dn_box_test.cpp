@@ -11,7 +11,7 @@ class DnBox : public ::testing::Test {
  protected:
   void SetMask(const std::string& mask) {
     host_.settings->general[host::kPhoneNumberMask] = mask;
-    host_.settings->appGeneralState_StateChange.Raise();
+    host::TheEvents().appGeneralState_StateChange.Raise();
   }
 
   test::FakeHost host_;

@@ -22,82 +22,6 @@ using General = HomTab<XKivHomGen>;
 using Detail = HomTab<XKivHomDetail>;
 using Current = HomTab<XKivHomCurrent>;
 
-TEST_F(General, NewStudyShowsDefaultsAndThenWhatIsRemembered) {
-  LoadNew();
-  EXPECT_EQ(tab_.fdocCBScenario.ListIndex(), ui::kNoSelection);
-  EXPECT_EQ(tab_.XDest.Path(), "");
-  EXPECT_EQ(tab_.XDest.Filename(), "h$YY$MM$DD$HH$MI.hom");
-  EXPECT_EQ(tab_.txtDuration.Text(), "30");
-  EXPECT_TRUE(host_.editor->changes.empty());
-
-  host_.settings->remembered = {{"HomDuration", "45"}, {"DatafilePath", "/d"}};
-  LoadNew();
-  EXPECT_EQ(tab_.XDest.Path(), "/d");
-  EXPECT_EQ(tab_.XDest.txtFilename.Text(), "h$YY$MM$DD$HH$MI");
-  EXPECT_EQ(tab_.txtDuration.Text(), "45");
-  EXPECT_FALSE(tab_.HandleTabProcess("anything"));
-}
-
-TEST_F(General, ChecksRunInOrderAndMoveTheFocus) {
-  const test::TempFolder folder;
-  LoadNew();
-  tab_.XDest.SetPath("");
-  tab_.XDest.SetFilename("");
-  tab_.txtDuration.SetText("");
-  EXPECT_EQ(tab_.Problems().size(), 4U);
-  EXPECT_EQ(Refusal(), "Please select a scenario.");
-  EXPECT_TRUE(tab_.fdocCBScenario.HasFocus());
-  EXPECT_EQ(host_.editor->broughtForward, std::vector<std::string>{"XKivHomGen"});
-  tab_.fdocCBScenario.Select(1);
-  EXPECT_EQ(Refusal(), "Data File Destination Path is a required field.");
-  tab_.XDest.SetPath(folder.Path());
-  EXPECT_EQ(Refusal(), "Data File Destination Filename is a required field.");
-  tab_.XDest.SetFilename("h1");
-  EXPECT_EQ(Refusal(), "Study Duration must be numeric.");
-  EXPECT_TRUE(tab_.txtDuration.HasFocus());
-  const std::string range = "Study Duration must be between 10 and 1439 minutes inclusive.";
-  const std::pair<const char*, std::string> durations[] = {{"9", range},
-                                                           {"10", ""},
-                                                           {"1439", ""},
-                                                           {"1440", range},
-                                                           {"-30", range},
-                                                           {"9.5", ""},
-                                                           {"1439.4", ""},
-                                                           {"99999999999999999999", range},
-                                                           {"30x", "Study Duration must be numeric."}};
-  for (const auto& [duration, message] : durations) {
-    tab_.txtDuration.SetText(duration);
-    EXPECT_EQ(Refusal(), message) << duration;
-  }
-  EXPECT_EQ(study_->Duration(), -1);  // a refused tab writes nothing
-}
-
-TEST_F(General, SavesWhatItShowsAndShowsWhatIsStored) {
-  study_->SetScenarioID(9);
-  study_->SetDuration(120);
-  Data().SetPath("/d");
-  Data().SetDataFile("abc.hom");
-  LoadStored();
-  EXPECT_EQ(tab_.fdocCBScenario.SelectedID(), 9);
-  EXPECT_EQ(tab_.XDest.txtFilename.Text(), "abc");
-  EXPECT_EQ(tab_.txtDuration.Text(), "120");
-  tab_.txtDuration.SetText("");
-  tab_.txtDuration.Type("6a0.");
-  EXPECT_EQ(host_.beeper->beeps, 2);
-  tab_.fdocCBScenario.Select(0);
-  tab_.XDest.txtPath.Paste("2");
-  EXPECT_EQ(host_.editor->changes.size(), 5U);
-  tab_.SaveData();
-  EXPECT_EQ(study_->ScenarioID(), 7);
-  EXPECT_EQ(study_->Duration(), 60);
-  EXPECT_EQ(Data().Path(), "/d2");
-  EXPECT_EQ(Data().DataFile(), "abc.hom");
-  tab_.RememberValues();
-  EXPECT_EQ(host_.settings->remembered,
-            (std::map<std::string, std::string>{
-                {"DatafilePath", "/d2"}, {"HomFilename", "abc"}, {"HomDuration", "60"}}));
-}
-
 TEST_F(General, ScenariosMayGoAndCome) {
   study_->SetScenarioID(555);
   LoadStored();
@@ -107,11 +31,6 @@ TEST_F(General, ScenariosMayGoAndCome) {
   host_.documents->nextNew = {11, "New town"};
   tab_.cmdNewScenario.Click();
   EXPECT_EQ(tab_.fdocCBScenario.SelectedID(), 11);
-}
-
-TEST_F(General, RefusesWhatIsNoHomStudy) {
-  EXPECT_THROW(tab_.LoadData(Variant(1), "", host_.editor), Error);
-  EXPECT_THROW(tab_.LoadData(Variant(std::make_shared<CKivStudyData>()), "", host_.editor), Error);
 }
 
 /// The boxes of a group as text: checked `x`, cleared `-`, in brackets when locked.

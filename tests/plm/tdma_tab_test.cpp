@@ -141,8 +141,19 @@ TEST_F(PlmTdma, TheAutomaticRulesRunInOrderOnControlsAndRecords) {
   EXPECT_EQ(host_.TakeMessage(), "Mode 5: You must enter at least one channel.");
 }
 
-TEST_F(PlmTdma, WhatWasChosenBeforeCheckingStaysAmongTheDefaults) {
+TEST_F(PlmTdma, WhatWasTouchedBeforeCheckingStaysAmongTheDefaults) {
   LoadNew();
+  Choose(2);
+  tab_.XMode2.cboMethod.Select(0);
+  tab_.XMode2.optAuto[1].Click();  // what storing an untouched panel would give as well
+  Choose(5);
+  EXPECT_EQ(Data().Modes()->Count(), 0) << "a mode that was never checked is none of the study";
+  Choose(2);
+  EXPECT_EQ(tab_.XMode2.optAuto.Index(), 1);
+  EXPECT_EQ(tab_.XMode2.txtAmps.Text(), "");
+  Check(2);
+  EXPECT_EQ(Stored(Mode(2)), "2|Auto|5|5|10|Restrict|Member|Begin|1|1999|N|");
+
   Choose(5);
   tab_.XMode5.cboMethod.Select(0);
   tab_.XMode5.txtTotal.Type("8");
@@ -152,27 +163,11 @@ TEST_F(PlmTdma, WhatWasChosenBeforeCheckingStaysAmongTheDefaults) {
   EXPECT_EQ(tab_.XMode5.txtAmps.Text(), "5");
 }
 
-TEST_F(PlmTdma, TheListsReadAsTheyShould) {
-  tab_.LoadState();
-  const auto texts = [](const ui::ComboBox& list) {
-    std::string all;
-    for (const auto& item : list.Items()) all += item.text + "|";
-    return all;
-  };
-  EXPECT_EQ(texts(tab_.XMode2.cboMethod), "Automatic Method|Manual Method|");
-  EXPECT_EQ(texts(tab_.XMode5.cboMethod),
-            "Automatic Method|Manual Method|Study All Channels (not CDMA/AMPS)|");
-  EXPECT_EQ(texts(tab_.XMode6.cboMethod), "Study All Channels|Manual Method|");
-  for (const DistributionPanel* panel : {&tab_.XMode2, &tab_.XMode5}) {
-    EXPECT_EQ(texts(panel->cboSort1), "Member Number|Channel Number|Radio Number|");
-    EXPECT_EQ(texts(panel->cboSort2), "From the Beginning|From the End|");
-  }
-}
-
 TEST_F(PlmTdma, TheMethodDecidesWhatIsUsedAndStored) {
   LoadNew();
   Check(5);
   auto& five = tab_.XMode5;
+  EXPECT_EQ(five.cboMethod.Items()[2].text, "Study All Channels (not CDMA/AMPS)");
   EXPECT_TRUE(five.txtAmps.Enabled() && five.chkAce.Enabled() && !five.XChannelList1.Enabled());
   five.cboSort1.Select(2);
   five.cboSort2.Select(1);
@@ -268,28 +263,29 @@ TEST_F(PlmTdma, SwitchingRefusesAndUncheckingKeeps) {
   EXPECT_EQ(tab_.XMode2.txtTotal.Text(), "1");
   tab_.XMode2.txtTotal.SetText("10");
   Check(3);
-  EXPECT_EQ(tab_.XMode3.XChannelList1.txtChannelList.Text(), "4\n5");
+  EXPECT_EQ(tab_.XMode3.XChannelList1.txtChannelList.Text(), "4\n5\n");
   EXPECT_EQ(Refusal(), "");
   EXPECT_EQ(Data().ModeCount(), 2);
 }
 
 TEST_F(PlmTdma, UnsoundDefaultsAreToldInThePanelsOwnWords) {
-  const auto told = [this](DistributionPanel& panel, std::int32_t amps, std::int32_t total,
-                           std::int32_t from) {
-    panel.SetDefaults({.amps = amps, .tdma = 5, .total = total, .from = from, .to = 1999});
-    panel.InitControls();
-    EXPECT_EQ(panel.txtAmps.Text(), std::to_string(amps));
-    return host_.TakeMessage();
-  };
-  EXPECT_EQ(told(tab_.XMode2, 6, 10, 1),
-            "Mode 2  'AMPS and TDMA channels' cannot be greater than total channels.");
-  EXPECT_EQ(told(tab_.XMode2, 5, 10, 2000), "Mode 2  'From' channels cannot be greater than 'To' channels.");
-  EXPECT_EQ(told(tab_.XMode2, 5, 11, 1), "Mode 2  'Total Channels to Select' cannot be greater than 10.");
-  EXPECT_EQ(told(tab_.XMode5, 6, 10, 1),
-            "Mode 5  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'.");
-  EXPECT_EQ(told(tab_.XMode5, 5, 10, 2000), "Mode 5  'From' channels cannot be greater than 'To' channels.");
-  EXPECT_EQ(told(tab_.XMode5, 5, 11, 1), "Mode 5 'Total Channels to Select' cannot be greater than 10.");
-  EXPECT_EQ(told(tab_.XMode5, 5, 10, 1), "");
+  const struct {
+    std::int32_t amps, total, from;
+    std::string two, five;
+  } cases[] = {{6, 10, 1, "  'AMPS and TDMA channels' cannot be greater than total channels.",
+                "  'AMPS and TDMA Channels' cannot be greater than 'Total to Select'."},
+               {5, 10, 2000, "  'From' channels cannot be greater than 'To' channels.",
+                "  'From' channels cannot be greater than 'To' channels."},
+               {5, 11, 1, "  'Total Channels to Select' cannot be greater than 10.",
+                " 'Total Channels to Select' cannot be greater than 10."}};
+  for (const auto& one : cases) {
+    for (DistributionPanel* panel : {&tab_.XMode2, &tab_.XMode5}) {
+      panel->SetDefaults({.amps = one.amps, .tdma = 5, .total = one.total, .from = one.from, .to = 1999});
+      panel->InitControls();
+      EXPECT_EQ(panel->txtAmps.Text(), std::to_string(one.amps));
+      EXPECT_EQ(host_.TakeMessage(), panel->Number() == 2 ? "Mode 2" + one.two : "Mode 5" + one.five);
+    }
+  }
 }
 
 TEST_F(PlmTdma, EveryEntryOfAChannelListIsChecked) {

@@ -85,7 +85,6 @@ TEST_F(RfcDetail, ChecksRunInOrder) {
       {"_b", first},
       {"b123456789012", length},
       {"b$$$$$$$$$$$$", length},
-      {"b*", length},
       {"b12345678901", "If you entered a DN you must have a corresponding study data file name."}};
   for (const auto& [name, message] : names) {
     Enter(3, "5552", name);
@@ -148,11 +147,20 @@ TEST_F(RfcDetail, RowsFollowTheEcp) {
 
   Data().LookupFAF(6);  // the user saves without coming back to this tab
   tab_.txtPath.SetText(folder_.Path());
+  EXPECT_EQ(Refusal(), "You must enter at least one DN. Please enter a DN.");
+  EXPECT_EQ(Rows(), "1:5551/a 3:5553/c ") << "checking moves nothing";
+  tab_.txtFilename[0].Edit("typed");
+  Choose(Ecp::WithSingleDn);
+  EXPECT_EQ(Rows(), "1:5551/a 3:5553/c ") << "nothing moves over what was typed";
+  EXPECT_EQ(tab_.txtFilename[0].Text(), "typed");
+  tab_.txtFilename[0].Edit("");
+  Choose(Ecp::WithMultipleDns);
+  Choose(Ecp::WithSingleDn);
+  EXPECT_EQ(Rows(), "0:5551/a 3:5553/c ");
+  EXPECT_EQ(tab_.lblUnused.Caption(), "1 DN is not stored: this ECP traces a single DN.");
   EXPECT_EQ(Refusal(), "");
   tab_.SaveData();
   EXPECT_EQ(SavedDns(), "N 5551/a.rft ");
-  EXPECT_EQ(Rows(), "0:5551/a 3:5553/c ");
-  EXPECT_EQ(tab_.lblUnused.Caption(), "1 DN is not stored: this ECP traces a single DN.");
   Choose(Ecp::WithMultipleDns);
   EXPECT_EQ(Rows(), "1:5551/a 3:5553/c ");
   EXPECT_EQ(tab_.lblUnused.Caption(), "");
@@ -173,6 +181,22 @@ TEST_F(RfcDetail, AStoredStudyFillsTheRowsOfItsEcp) {
   EXPECT_TRUE(host_.editor->changes.empty());
   tab_.SaveData();
   EXPECT_EQ(study_->PollingInterval(), 7);
+}
+
+TEST_F(RfcDetail, WhatNoRowCanShowStaysAndIsTold) {
+  // No features are on record for the ECP.
+  Data().SetMultipleDns("Y");
+  for (int dn = 1; dn <= 11; ++dn) Data().AddDn("55" + std::to_string(dn), "f" + std::to_string(dn) + ".rft");
+  LoadStored();
+  tab_.txtPath.SetText(folder_.Path());
+  tab_.txtPollingInterval.SetText("5");
+  EXPECT_EQ(Refusal(), "DN 5511 is stored with this study, but no row can show it.");
+  tab_.SaveData();
+  EXPECT_EQ(Data().MultipleDns() + std::to_string(Data().DNs()->Count()), "Y11");
+  Enter(4, "", "");
+  host_.editor->notifications.cdtnNotify_TabShow.Raise("XKivRfcDetail");
+  EXPECT_EQ(tab_.txtDirectoryNumber[4].Text(), "5511");
+  EXPECT_EQ(Refusal(), "");
 }
 
 TEST_F(RfcDetail, BrowsingFillsTheFolder) {

@@ -47,55 +47,26 @@ class RfcGeneral : public test::TabTest<XKivRfcGen> {
   }
 };
 
-TEST_F(RfcGeneral, ANewStudyStartsWithTheDefaultsOrTheRememberedValues) {
+TEST_F(RfcGeneral, WhatIsNoEcpIsCells) {
   LoadNew();
-  EXPECT_EQ(tab_.txtDuration.Text() + tab_.txtTag.Text(), "30data");
-  EXPECT_TRUE(tab_.chkClearLog.Checked());
-  EXPECT_EQ(tab_.optEntityType.Index(), 0);
-  host_.settings->remembered = {{"RfcDuration", "60"}, {"RfcTag", "mine"}};
-  LoadNew();
-  EXPECT_EQ(tab_.txtDuration.Text() + tab_.txtTag.Text(), "60mine");
-  EXPECT_TRUE(host_.editor->changes.empty());
-  tab_.txtTag.SetText("next");
-  tab_.RememberValues();
-  EXPECT_EQ(host_.settings->remembered["RfcTag"], "next");
-}
-
-TEST_F(RfcGeneral, ChecksRunInOrder) {
-  LoadNew();
-  tab_.txtDuration.SetText("");
-  tab_.txtTag.SetText("");
-  EXPECT_EQ(Refusal(), "Please select an ECP for the study.");
-  EXPECT_TRUE(tab_.dlvwEntity.HasFocus());
-  tab_.optEntityType[1].Click();
-  EXPECT_EQ(Refusal(), "Please select at least one cell for the study.");
-  tab_.dlvwEntity.DropNodes({Cell(2, 37)});
-  const std::string range = "Study Duration must be between 15 and 240 minutes inclusive.";
-  const std::pair<const char*, std::string> durations[] = {{"", "Study Duration must be numeric."},
-                                                           {"x", "Study Duration must be numeric."},
-                                                           {"14", range},
-                                                           {"241", range},
-                                                           {"240", "Tag is a required field."},
-                                                           {"15", "Tag is a required field."}};
-  for (const auto& [duration, message] : durations) {
-    tab_.txtDuration.SetText(duration);
-    EXPECT_EQ(Refusal(), message) << duration;
+  for (const int type : {1, ui::kNoSelection}) {
+    tab_.optEntityType.SetIndex(type);
+    EXPECT_EQ(tab_.dlvwEntity.EntityType(), EntityType::RfcCell);
+    EXPECT_EQ(Refusal(), "Please select at least one cell for the study.");
   }
-  EXPECT_TRUE(tab_.txtTag.HasFocus());
-  tab_.txtTag.SetText(".x");
-  EXPECT_EQ(Refusal(), "Tag cannot start with a '.'");
-  tab_.txtTag.SetText("x.");
-  EXPECT_EQ(Refusal(), "");
+  tab_.SaveData();
+  EXPECT_EQ(Data().UseEcp(), "");
 }
 
 TEST_F(RfcGeneral, ATagHasLettersDigitsDotsAndUnderscoresOnly) {
   LoadNew();
+  tab_.dlvwEntity.DropNodes({Ecp(2)});
+  tab_.txtTag.SetText(".x");
+  EXPECT_EQ(Refusal(), "Tag cannot start with a '.'");
   tab_.txtTag.SetText("");
   tab_.txtTag.Type("a-b c_1.Z$\bY");
   EXPECT_EQ(tab_.txtTag.Text(), "abc_1.Y");
   EXPECT_EQ(host_.beeper->beeps, 3);
-  tab_.txtDuration.Type("x5");
-  EXPECT_EQ(tab_.txtDuration.Text(), "305");
 }
 
 TEST_F(RfcGeneral, OneEcpOrUpToTheLimitOfCells) {
@@ -182,7 +153,6 @@ TEST_F(RfcGeneral, AStoredStudyIsShownWhateverItsFeatures) {
   Data().AddCell(3037, 1, 3, 37);
   LoadStored();
   EXPECT_EQ(host_.TakeMessage(), kNotActive);
-  EXPECT_EQ(tab_.txtDuration.Text() + tab_.txtTag.Text(), "45t");
   EXPECT_FALSE(tab_.chkClearLog.Checked());
   EXPECT_EQ(tab_.optEntityType.Index(), 1);
   EXPECT_EQ(Listed(), "Cell:3037 ");
@@ -194,10 +164,8 @@ TEST_F(RfcGeneral, SavesTheEntitiesOfTheChosenType) {
   LoadNew();
   tab_.dlvwEntity.DropNodes({Ecp(2)});
   tab_.chkClearLog.Click();
-  tab_.txtDuration.SetText("90");
   tab_.SaveData();
   EXPECT_EQ(Data().UseEcp() + Data().ClearLog() + Data().Tag(), "YNdata");
-  EXPECT_EQ(study_->Duration(), 90);
   EXPECT_TRUE(Data().Entities()->Contains("Ecp:102"));
   tab_.optEntityType[1].Click();
   tab_.dlvwEntity.DropNodes({Cell(2, 38), Cell(2, 37)});

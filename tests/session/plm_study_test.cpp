@@ -18,9 +18,9 @@ namespace kiv::client {
 namespace {
 
 /// The tabs of one editor, worked as a user does.
-class Hand {
+class PlmHand {
  public:
-  explicit Hand(session::StudySession& session)
+  explicit PlmHand(session::StudySession& session)
       : general(dynamic_cast<XKivPlmGen&>(*session.Tabs()[0])),
         cdma(dynamic_cast<XKivPlmCdma&>(*session.Tabs()[1])),
         tdma(dynamic_cast<XKivPlmTdma&>(*session.Tabs()[2])) {}
@@ -46,7 +46,7 @@ class Hand {
 /// One way of setting a mode: what the user does once it is checked, and the row that comes of it.
 struct Setting {
   std::int32_t mode;
-  std::function<void(Hand&)> enter;
+  std::function<void(PlmHand&)> enter;
   std::string stored;
 };
 
@@ -55,25 +55,25 @@ std::vector<Setting> Settings() {
   const std::string nothing = "|NULL|NULL|NULL||NULL|NULL|NULL|||NULL|NULL||";
   const std::string unset = "|NULL|NULL|NULL|";
   std::vector<Setting> all = {
-      {1, [](Hand&) {}, "1" + nothing + "|"},
-      {3, [](Hand& hand) { hand.tdma.XMode3.XChannelList1.txtChannelList.Paste("1999;1,77"); },
+      {1, [](PlmHand&) {}, "1" + nothing + "|"},
+      {3, [](PlmHand& hand) { hand.tdma.XMode3.XChannelList1.txtChannelList.Paste("1999;1,77"); },
        "3" + nothing + "|1 77 1999 "},
-      {4, [](Hand&) {}, "4" + nothing + "|"},
-      {6, [](Hand&) {}, "6" + unset + "All|NULL|NULL|NULL|||NULL|NULL|||"},
+      {4, [](PlmHand&) {}, "4" + nothing + "|"},
+      {6, [](PlmHand&) {}, "6" + unset + "All|NULL|NULL|NULL|||NULL|NULL|||"},
       {6,
-       [](Hand& hand) {
+       [](PlmHand& hand) {
          hand.tdma.XMode6.cboMethod.Select(1);
          hand.tdma.XMode6.XChannelList1.txtChannelList.Type("12");
        },
        "6" + unset + "Manual|NULL|NULL|NULL|||NULL|NULL|||12 "},
-      {5, [](Hand& hand) { hand.tdma.XMode5.cboMethod.Select(2); },
+      {5, [](PlmHand& hand) { hand.tdma.XMode5.cboMethod.Select(2); },
        "5" + unset + "All|5|5|10|Member|Begin|1|1999|N|Expand|"},
   };
   for (const std::int32_t mode : {2, 5}) {
     const std::string number = std::to_string(mode);
-    all.push_back({mode, [](Hand&) {}, number + unset + "Auto|5|5|10|Member|Begin|1|1999|N|Expand|"});
+    all.push_back({mode, [](PlmHand&) {}, number + unset + "Auto|5|5|10|Member|Begin|1|1999|N|Expand|"});
     all.push_back({mode,
-                   [mode](Hand& hand) {
+                   [mode](PlmHand& hand) {
                      DistributionPanel& panel = hand.Rich(mode);
                      panel.txtAmps.SetText("0");
                      panel.txtTdma.SetText("9");
@@ -87,7 +87,7 @@ std::vector<Setting> Settings() {
                    },
                    number + unset + "Auto|0|9|9|Channel|End|20|20|Y|Restrict|"});
     all.push_back({mode,
-                   [mode](Hand& hand) {
+                   [mode](PlmHand& hand) {
                      hand.Rich(mode).cboSort1.Select(2);
                      hand.Rich(mode).cboMethod.Select(1);
                      hand.Rich(mode).XChannelList1.txtChannelList.Paste("400 312 313");
@@ -98,7 +98,7 @@ std::vector<Setting> Settings() {
   const std::vector<std::vector<std::int32_t>> options = {{0, 1, 2, 17, 3, 4, 5, 18, 6, 7, 8, 9, 10},
                                                           {1, 7, 8, 9, 10, 11, 12, 13, 14, 15}};
   for (std::int32_t mode = 7; mode <= MKivStudyCtls::kModeCount; ++mode) {
-    const auto carrier = [](Hand& hand, std::int32_t number) {
+    const auto carrier = [](PlmHand& hand, std::int32_t number) {
       hand.cdma.txtCarrier.SetText("");
       hand.cdma.txtCarrier.Type(std::to_string(number));
     };
@@ -107,7 +107,7 @@ std::vector<Setting> Settings() {
       const auto& values = options[static_cast<std::size_t>(mode - 7)];
       for (int place = 0; place < static_cast<int>(values.size()); ++place) {
         all.push_back({mode,
-                       [=](Hand& hand) {
+                       [=](PlmHand& hand) {
                          carrier(hand, mode);
                          hand.cdma.cboServiceOption.Select(place);
                        },
@@ -115,10 +115,10 @@ std::vector<Setting> Settings() {
       }
       continue;
     }
-    all.push_back({mode, [=](Hand& hand) { carrier(hand, mode); }, start + "NULL|NULL" + rest});
+    all.push_back({mode, [=](PlmHand& hand) { carrier(hand, mode); }, start + "NULL|NULL" + rest});
     for (int type = 0; mode > 10 && type < 4; ++type) {
       all.push_back({mode,
-                     [=](Hand& hand) {
+                     [=](PlmHand& hand) {
                        carrier(hand, mode);
                        hand.cdma.cboGenerationType.Select(type);
                      },
@@ -132,17 +132,13 @@ class PlmStudies : public ::testing::TestWithParam<test::Engine> {
  protected:
   PlmStudies() {
     database::UpgradeSchema(*connection_);
-    host::Services services = host::InstalledServices();
-    services.openDatabase = [this] { return connection_; };
-    services.errorReporter = errors_;
-    host::InstallServices(services);
     scenario_ = store_.Scenarios().Add("Downtown");
     host_.documents->documents = store_.Scenarios().List();
   }
 
   std::unique_ptr<session::StudySession> NewSession() {
     auto session = std::make_unique<session::StudySession>(store_, store_.New("PLM Study"));
-    Hand hand(*session);
+    PlmHand hand(*session);
     hand.general.fdocCBScenario.SelectID(scenario_);
     hand.general.XDest.SetPath(folder_.Path());
     return session;
@@ -182,6 +178,9 @@ class PlmStudies : public ::testing::TestWithParam<test::Engine> {
   std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
   const std::unique_ptr<test::TestDatabase> database_ = GetParam().start();
   const std::shared_ptr<database::SqlConnection> connection_ = database_->Connect();
+  const host::Scope scope_{
+      {.openDatabase = [opened = connection_] { return opened; }, .errorReporter = errors_},
+      host::Rest::AsBefore};
   store::StudyStore store_{connection_, errors_};
   std::int32_t scenario_ = 0;
 };
@@ -195,7 +194,7 @@ TEST_P(PlmStudies, EverySettingOfEveryModeIsKept) {
     const Setting& setting = all[i];
     SCOPED_TRACE("setting " + std::to_string(i) + " of mode " + std::to_string(setting.mode));
     const auto own = NewSession();
-    Hand first(*own);
+    PlmHand first(*own);
     first.Check(setting.mode);
     setting.enter(first);
     ASSERT_TRUE(Save(*own));
@@ -203,7 +202,7 @@ TEST_P(PlmStudies, EverySettingOfEveryModeIsKept) {
 
     // Reopened, looked at and changed elsewhere, nothing of the mode changes.
     const auto again = Reopened(own->ID());
-    Hand second(*again);
+    PlmHand second(*again);
     second.Show(setting.mode);
     EXPECT_FALSE(again->Modified());
     second.general.txtTag.Type("2");
@@ -214,7 +213,7 @@ TEST_P(PlmStudies, EverySettingOfEveryModeIsKept) {
     // What the user then changes takes the old setting's place.
     if (i + 1 < all.size() && all[i + 1].mode == setting.mode && setting.mode >= 7) {
       const auto changed = Reopened(own->ID());
-      Hand third(*changed);
+      PlmHand third(*changed);
       third.Show(setting.mode);
       all[i + 1].enter(third);
       ASSERT_TRUE(Save(*changed));
@@ -225,7 +224,7 @@ TEST_P(PlmStudies, EverySettingOfEveryModeIsKept) {
 
 TEST_P(PlmStudies, AStudyKeepsAllItsModesOverTwoUpdates) {
   const auto session = NewSession();
-  Hand hand(*session);
+  PlmHand hand(*session);
   std::string expected;
   for (const std::int32_t mode : {1, 2, 3, 4, 5, 6, 8, 15}) {
     const auto all = Settings();
@@ -242,7 +241,7 @@ TEST_P(PlmStudies, AStudyKeepsAllItsModesOverTwoUpdates) {
   EXPECT_EQ(Rows(session->ID()), expected);
 
   const auto again = Reopened(session->ID());
-  Hand second(*again);
+  PlmHand second(*again);
   second.Check(3);
   second.Check(15);
   ASSERT_TRUE(Save(*again));

@@ -19,8 +19,8 @@ namespace kiv::client {
 namespace {
 
 /// The tabs of one editor.
-struct Hand {
-  explicit Hand(session::StudySession& session)
+struct RfcHand {
+  explicit RfcHand(session::StudySession& session)
       : strip(dynamic_cast<session::ScenarioStrip&>(*session.Header())),
         general(dynamic_cast<XKivRfcGen&>(*session.Tabs()[0])),
         detail(dynamic_cast<XKivRfcDetail&>(*session.Tabs()[1])),
@@ -55,10 +55,6 @@ class RfcStudies : public ::testing::TestWithParam<test::Engine> {
                       "(2, '") +
           cell + "', 102)");
     }
-    host::Services services = host::InstalledServices();
-    services.openDatabase = [connection = connection_] { return connection; };
-    services.errorReporter = errors_;
-    host::InstallServices(services);
     scenario_ = store_.Scenarios().Add("Downtown");
     host_.documents->documents = store_.Scenarios().List();
   }
@@ -67,7 +63,7 @@ class RfcStudies : public ::testing::TestWithParam<test::Engine> {
   std::unique_ptr<session::StudySession> StoredStudy(const host::DraggedNode& ecp, std::size_t firstRow) {
     auto session = std::make_unique<session::StudySession>(store_, store_.New(std::string(kRfcStudy)));
     session->SetName("Trace");
-    Hand hand(*session);
+    RfcHand hand(*session);
     hand.strip.fdocCBScenario.SelectID(scenario_);
     hand.general.dlvwEntity.DropNodes({ecp});
     session->NotifyTabShown("XKivRfcDetail");
@@ -100,6 +96,9 @@ class RfcStudies : public ::testing::TestWithParam<test::Engine> {
   std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
   const std::unique_ptr<test::TestDatabase> database_ = GetParam().start();
   const std::shared_ptr<database::SqlConnection> connection_ = database_->Connect();
+  const host::Scope scope_{
+      {.openDatabase = [opened = connection_] { return opened; }, .errorReporter = errors_},
+      host::Rest::AsBefore};
   store::StudyStore store_{connection_, errors_};
   std::int32_t scenario_ = 0;
 };
@@ -114,7 +113,7 @@ TEST_P(RfcStudies, AStudyGoesFromAnEcpToCellsAndBack) {
   EXPECT_EQ(Dns(), "5552|b.rft;5551|a.rft;");
 
   const auto second = Reopened(first->ID());
-  Hand toCells(*second);
+  RfcHand toCells(*second);
   toCells.general.optEntityType[1].Click();
   toCells.general.dlvwEntity.DropNodes(kCells);
   Save(*second);
@@ -123,7 +122,7 @@ TEST_P(RfcStudies, AStudyGoesFromAnEcpToCellsAndBack) {
   EXPECT_EQ(Dns(), "5552|b.rft;5551|a.rft;");
 
   const auto third = Reopened(first->ID());
-  Hand toEcp(*third);
+  RfcHand toEcp(*third);
   EXPECT_EQ(toEcp.general.optEntityType.Index(), 1);
   EXPECT_EQ(toEcp.general.dlvwEntity.RowCount(), 2U);
   EXPECT_EQ(toEcp.detail.txtDirectoryNumber[2].Text(), "5551");
@@ -139,7 +138,7 @@ TEST_P(RfcStudies, AStudyGoesFromAnEcpToCellsAndBack) {
 TEST_P(RfcStudies, AStudyOfSeveralDnsBecomesOneOfASingleDn) {
   const auto session = StoredStudy(kEcp2, 1);
   const auto again = Reopened(session->ID());
-  Hand hand(*again);
+  RfcHand hand(*again);
   hand.general.dlvwEntity.RemoveAll();
   hand.general.dlvwEntity.DropNodes({kEcp1});
   again->NotifyTabShown("XKivRfcDetail");
@@ -148,19 +147,19 @@ TEST_P(RfcStudies, AStudyOfSeveralDnsBecomesOneOfASingleDn) {
   EXPECT_EQ(Entities(), "1|101;/");
   EXPECT_EQ(Dns(), "5552|b.rft;");
   const auto single = Reopened(session->ID());
-  EXPECT_EQ(Hand(*single).detail.txtDirectoryNumber[0].Text(), "5552");
+  EXPECT_EQ(RfcHand(*single).detail.txtDirectoryNumber[0].Text(), "5552");
   EXPECT_FALSE(single->Modified());
 }
 
 TEST_P(RfcStudies, AClearedRestrictionStaysInTheDatabase) {
   const auto session = StoredStudy(kEcp1, 0);
-  Hand hand(*session);
+  RfcHand hand(*session);
   hand.cdma3g.chkRestrictReverse.Click();
   hand.cdma3g.optReverseRate[4].Click();
   Save(*session);
   EXPECT_EQ(Study(), "Y|N|Y|0|5;");
   const auto again = Reopened(session->ID());
-  Hand second(*again);
+  RfcHand second(*again);
   EXPECT_EQ(second.cdma3g.optReverseRate.Index(), 4);
   second.cdma3g.chkRestrictReverse.Click();
   Save(*again);
@@ -173,7 +172,7 @@ TEST_P(RfcStudies, ADatabaseWithoutRestrictionsStoresStudiesWithoutThem) {
   }
   const auto session = StoredStudy(kEcp1, 0);
   const auto again = Reopened(session->ID());
-  Hand hand(*again);
+  RfcHand hand(*again);
   EXPECT_FALSE(hand.cdma3g.chkRestrictForward.Checked() || hand.cdma3g.chkRestrictReverse.Checked());
   hand.general.txtTag.Type("2");
   Save(*again);

@@ -26,11 +26,6 @@ const std::vector<host::DraggedNode> kNamesakes = {{"Cell:1007", 1, 1, 6, 1007},
 class VcsaStudies : public ::testing::TestWithParam<test::Engine> {
  protected:
   VcsaStudies() {
-    MSQL::ReleaseDatabase();
-    host::Services services = host::InstalledServices();
-    services.openDatabase = [connection = connection_] { return connection; };
-    services.errorReporter = errors_;
-    host::InstallServices(services);
     EXPECT_EQ(store::ImportNetwork(*connection_, KIV_SAMPLE_NETWORK).outcome,
               store::NetworkReport::Outcome::Imported);
   }
@@ -68,6 +63,9 @@ class VcsaStudies : public ::testing::TestWithParam<test::Engine> {
   const std::unique_ptr<test::TestDatabase> database_ = GetParam().start();
   const std::shared_ptr<database::SqlConnection> connection_ =
       database::OpenStudyDatabase(database_->Name(), database::OpenMode::CreateIfMissing);
+  const host::Scope scope_{
+      {.openDatabase = [opened = connection_] { return opened; }, .errorReporter = errors_},
+      host::Rest::AsBefore};
   store::StudyStore store_{connection_, errors_};
 };
 

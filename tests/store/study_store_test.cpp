@@ -27,17 +27,7 @@ class Store : public ::testing::TestWithParam<std::tuple<test::Engine, Layout>> 
     } else {
       database::UpgradeSchema(*connection_);
     }
-    Install(connection_);
     scenario_ = store_->Scenarios().Add("Down'town");
-  }
-
-  void Install(std::shared_ptr<database::Connection> connection) {
-    MSQL::ReleaseDatabase();
-    host::Services services = host::InstalledServices();
-    services.openDatabase = [connection] { return connection; };
-    services.errorReporter = errors_;
-    host::InstallServices(services);
-    store_ = std::make_unique<store::StudyStore>(connection, errors_);
   }
 
   /// A new session with valid input.
@@ -68,7 +58,10 @@ class Store : public ::testing::TestWithParam<std::tuple<test::Engine, Layout>> 
   std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
   const std::unique_ptr<test::TestDatabase> database_ = std::get<test::Engine>(GetParam()).start();
   const std::shared_ptr<database::SqlConnection> connection_ = database_->Connect();
-  std::unique_ptr<store::StudyStore> store_;
+  const host::Scope scope_{
+      {.openDatabase = [opened = connection_] { return opened; }, .errorReporter = errors_},
+      host::Rest::AsBefore};
+  std::unique_ptr<store::StudyStore> store_ = std::make_unique<store::StudyStore>(connection_, errors_);
   std::int32_t scenario_ = 0;
 };
 
@@ -208,7 +201,7 @@ TEST_P(Store, AScenarioThatWasDeletedMeanwhileIsTold) {
   EXPECT_TRUE(store_->List().empty());
   scenario_ = store_->Scenarios().Add("Harbour");
   host_.documents->documents = store_->Scenarios().List();
-  host_.documents->DocumentsChanged.Raise();
+  host::TheEvents().DocumentsChanged.Raise();
   General(*session).fdocCBScenario.SelectID(scenario_);
   EXPECT_TRUE(session->Save("ann")) << host_.TakeMessage();
 }

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/fields.h"
+#include "base/ascii.h"
 #include "host/database.h"
 #include "host/sql_rendering.h"
 
@@ -29,7 +29,7 @@ class FakeRecordset : public host::Recordset {
   void Close() override { rows_.rows.clear(); }
   int FieldIndex(std::string_view name) const override {
     for (std::size_t i = 0; i < rows_.names.size(); ++i) {
-      if (sql::AsciiUpper(rows_.names[i]) == sql::AsciiUpper(name)) return static_cast<int>(i);
+      if (SameInAnyCase(rows_.names[i], name)) return static_cast<int>(i);
     }
     throw Error(ErrorNumber::InvalidArgument, "no field " + std::string(name));
   }

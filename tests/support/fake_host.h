@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <exception>
 #include <map>
 #include <memory>
@@ -7,10 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "core/msql.h"
 #include "host/constants.h"
 #include "host/editor_context.h"
-#include "host/services.h"
+#include "host/scope.h"
 #include "support/fake_database.h"
 
 namespace kiv::test {
@@ -120,16 +120,18 @@ struct FakeBeeper : host::Beeper {
 
 struct FakeDragSource : host::DragSource {
   std::vector<host::DraggedNode> nodes;
-  std::map<std::string, std::uint16_t> numbers;  // by format name; any other name gets kTreeFormat
-  std::vector<std::string> formats;              // the names asked for
-
-  static constexpr std::uint16_t kTreeFormat = 49161;
+  std::vector<std::string> formats;  // as registered
 
   std::vector<host::DraggedNode> DraggedNodes() const override { return nodes; }
   std::uint16_t RegisterFormat(const std::string& name) override {
-    formats.push_back(name);
-    const auto found = numbers.find(name);
-    return found == numbers.end() ? kTreeFormat : found->second;
+    if (!FindFormat(name)) formats.push_back(name);
+    return *FindFormat(name);
+  }
+  std::optional<std::uint16_t> FindFormat(const std::string& name) const override {
+    constexpr std::ptrdiff_t kFirst = 49161;
+    const auto found = std::ranges::find(formats, name);
+    if (found == formats.end()) return std::nullopt;
+    return static_cast<std::uint16_t>(kFirst + (found - formats.begin()));
   }
 };
 
@@ -143,7 +145,7 @@ struct FakeEditor : host::EditorContext {
   void ShowHourglass(bool shown) override { hourglass += shown ? '+' : '-'; }
 };
 
-/// A whole host for one test: installed while it lives.
+/// A whole host for one test, current while it lives.
 struct FakeHost {
   std::shared_ptr<FakeDatabase> database = std::make_shared<FakeDatabase>();
   std::shared_ptr<FakeErrorReporter> errors = std::make_shared<FakeErrorReporter>();
@@ -156,24 +158,16 @@ struct FakeHost {
   std::shared_ptr<FakeDragSource> dragSource = std::make_shared<FakeDragSource>();
   std::shared_ptr<FakeEditor> editor = std::make_shared<FakeEditor>();
 
-  FakeHost() {
-    host::InstallServices({.openDatabase = [database = database] { return database; },
-                           .errorReporter = errors,
-                           .messageBoxes = messages,
-                           .settings = settings,
-                           .session = session,
-                           .documents = documents,
-                           .fileNameRules = std::make_shared<FakeFileNameRules>(),
-                           .folderChooser = folders,
-                           .beeper = beeper,
-                           .dragSource = dragSource});
-  }
-  FakeHost(const FakeHost&) = delete;
-  FakeHost& operator=(const FakeHost&) = delete;
-  ~FakeHost() {
-    MSQL::ReleaseDatabase();
-    host::InstallServices({});
-  }
+  host::Scope scope{{.openDatabase = [opened = database] { return opened; },
+                     .errorReporter = errors,
+                     .messageBoxes = messages,
+                     .settings = settings,
+                     .session = session,
+                     .documents = documents,
+                     .fileNameRules = std::make_shared<FakeFileNameRules>(),
+                     .folderChooser = folders,
+                     .beeper = beeper,
+                     .dragSource = dragSource}};
 
   /// The text of the only message shown so far; the messages are forgotten.
   std::string TakeMessage() {

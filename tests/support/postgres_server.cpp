@@ -50,9 +50,10 @@ int FreePort() {
   address.sin_family = AF_INET;
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
   socklen_t length = sizeof address;
-  bind(probe, reinterpret_cast<sockaddr*>(&address), length);
-  getsockname(probe, reinterpret_cast<sockaddr*>(&address), &length);
+  const bool bound = bind(probe, reinterpret_cast<sockaddr*>(&address), length) == 0 &&
+                     getsockname(probe, reinterpret_cast<sockaddr*>(&address), &length) == 0;
   close(probe);
+  if (!bound) throw std::runtime_error("No port is free.");
   return ntohs(address.sin_port);
 }
 
@@ -67,6 +68,7 @@ void GiveUpRoot() {
 /// Starts a program as an ordinary user; its output goes to the log.
 pid_t StartProgram(const std::vector<std::string>& command, const std::string& folder) {
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (const std::string& argument : command) arguments.push_back(const_cast<char*>(argument.c_str()));
   arguments.push_back(nullptr);
   const pid_t child = fork();

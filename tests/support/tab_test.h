@@ -31,7 +31,7 @@ class TabTest : public ::testing::Test {
   /// The message of a refusal; empty when the tab is valid.
   std::string Refusal() {
     const bool valid = tab_.IsTabValid("");
-    const std::string text = host_.TakeMessage();
+    std::string text = host_.TakeMessage();
     EXPECT_EQ(valid, text.empty());
     return text;
   }

@@ -1,9 +1,7 @@
 #pragma once
 
 #include <memory>
-#include <utility>
 
-#include "core/msql.h"
 #include "database/connection.h"
 #include "store/studies/error_log.h"
 #include "store/studies/study_store.h"
@@ -11,22 +9,20 @@
 
 namespace kiv::test {
 
-/// The program's store on one connection, with the rest of the host faked. One at a time in a process.
+/// The program's store on one connection, with the rest of the host faked.
 class TestStore {
  public:
-  explicit TestStore(std::shared_ptr<database::Connection> connection) : store_(connection, errors_) {
-    MSQL::ReleaseDatabase();
-    host::Services services = host::InstalledServices();
-    services.openDatabase = [connection] { return connection; };
-    services.errorReporter = errors_;
-    host::InstallServices(services);
-  }
+  explicit TestStore(const std::shared_ptr<database::Connection>& connection)
+      : scope_({.openDatabase = [connection] { return connection; }, .errorReporter = errors_},
+               host::Rest::AsBefore),
+        store_(connection, errors_) {}
 
   store::StudyStore* operator->() { return &store_; }
 
  private:
   FakeHost host_;
   std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
+  host::Scope scope_;
   store::StudyStore store_;
 };
 

@@ -36,6 +36,14 @@ class WatchedConnection : public database::Connection {
     beforeCall();
     inner_->Begin();
   }
+  void BeginReading() override {
+    beforeCall();
+    inner_->BeginReading();
+  }
+  void VisitRows(const std::string& sql, int timeoutSeconds, const database::RowVisitor& visit) override {
+    beforeCall();
+    inner_->VisitRows(sql, timeoutSeconds, visit);
+  }
   void Commit() override {
     beforeCall();
     inner_->Commit();

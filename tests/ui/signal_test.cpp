@@ -57,6 +57,24 @@ TEST(Signals, ScopedConnectionsEndWithTheirOwner) {
   }
 }
 
+TEST(Signals, AnEndedHandlerGoesAtOnceAndMayEndOthersWithIt) {
+  Signal<> signal;
+  int calls = 0;
+  Connection other = signal.Connect([&] { ++calls; });
+  const auto onItsEnd = [&other](int* held) {
+    delete held;
+    other.Disconnect();
+  };
+  std::shared_ptr<int> held(new int(1), onItsEnd);
+  const std::weak_ptr<int> watched = held;
+  Connection owner = signal.Connect([held = std::move(held)] { (void)held; });
+  owner.Disconnect();
+  EXPECT_TRUE(watched.expired());  // also when the event is never raised again
+  EXPECT_FALSE(other.Connected());
+  signal.Raise();
+  EXPECT_EQ(calls, 0);
+}
+
 TEST(Signals, AThrowingHandlerLeavesTheSignalInOrder) {
   Signal<> signal;
   Connection bad = signal.Connect([] { throw 1; });

@@ -1,7 +1,7 @@
 #include <cctype>
 #include <stdexcept>
 
-#include "host/services.h"
+#include "host/scope.h"
 #include "views/sample_page.h"
 
 namespace kiv::test {
@@ -161,12 +161,9 @@ TEST_F(Input, AnErrorGoesToTheReporter) {
     }
   };
   const auto reporter = std::make_shared<Reporter>();
-  host::Services services;
-  services.errorReporter = reporter;
-  host::InstallServices(services);
+  const host::Scope scope({.errorReporter = reporter});
   page_->chkUse.Changed.Connect([] { throw std::runtime_error("no luck"); });
   user_->Click(page_->chkUse);
-  host::InstallServices({});
   EXPECT_EQ(reporter->text, "no luck");
   EXPECT_EQ(user_->CheckOf(page_->chkUse), CheckState::Checked);
 }

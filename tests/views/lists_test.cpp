@@ -39,8 +39,8 @@ class Lists : public MaskedHost, public ViewTest<ListPage> {
 
 TEST_F(Lists, TakeDropsOfTheRegisteredFormatOnly) {
   dragSource->nodes = {{"Cell:1", 1, 2, 30, 1}, {"Cell:2", 1, 2, 4, 2}, {"Cell:3", 1, 2, 100, 3}};
-  dragSource->numbers["text/plain"] = 7;
   EXPECT_FALSE(user_->Drop(page_->list, "text/plain"));
+  EXPECT_EQ(dragSource->formats.size(), 1U);  // a foreign format is not registered by asking
   EXPECT_TRUE(user_->Drop(page_->list, host::kConfigEntityTreeFormat));
   EXPECT_EQ(Shown(), (Cells{"30", "4", "100"}));
   EXPECT_TRUE(user_->Drop(page_->list, host::kConfigEntityTreeFormat));

@@ -1,11 +1,14 @@
 CREATE TABLE kiv_scenario (
-  id INTEGER PRIMARY KEY,
-  name TEXT NOT NULL UNIQUE COLLATE NOCASE
+  id @NUMBERED@,
+  name @UNIQUE_NAME@
 );
 
--- AUTOINCREMENT: the number of a deleted study must not come back as another study.
+-- only postgresql
+CREATE UNIQUE INDEX kiv_scenario_by_name ON kiv_scenario (lower(name));
+
+-- The number of a deleted study must not come back as another study.
 CREATE TABLE kiv_study (
-  id INTEGER PRIMARY KEY AUTOINCREMENT,
+  id @NUMBERED_FOR_GOOD@,
   kind TEXT NOT NULL,
   name TEXT NOT NULL,
   scenario_id INTEGER REFERENCES kiv_scenario (id),

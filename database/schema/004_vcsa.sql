@@ -28,7 +28,7 @@ CREATE TABLE KIV_Cell_List (
   EcpId INTEGER NOT NULL,
   CellId INTEGER NOT NULL,
   PRIMARY KEY (kiv_list_id, SystemId, EcpId, CellId, InstanceId)
-) WITHOUT ROWID;
+)@WITHOUT_ROWID@;
 
 CREATE TABLE KIV_Antenna_List (
   kiv_list_id INTEGER NOT NULL REFERENCES kiv_study (id) ON DELETE CASCADE,
@@ -39,7 +39,7 @@ CREATE TABLE KIV_Antenna_List (
   AntennaId INTEGER NOT NULL,
   Selected TEXT NOT NULL,
   PRIMARY KEY (kiv_list_id, CellId, AntennaId, SystemId, EcpId, InstanceId)
-) WITHOUT ROWID;
+)@WITHOUT_ROWID@;
 
 CREATE TABLE KIV_Carrier_List (
   kiv_list_id INTEGER NOT NULL REFERENCES kiv_study (id) ON DELETE CASCADE,
@@ -50,7 +50,7 @@ CREATE TABLE KIV_Carrier_List (
   CarrierId INTEGER NOT NULL,
   Selected TEXT NOT NULL,
   PRIMARY KEY (kiv_list_id, CellId, CarrierId, SystemId, EcpId, InstanceId)
-) WITHOUT ROWID;
+)@WITHOUT_ROWID@;
 
 CREATE TABLE KIV_Ecp_List (
   kiv_list_id INTEGER NOT NULL REFERENCES kiv_study (id) ON DELETE CASCADE,
@@ -58,4 +58,4 @@ CREATE TABLE KIV_Ecp_List (
   SystemId INTEGER NOT NULL,
   EcpId INTEGER NOT NULL,
   PRIMARY KEY (kiv_list_id, SystemId, EcpId, InstanceId)
-) WITHOUT ROWID;
+)@WITHOUT_ROWID@;

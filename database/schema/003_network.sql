@@ -21,7 +21,7 @@ CREATE TABLE luc_cfg_ceqsu2 (
   rfpi INTEGER NOT NULL,
   dsetup TEXT NOT NULL,
   PRIMARY KEY (system_id, ecp, cell, rfpi)
-);
+)@WITHOUT_ROWID@;
 
 -- CDMA carriers of a cell, one row for each channel.
 CREATE TABLE luc_cfg_cdma_car_chans (
@@ -31,7 +31,7 @@ CREATE TABLE luc_cfg_cdma_car_chans (
   cell INTEGER NOT NULL,
   keyid INTEGER NOT NULL,
   PRIMARY KEY (system_id, ecp, cell, keyid)
-);
+)@WITHOUT_ROWID@;
 
 -- CDMA carriers of a CGSA, and the cells of a CGSA.
 CREATE TABLE luc_cfg_cgsa_cdma_cars (
@@ -40,7 +40,7 @@ CREATE TABLE luc_cfg_cgsa_cdma_cars (
   ecp INTEGER NOT NULL,
   cgsano INTEGER NOT NULL,
   PRIMARY KEY (system_id, ecp, cgsano, carrier_no)
-);
+)@WITHOUT_ROWID@;
 
 CREATE TABLE luc_cfg_cgsa_cell_list (
   system_id INTEGER NOT NULL,
@@ -48,7 +48,7 @@ CREATE TABLE luc_cfg_cgsa_cell_list (
   cgsano INTEGER NOT NULL,
   cell INTEGER NOT NULL,
   PRIMARY KEY (system_id, ecp, cell, cgsano)
-);
+)@WITHOUT_ROWID@;
 
 -- Which entity an entity belongs to, found by the numbers on its path joined with hyphens.
 CREATE TABLE vzn_instance_context (
@@ -56,7 +56,7 @@ CREATE TABLE vzn_instance_context (
   fullkey TEXT NOT NULL,
   ParentInstance_Id INTEGER NOT NULL,
   PRIMARY KEY (fullkey, context_id)
-);
+)@WITHOUT_ROWID@;
 
 -- Activated features of the switch of an ECP instance.
 CREATE TABLE KIV_FAF (
@@ -73,8 +73,10 @@ CREATE TABLE KIV_FAF (
   F559 TEXT
 );
 
+-- only postgresql
 CREATE SCHEMA lucent_generic;
 
+-- only postgresql
 -- Empty for a number that no cell has, and for a text that is no number.
 CREATE FUNCTION lucent_generic.find_cell_tech(instance TEXT) RETURNS TEXT
 LANGUAGE sql STABLE SET search_path FROM CURRENT

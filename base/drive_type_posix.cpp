@@ -2,9 +2,9 @@
 #include <fstream>
 #include <sstream>
 
-#include "core/drive_type.h"
+#include "base/drive_type.h"
 
-namespace kiv::MKivStudyCtls {
+namespace kiv {
 
 namespace {
 
@@ -68,7 +68,7 @@ Medium MediumOf(const std::string& device) {
 
 }  // namespace
 
-std::int32_t GetDriveTypeName(const std::string& path, std::string& description) {
+std::int32_t DriveTypeOf(const std::string& path) {
   const std::string existing = NearestExisting(path).string();
   std::ifstream table("/proc/self/mountinfo");
   Mount holder;
@@ -77,9 +77,7 @@ std::int32_t GetDriveTypeName(const std::string& path, std::string& description)
     // The longest point wins; of two on the same point the later one covers the earlier.
     if (Holds(mount.point, existing) && mount.point.size() >= holder.point.size()) holder = std::move(mount);
   }
-  const std::int32_t type = ClassifyFileSystem(holder.fileSystem, MediumOf(holder.device));
-  description = DriveTypeDescription(type);
-  return type;
+  return ClassifyFileSystem(holder.fileSystem, MediumOf(holder.device));
 }
 
-}  // namespace kiv::MKivStudyCtls
+}  // namespace kiv
