@@ -18,19 +18,7 @@ std::string DriveTypeDescription(std::int32_t type) {
 }
 
 std::string DriveRoot(std::string_view path) {
-  constexpr std::string_view kSeparators = "\\/";
-  if (path.empty()) return {};
-  const bool isNetworkPath = path.size() > 1 && kSeparators.find(path[0]) != std::string_view::npos &&
-                             kSeparators.find(path[1]) != std::string_view::npos;
-  if (!isNetworkPath) return std::string(path.substr(0, 1)) + ":\\";
-  std::string root = "\\\\";
-  path.remove_prefix(2);
-  for (int part = 0; part < 2 && !path.empty(); ++part) {  // the server and its share
-    const std::size_t end = std::min(path.find_first_of(kSeparators), path.size());
-    root.append(path.substr(0, end)).append("\\");
-    path.remove_prefix(std::min(end + 1, path.size()));
-  }
-  return root;
+  return path.empty() ? std::string() : std::string(path.substr(0, 1)) + ":\\";
 }
 
 DriveType ClassifyFileSystem(std::string_view fileSystem, Medium medium) {

@@ -24,8 +24,8 @@ std::int32_t DriveTypeOf(const std::string& path);
 /// Name of a drive type as users know it; empty for a code without one.
 std::string DriveTypeDescription(std::int32_t type);
 
-/// What a system with drive letters is asked about: the drive of the path's first letter, `c:\`, or the share
-/// of a network path, `\\server\share\`. Empty for an empty path.
+/// What a system with drive letters is asked about: the drive of the path's first character, such as `c:\`.
+/// That of a network path is `\:\`, which no system has. Empty for an empty path.
 std::string DriveRoot(std::string_view path);
 
 /// Type by the kind of file system mounted on a device, for systems without drive letters. A local file

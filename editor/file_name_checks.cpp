@@ -32,8 +32,8 @@ std::string WithoutExtension(std::string name, std::string_view extension) {
   return name;
 }
 
-CheckList FileNameChecks(ui::TextBox& box, std::function<std::int32_t()> maxLength, FileNameTexts texts,
-                         NameKind kind) {
+CheckList FileNameChecks(ui::TextBox& box, const std::function<std::int32_t()>& maxLength,
+                         FileNameTexts texts, NameKind kind) {
   CheckList checks;
   checks.Add(
       box, [&box] { return !Trimmed(box.Text()).empty(); }, std::move(texts.required));

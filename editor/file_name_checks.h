@@ -35,7 +35,7 @@ enum class NameKind {
 
 /// The rules of a box for a data file name: required, no blanks, a letter or digit first, from 1 to
 /// `maxLength` characters, and only characters that the host permits.
-CheckList FileNameChecks(ui::TextBox& box, std::function<std::int32_t()> maxLength, FileNameTexts texts,
-                         NameKind kind = NameKind::Pattern);
+CheckList FileNameChecks(ui::TextBox& box, const std::function<std::int32_t()>& maxLength,
+                         FileNameTexts texts, NameKind kind = NameKind::Pattern);
 
 }  // namespace kiv

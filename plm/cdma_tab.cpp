@@ -17,7 +17,7 @@ namespace {
 
 using namespace MKivStudyCtls;
 
-constexpr std::int32_t kFirstMode = 7;
+constexpr std::int32_t kFirstCdmaMode = 7;
 constexpr std::ptrdiff_t kMostModes = 2;
 
 /// An entry of a list and the number that is stored for it.
@@ -118,7 +118,7 @@ XKivPlmCdma::XKivPlmCdma()
       Label1(&fraModeDetail, "Label1"),
       cboServiceOption(&fraModeDetail, "cboServiceOption"),
       cboGenerationType(&fraModeDetail, "cboGenerationType") {
-  UseModes({kFirstMode,
+  UseModes({kFirstCdmaMode,
             {chkMode.begin(), chkMode.end()},
             &obModeSelector,
             {lblModeSelector.begin(), lblModeSelector.end()}});
@@ -197,7 +197,7 @@ std::string XKivPlmCdma::RecordProblem(const CKivPlmMode& mode, Records) const {
   if (carrier != kUnsetNumber && !kCarriers.Hold(carrier)) {
     return RangeText({mode.Key() + " carrier", kCarriers.low, kCarriers.high, {}}) + ".";
   }
-  if (!Mode::All()[static_cast<std::size_t>(mode.PlmMode() - kFirstMode)].serviceOptions.empty() &&
+  if (!Mode::All()[static_cast<std::size_t>(mode.PlmMode() - kFirstCdmaMode)].serviceOptions.empty() &&
       mode.ServiceOption() == kUnsetNumber) {
     return mode.Key() + " 'Service Option' is a required value.";
   }

@@ -8,7 +8,7 @@ namespace kiv {
 
 namespace {
 
-constexpr std::int32_t kFirstMode = 1;
+constexpr std::int32_t kFirstTdmaMode = 1;
 
 constexpr std::array kMode2Methods = {selection::kAutomatic, selection::kManual};
 constexpr std::array kMode5Methods = {selection::kAutomatic, selection::kManual,
@@ -40,7 +40,7 @@ XKivPlmTdma::XKivPlmTdma()
       XMode5(&fraModeDetail, 5, kMode5Methods, kMode5Wording),
       XMode6(&fraModeDetail, 6, kMode6Methods, selection::kNoMethodWord),
       panels_{&XMode1, &XMode2, &XMode3, &XMode4, &XMode5, &XMode6} {
-  UseModes({kFirstMode,
+  UseModes({kFirstTdmaMode,
             {chkMode.begin(), chkMode.end()},
             &obModeSelector,
             {lblModeSelector.begin(), lblModeSelector.end()}});
@@ -77,7 +77,7 @@ void XKivPlmTdma::StartMode(CKivPlmMode& mode, std::size_t index) const {
 }
 
 std::string XKivPlmTdma::RecordProblem(const CKivPlmMode& mode, Records records) const {
-  ModePanel& panel = *panels_[static_cast<std::size_t>(mode.PlmMode() - kFirstMode)];
+  ModePanel& panel = *panels_[static_cast<std::size_t>(mode.PlmMode() - kFirstTdmaMode)];
   if (records == Records::Visible && !panel.Visible()) return {};
   const auto problem = panel.StoredProblem(mode);
   return problem ? problem->message : std::string();

@@ -13,7 +13,7 @@ namespace kiv {
 namespace {
 
 constexpr std::string_view kEcps = "Ecps";
-constexpr std::string_view kCells = "Cells";
+constexpr std::string_view kCellList = "Cells";
 constexpr std::string_view kDns = "DNs";
 constexpr std::string_view kDnIdentity[] = {"Dn"};
 
@@ -123,7 +123,7 @@ std::vector<NamedValue> CKivRfcData::StoredFields() const {
 
 std::vector<StoredList> CKivRfcData::StoredLists() const {
   StoredList entities = UsesEcp() ? MSQL::StoredEcps(kEcps, Required(entities_))
-                                  : MSQL::StoredCells(kCells, Required(entities_), MSQL::CellParts::None);
+                                  : MSQL::StoredCells(kCellList, Required(entities_), MSQL::CellParts::None);
   StoredList dns{kDns, {}, kDnIdentity};
   for (const auto& dn : Required(dns_)) dns.entries.push_back({{}, ListFields(*dn, CDn::Fields()), {}});
   return {std::move(entities), std::move(dns)};
@@ -134,7 +134,7 @@ void CKivRfcData::ReadStored(StoredReader& reader) {
   if (UsesEcp()) {
     MSQL::ReadEcps(reader, kEcps, id_, Required(entities_));
   } else {
-    MSQL::ReadCells(reader, kCells, id_, Required(entities_), MSQL::CellParts::None);
+    MSQL::ReadCells(reader, kCellList, id_, Required(entities_), MSQL::CellParts::None);
   }
   reader.List(kDns, [this](StoredReader& entry) {
     CDn dn;

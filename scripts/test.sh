@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Sets up, builds and runs every test, some also in another order each time; also checks the format, the layers, that
-# the library builds alone, without Qt and without a database library, and that it works on Windows.
+# the library builds alone, without Qt and without a database library, and works on Windows; and runs the linter.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -13,3 +13,4 @@ export QT_QPA_PLATFORM=offscreen
 ctest --preset debug -j "$(nproc)"
 for tests in library_test views_test; do build/debug/tests/$tests --gtest_brief=1 --gtest_shuffle; done
 scripts/test_windows.sh
+scripts/lint.sh

@@ -26,6 +26,7 @@ int StartWindow(const WindowRequest& request, std::ostream& err) {
   std::vector<std::string> arguments = {(FolderOfThisProgram() / kWindowProgram).string()};
   if (request.database) arguments.insert(arguments.end(), {kDatabaseOption, *request.database});
   std::vector<char*> argv;
+  argv.reserve(arguments.size() + 1);
   for (std::string& argument : arguments) argv.push_back(argument.data());
   argv.push_back(nullptr);
   execv(argv[0], argv.data());

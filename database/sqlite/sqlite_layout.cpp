@@ -6,7 +6,7 @@ namespace kiv::database {
 
 namespace {
 
-constexpr SchemaWord kWords[] = {
+constexpr SchemaWord kSqliteWords[] = {
     {"@NUMBERED@", "INTEGER PRIMARY KEY"},
     {"@NUMBERED_FOR_GOOD@", "INTEGER PRIMARY KEY AUTOINCREMENT"},
     {"@UNIQUE_NAME@", "TEXT NOT NULL UNIQUE COLLATE NOCASE"},
@@ -20,7 +20,7 @@ std::string_view SqliteLayout::Engine() const {
 }
 
 std::span<const SchemaWord> SqliteLayout::Words() const {
-  return kWords;
+  return kSqliteWords;
 }
 
 int SqliteLayout::Version(Connection& connection) const {

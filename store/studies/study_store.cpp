@@ -8,6 +8,7 @@
 #include "core/study_kinds.h"
 #include "database/statement_error.h"
 #include "database/transaction.h"
+#include "host/scope.h"
 #include "store/query.h"
 #include "store/times.h"
 
@@ -131,6 +132,10 @@ StudyStore::StudyStore(std::shared_ptr<database::Connection> connection, std::sh
       scenarios_(*connection_),
       errors_(std::move(errors)) {}
 
+host::Services StudyStore::OwnServices() const {
+  return {.openDatabase = [connection = connection_] { return connection; }, .errorReporter = errors_};
+}
+
 std::vector<StudySummary> StudyStore::List() const {
   return Summaries(*connection_, kInOrder);
 }
@@ -162,6 +167,7 @@ Study StudyStore::Load(std::int32_t id) const {
 }
 
 Study StudyStore::Read(std::int32_t id) const {
+  const host::Scope own(OwnServices(), host::Rest::AsBefore);
   const ErrorLog::Watch watch(*errors_);
   const auto row = Query(
       *connection_,
@@ -219,6 +225,7 @@ void StudyStore::Save(Study& study, const std::string& user) {
 
 /// Writes a study within a transaction, and what happened into its history; returns its revision.
 std::int32_t StudyStore::Write(Study& study, const SaveNote& note, Identifier identifier) {
+  const host::Scope own(OwnServices(), host::Rest::AsBefore);
   const ErrorLog::Watch watch(*errors_);
   CKivStudyData& record = *study.record;
   if (!record.IsNew()) KeepKnownState(record.ID(), study.revision);

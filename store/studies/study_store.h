@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "database/connection.h"
+#include "host/services.h"
 #include "store/history/study_history.h"
 #include "store/store_error.h"
 #include "store/studies/error_log.h"
@@ -76,6 +77,8 @@ class StudyStore {
     bool hasKindData;  ///< whether what belongs to its kind was stored before
   };
 
+  /// What records load and save themselves by, whatever else the host has open.
+  host::Services OwnServices() const;
   /// Within a transaction.
   Study Read(std::int32_t id) const;
   /// Where the identifier of an inserted study comes from.

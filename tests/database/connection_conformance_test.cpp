@@ -85,6 +85,26 @@ TEST_P(ConnectionConformance, TextsComeBackUnchanged) {
   }
 }
 
+TEST_P(ConnectionConformance, RowsAreShownAsTheyCome) {
+  Insert({1, "O'Neill", {}, {}});
+  Insert({2, {}, {}, 1});
+  const std::string query = "SELECT Name, Id, Parent FROM Sample ORDER BY Id";
+  std::string seen;
+  connection_->BeginReading();
+  connection_->VisitRows(query, kTimeoutSeconds, [&seen](std::span<const std::string_view> row) {
+    for (const std::string_view text : row) seen.append(text).append("|");
+  });
+  EXPECT_EQ(seen, "O'Neill|1|||2|1|");
+  EXPECT_THROW(
+      connection_->VisitRows(query, kTimeoutSeconds, [](auto) { throw std::runtime_error("no more"); }),
+      std::runtime_error);
+  EXPECT_THROW(connection_->Begin(), Error);
+  connection_->Commit();
+  EXPECT_THROW(connection_->VisitRows("SELECT no_such FROM Sample", kTimeoutSeconds, [](auto) {}),
+               host::DatabaseError);
+  EXPECT_THAT(Ids(), ElementsAre(1, 2));
+}
+
 TEST_P(ConnectionConformance, NumbersAndNullKeepTheirTypes) {
   constexpr auto kSmallest = std::numeric_limits<std::int64_t>::min();
   constexpr auto kLargest = std::numeric_limits<std::int64_t>::max();

@@ -3,16 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "core/conversions.h"
-#include "database/schema.h"
 #include "plm/cdma_tab.h"
 #include "plm/general_tab.h"
 #include "plm/mode_names.h"
 #include "plm/tdma_tab.h"
-#include "session/study_session.h"
-#include "store/studies/study_store.h"
-#include "support/engine.h"
-#include "support/fake_host.h"
-#include "support/temp_folder.h"
+#include "support/studies_test.h"
 
 namespace kiv::client {
 namespace {
@@ -128,32 +123,18 @@ std::vector<Setting> Settings() {
   return all;
 }
 
-class PlmStudies : public ::testing::TestWithParam<test::Engine> {
+class PlmStudies : public test::EachEngine {
  protected:
-  PlmStudies() {
-    database::UpgradeSchema(*connection_);
-    scenario_ = store_.Scenarios().Add("Downtown");
-    host_.documents->documents = store_.Scenarios().List();
-  }
-
-  std::unique_ptr<session::StudySession> NewSession() {
-    auto session = std::make_unique<session::StudySession>(store_, store_.New("PLM Study"));
+  std::unique_ptr<session::StudySession> NewStudy() {
+    auto session = NewSession("PLM Study");
     PlmHand hand(*session);
     hand.general.fdocCBScenario.SelectID(scenario_);
     hand.general.XDest.SetPath(folder_.Path());
     return session;
   }
-  std::unique_ptr<session::StudySession> Reopened(std::int32_t id) {
-    return std::make_unique<session::StudySession>(store_, store_.Load(id));
-  }
-  bool Save(session::StudySession& session) {
-    const bool saved = session.Save("ann");
-    EXPECT_EQ(host_.TakeMessage(), "");
-    return saved;
-  }
 
   /// The stored modes of a study with their channels, one row a line; the column Id is left out.
-  std::string Rows(std::int32_t id) {
+  std::string Modes(std::int32_t id) {
     std::string rows;
     const std::string where = " WHERE Id = " + std::to_string(id);
     const auto modes = connection_->OpenQuery("SELECT * FROM KIV_PlmMode" + where + " ORDER BY PlmMode", 9);
@@ -169,20 +150,7 @@ class PlmStudies : public ::testing::TestWithParam<test::Engine> {
     }
     return rows;
   }
-  std::string Count(const std::string& table) {
-    return ToText(connection_->OpenQuery("SELECT count(*) FROM " + table, 9)->FieldAt(0));
-  }
-
-  test::FakeHost host_;
-  test::TempFolder folder_;
-  std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
-  const std::unique_ptr<test::TestDatabase> database_ = GetParam().start();
-  const std::shared_ptr<database::SqlConnection> connection_ = database_->Connect();
-  const host::Scope scope_{
-      {.openDatabase = [opened = connection_] { return opened; }, .errorReporter = errors_},
-      host::Rest::AsBefore};
-  store::StudyStore store_{connection_, errors_};
-  std::int32_t scenario_ = 0;
+  std::string Count(const std::string& table) { return Rows("count(*)", table); }
 };
 
 INSTANTIATE_TEST_SUITE_P(Engines, PlmStudies, ::testing::ValuesIn(test::Engines()),
@@ -193,12 +161,12 @@ TEST_P(PlmStudies, EverySettingOfEveryModeIsKept) {
   for (std::size_t i = 0; i < all.size(); ++i) {
     const Setting& setting = all[i];
     SCOPED_TRACE("setting " + std::to_string(i) + " of mode " + std::to_string(setting.mode));
-    const auto own = NewSession();
+    const auto own = NewStudy();
     PlmHand first(*own);
     first.Check(setting.mode);
     setting.enter(first);
     ASSERT_TRUE(Save(*own));
-    EXPECT_EQ(Rows(own->ID()), setting.stored + "\n");
+    EXPECT_EQ(Modes(own->ID()), setting.stored + "\n");
 
     // Reopened, looked at and changed elsewhere, nothing of the mode changes.
     const auto again = Reopened(own->ID());
@@ -207,7 +175,7 @@ TEST_P(PlmStudies, EverySettingOfEveryModeIsKept) {
     EXPECT_FALSE(again->Modified());
     second.general.txtTag.Type("2");
     ASSERT_TRUE(Save(*again));
-    const std::string viewed = Rows(own->ID());
+    const std::string viewed = Modes(own->ID());
     EXPECT_EQ(viewed, setting.stored + "\n");
 
     // What the user then changes takes the old setting's place.
@@ -217,13 +185,13 @@ TEST_P(PlmStudies, EverySettingOfEveryModeIsKept) {
       third.Show(setting.mode);
       all[i + 1].enter(third);
       ASSERT_TRUE(Save(*changed));
-      EXPECT_EQ(Rows(own->ID()), all[i + 1].stored + "\n");
+      EXPECT_EQ(Modes(own->ID()), all[i + 1].stored + "\n");
     }
   }
 }
 
 TEST_P(PlmStudies, AStudyKeepsAllItsModesOverTwoUpdates) {
-  const auto session = NewSession();
+  const auto session = NewStudy();
   PlmHand hand(*session);
   std::string expected;
   for (const std::int32_t mode : {1, 2, 3, 4, 5, 6, 8, 15}) {
@@ -235,25 +203,25 @@ TEST_P(PlmStudies, AStudyKeepsAllItsModesOverTwoUpdates) {
     expected += last->stored + "\n";
   }
   ASSERT_TRUE(Save(*session));
-  EXPECT_EQ(Rows(session->ID()), expected);
+  EXPECT_EQ(Modes(session->ID()), expected);
   hand.general.txtDuration.SetText("60");
   ASSERT_TRUE(Save(*session));  // deletes the study's row, which takes the modes along
-  EXPECT_EQ(Rows(session->ID()), expected);
+  EXPECT_EQ(Modes(session->ID()), expected);
 
   const auto again = Reopened(session->ID());
   PlmHand second(*again);
   second.Check(3);
   second.Check(15);
   ASSERT_TRUE(Save(*again));
-  EXPECT_EQ(Count("KIV_PlmMode"), "6");
-  EXPECT_EQ(Count("KIV_PlmChannelList"), "7");  // of the modes 2, 5 and 6
-  second.Check(3);                              // its channels are still there
+  EXPECT_EQ(Count("KIV_PlmMode"), "6;");
+  EXPECT_EQ(Count("KIV_PlmChannelList"), "7;");  // of the modes 2, 5 and 6
+  second.Check(3);                               // its channels are still there
   ASSERT_TRUE(Save(*again));
-  EXPECT_EQ(Count("KIV_PlmMode"), "7");
-  EXPECT_EQ(Count("KIV_PlmStudy"), "1");
+  EXPECT_EQ(Count("KIV_PlmMode"), "7;");
+  EXPECT_EQ(Count("KIV_PlmStudy"), "1;");
 
   store_.Remove(session->ID(), "ann");
-  EXPECT_EQ(Count("KIV_PlmMode") + Count("KIV_PlmChannelList") + Count("KIV_PlmStudy"), "000");
+  EXPECT_EQ(Count("KIV_PlmMode") + Count("KIV_PlmChannelList") + Count("KIV_PlmStudy"), "0;0;0;");
 }
 
 }  // namespace

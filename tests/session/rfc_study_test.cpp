@@ -3,17 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "core/study_kinds.h"
-#include "database/schema.h"
 #include "rfc/cdma_3g_tab.h"
 #include "rfc/detail_tab.h"
 #include "rfc/general_tab.h"
 #include "session/scenario_strip.h"
-#include "session/study_session.h"
-#include "store/studies/study_store.h"
-#include "support/engine.h"
-#include "support/fake_host.h"
-#include "support/rows_text.h"
-#include "support/temp_folder.h"
+#include "support/studies_test.h"
 
 namespace kiv::client {
 namespace {
@@ -41,10 +35,9 @@ const host::DraggedNode kEcp1 = {"Ecp:101", 1, 1, 0, 101};  // traces one DN
 const host::DraggedNode kEcp2 = {"Ecp:102", 1, 2, 0, 102};  // traces several
 const std::vector<host::DraggedNode> kCells = {{"Cell:238", 1, 2, 38, 238}, {"Cell:237", 1, 2, 37, 237}};
 
-class RfcStudies : public ::testing::TestWithParam<test::Engine> {
+class RfcStudies : public test::EachEngine {
  protected:
   RfcStudies() {
-    database::UpgradeSchema(*connection_);
     for (const char* row : {"(101, 'omp', 'Y', 'N')", "(102, 'omp', 'Y', 'Y')"}) {
       connection_->ExecuteSql(
           std::string("INSERT INTO KIV_FAF (InstanceId, OmpHostName, F161, F465) VALUES ") + row);
@@ -55,13 +48,11 @@ class RfcStudies : public ::testing::TestWithParam<test::Engine> {
                       "(2, '") +
           cell + "', 102)");
     }
-    scenario_ = store_.Scenarios().Add("Downtown");
-    host_.documents->documents = store_.Scenarios().List();
   }
 
   /// A stored study of one ECP and its DNs.
   std::unique_ptr<session::StudySession> StoredStudy(const host::DraggedNode& ecp, std::size_t firstRow) {
-    auto session = std::make_unique<session::StudySession>(store_, store_.New(std::string(kRfcStudy)));
+    auto session = NewSession(kRfcStudy);
     session->SetName("Trace");
     RfcHand hand(*session);
     hand.strip.fdocCBScenario.SelectID(scenario_);
@@ -73,34 +64,12 @@ class RfcStudies : public ::testing::TestWithParam<test::Engine> {
     Save(*session);
     return session;
   }
-  std::unique_ptr<session::StudySession> Reopened(std::int32_t id) {
-    return std::make_unique<session::StudySession>(store_, store_.Load(id));
-  }
-  void Save(session::StudySession& session) {
-    EXPECT_TRUE(session.Save("ann"));
-    EXPECT_EQ(host_.TakeMessage(), "");
-  }
-
-  std::string Rows(const std::string& columns, const std::string& table) {
-    return test::RowsText(*connection_, columns, table);
-  }
   std::string Study() { return Rows("dBm, MultipleDns, UseEcp, F, R", "KIV_RfcStudy"); }
   std::string Entities() {
     return Rows("EcpId, InstanceId", "KIV_Ecp_List ORDER BY EcpId") + "/" +
            Rows("CellId, InstanceId", "KIV_Cell_List ORDER BY CellId");
   }
   std::string Dns() { return Rows("Dn, DataFile", "KIV_RfcDnList"); }
-
-  test::FakeHost host_;
-  test::TempFolder folder_;
-  std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
-  const std::unique_ptr<test::TestDatabase> database_ = GetParam().start();
-  const std::shared_ptr<database::SqlConnection> connection_ = database_->Connect();
-  const host::Scope scope_{
-      {.openDatabase = [opened = connection_] { return opened; }, .errorReporter = errors_},
-      host::Rest::AsBefore};
-  store::StudyStore store_{connection_, errors_};
-  std::int32_t scenario_ = 0;
 };
 
 INSTANTIATE_TEST_SUITE_P(Engines, RfcStudies, ::testing::ValuesIn(test::Engines()),

@@ -2,17 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "core/msql.h"
 #include "core/study_kinds.h"
-#include "database/open.h"
 #include "session/scenario_strip.h"
-#include "session/study_session.h"
 #include "store/network/network_import.h"
-#include "store/studies/study_store.h"
-#include "support/engine.h"
-#include "support/fake_host.h"
-#include "support/rows_text.h"
-#include "support/temp_folder.h"
+#include "support/studies_test.h"
 #include "vcsa/detail_tab.h"
 #include "vcsa/general_tab.h"
 
@@ -23,7 +16,7 @@ namespace {
 const std::vector<host::DraggedNode> kNamesakes = {{"Cell:1007", 1, 1, 6, 1007},
                                                    {"Cell:1037", 1, 2, 6, 1037}};
 
-class VcsaStudies : public ::testing::TestWithParam<test::Engine> {
+class VcsaStudies : public test::EachEngine {
  protected:
   VcsaStudies() {
     EXPECT_EQ(store::ImportNetwork(*connection_, KIV_SAMPLE_NETWORK).outcome,
@@ -49,35 +42,21 @@ class VcsaStudies : public ::testing::TestWithParam<test::Engine> {
     EXPECT_TRUE(session->Save("bob"));
   }
   std::string Antennas(const std::string& of) {
-    return test::RowsText(*connection_, "EcpId, AntennaId, InstanceId, Selected",
-                          "KIV_Antenna_List WHERE " + of + " ORDER BY EcpId, AntennaId");
+    return Rows("EcpId, AntennaId, InstanceId, Selected",
+                "KIV_Antenna_List WHERE " + of + " ORDER BY EcpId, AntennaId");
   }
   std::string Carriers() {
-    return test::RowsText(*connection_, "EcpId, CarrierId, Selected",
-                          "KIV_Carrier_List ORDER BY EcpId, CarrierId");
+    return Rows("EcpId, CarrierId, Selected", "KIV_Carrier_List ORDER BY EcpId, CarrierId");
   }
-
-  test::FakeHost host_;
-  test::TempFolder folder_;
-  std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
-  const std::unique_ptr<test::TestDatabase> database_ = GetParam().start();
-  const std::shared_ptr<database::SqlConnection> connection_ =
-      database::OpenStudyDatabase(database_->Name(), database::OpenMode::CreateIfMissing);
-  const host::Scope scope_{
-      {.openDatabase = [opened = connection_] { return opened; }, .errorReporter = errors_},
-      host::Rest::AsBefore};
-  store::StudyStore store_{connection_, errors_};
 };
 
 INSTANTIATE_TEST_SUITE_P(Engines, VcsaStudies, ::testing::ValuesIn(test::Engines()),
                          [](const auto& engine) { return engine.param.name; });
 
 TEST_P(VcsaStudies, ChoicesSurviveSavesAndChangesOfTheNetwork) {
-  const std::int32_t scenario = store_.Scenarios().Add("Downtown");
-  host_.documents->documents = store_.Scenarios().List();
   const auto session = Opened(store_.New(std::string(kVcsStudy)));
   session->SetName("Events");
-  dynamic_cast<session::ScenarioStrip&>(*session->Header()).fdocCBScenario.SelectID(scenario);
+  dynamic_cast<session::ScenarioStrip&>(*session->Header()).fdocCBScenario.SelectID(scenario_);
   General(*session).XDest.SetPath(folder_.Path());
   General(*session).dlvwCell.DropNodes(kNamesakes);
   session->NotifyTabShown("XKivVcsDetail");

@@ -4,14 +4,13 @@
 
 #include <tuple>
 
-#include "core/study_kinds.h"
 #include "database/schema.h"
+#include "database/transaction.h"
 #include "hom/detail_tab.h"
 #include "hom/general_tab.h"
-#include "session/study_session.h"
-#include "support/engine.h"
-#include "support/fake_host.h"
-#include "support/temp_folder.h"
+#include "support/studies_test.h"
+#include "support/test_store.h"
+#include "support/watched_connection.h"
 
 namespace kiv::client {
 namespace {
@@ -19,28 +18,19 @@ namespace {
 enum class Layout { Earlier, Newest };
 
 /// The program's store on a real database, with the rest of the host faked.
-class Store : public ::testing::TestWithParam<std::tuple<test::Engine, Layout>> {
+class Store : public ::testing::TestWithParam<std::tuple<test::Engine, Layout>>, protected test::StudiesTest {
  protected:
-  Store() {
-    if (std::get<Layout>(GetParam()) == Layout::Earlier) {
-      database::UpgradeSchema(*connection_, 1);
-    } else {
-      database::UpgradeSchema(*connection_);
-    }
-    scenario_ = store_->Scenarios().Add("Down'town");
-  }
+  Store()
+      : StudiesTest(std::get<test::Engine>(GetParam()),
+                    std::get<Layout>(GetParam()) == Layout::Earlier ? 1 : database::NewestSchemaVersion()) {}
 
   /// A new session with valid input.
   std::unique_ptr<session::StudySession> NewSession() {
-    host_.documents->documents = store_->Scenarios().List();
-    auto session = std::make_unique<session::StudySession>(*store_, store_->New("HOM Study"));
+    auto session = StudiesTest::NewSession("HOM Study");
     General(*session).fdocCBScenario.SelectID(scenario_);
     General(*session).XDest.SetPath(folder_.Path());
     session->SetName("It's \"quoted\" \\ ; -- \u20AC");
     return session;
-  }
-  std::unique_ptr<session::StudySession> Reopened(std::int32_t id) {
-    return std::make_unique<session::StudySession>(*store_, store_->Load(id));
   }
   static XKivHomGen& General(session::StudySession& session) {
     return dynamic_cast<XKivHomGen&>(*session.Tabs()[0]);
@@ -52,17 +42,6 @@ class Store : public ::testing::TestWithParam<std::tuple<test::Engine, Layout>> 
     const auto rows = connection_->OpenQuery(query, 5);
     return rows->EndOfFile() ? "no row" : ToText(rows->FieldAt(0));
   }
-
-  test::FakeHost host_;
-  test::TempFolder folder_;
-  std::shared_ptr<store::ErrorLog> errors_ = std::make_shared<store::ErrorLog>();
-  const std::unique_ptr<test::TestDatabase> database_ = std::get<test::Engine>(GetParam()).start();
-  const std::shared_ptr<database::SqlConnection> connection_ = database_->Connect();
-  const host::Scope scope_{
-      {.openDatabase = [opened = connection_] { return opened; }, .errorReporter = errors_},
-      host::Rest::AsBefore};
-  std::unique_ptr<store::StudyStore> store_ = std::make_unique<store::StudyStore>(connection_, errors_);
-  std::int32_t scenario_ = 0;
 };
 
 std::string NameOf(const ::testing::TestParamInfo<Store::ParamType>& parameter) {
@@ -91,7 +70,7 @@ TEST_P(Store, AStudyIsStoredReopenedAndChanged) {
   EXPECT_TRUE(again->Modified());
   ASSERT_TRUE(again->Save("bob"));
 
-  const auto studies = store_->List();
+  const auto studies = store_.List();
   ASSERT_EQ(studies.size(), 1U);
   EXPECT_EQ(studies[0].scenario, "Down'town");
   EXPECT_EQ(studies[0].duration, 90);
@@ -108,7 +87,7 @@ TEST_P(Store, ARefusedTabStoresNothing) {
   EXPECT_FALSE(session->Save("ann"));
   EXPECT_EQ(host_.TakeMessage(), "Study Duration must be between 10 and 1439 minutes inclusive.");
   EXPECT_EQ(shownTab, "XKivHomGen");
-  EXPECT_TRUE(store_->List().empty());
+  EXPECT_TRUE(store_.List().empty());
   session->SetName("  ");
   EXPECT_THROW(session->Save("ann"), store::StoreError);
 }
@@ -122,13 +101,13 @@ TEST_P(Store, AFailedSaveLeavesNothingBehindAndKeepsTheInput) {
   } catch (const host::DatabaseError& error) {
     EXPECT_EQ(store::FailureText(error), "disk on fire");
   }
-  EXPECT_TRUE(store_->List().empty());
+  EXPECT_TRUE(store_.List().empty());
   EXPECT_TRUE(session->IsNew());
   EXPECT_EQ(session->ID(), 0);
   EXPECT_TRUE(session->Modified());
   database_->MendInserts(*connection_, "KIV_HomStudy");
   EXPECT_TRUE(session->Save("ann"));
-  EXPECT_EQ(store_->List().size(), 1U);
+  EXPECT_EQ(store_.List().size(), 1U);
 }
 
 TEST_P(Store, ACopyIsAStudyOfItsOwn) {
@@ -141,8 +120,8 @@ TEST_P(Store, ACopyIsAStudyOfItsOwn) {
   EXPECT_EQ(session->Name(), "The copy");
   General(*session).txtDuration.SetText("78");
   ASSERT_TRUE(session->Save("ann"));
-  EXPECT_EQ(store_->Load(original).record->Duration(), 30);
-  EXPECT_EQ(store_->Load(session->ID()).record->Duration(), 78);
+  EXPECT_EQ(store_.Load(original).record->Duration(), 30);
+  EXPECT_EQ(store_.Load(session->ID()).record->Duration(), 78);
 }
 
 TEST_P(Store, TheLaterOfTwoSavesIsTold) {
@@ -153,24 +132,24 @@ TEST_P(Store, TheLaterOfTwoSavesIsTold) {
   ASSERT_TRUE(second->Save("bob"));
   General(*first).txtDuration.SetText("61");
   EXPECT_THROW(first->Save("ann"), store::StudyConflict);
-  EXPECT_EQ(store_->Load(first->ID()).record->Duration(), 60);
+  EXPECT_EQ(store_.Load(first->ID()).record->Duration(), 60);
   EXPECT_TRUE(first->Modified());
   first->Reload();
   EXPECT_EQ(General(*first).txtDuration.Text(), "60");
   EXPECT_TRUE(first->Save("ann"));
 
-  store_->Remove(first->ID(), "ann");
+  store_.Remove(first->ID(), "ann");
   EXPECT_THROW(second->Save("bob"), store::StudyConflict);
   EXPECT_EQ(Text("SELECT count(*) FROM KIV_HomStudy"), "0");
   EXPECT_TRUE(second->SaveCopy("Saved after all", "bob"));
 }
 
 TEST_P(Store, StudiesThatCannotBeReadAreNotEdited) {
-  EXPECT_THROW(store_->Load(999), store::StoreError);
+  EXPECT_THROW(store_.Load(999), store::StoreError);
   const auto session = NewSession();
   ASSERT_TRUE(session->Save("ann"));
   connection_->ExecuteSql("ALTER TABLE KIV_HomStudy RENAME TO gone");
-  EXPECT_THROW(store_->Load(session->ID()), store::StoreError);
+  EXPECT_THROW(store_.Load(session->ID()), store::StoreError);
 }
 
 TEST_P(Store, MissingDataOfAKindAreNoticedAndStoredAgain) {
@@ -195,30 +174,66 @@ TEST_P(Store, MissingDataOfAKindAreNoticedAndStoredAgain) {
 
 TEST_P(Store, AScenarioThatWasDeletedMeanwhileIsTold) {
   const auto session = NewSession();
-  store_->Scenarios().Remove(scenario_);
+  store_.Scenarios().Remove(scenario_);
   EXPECT_THROW(session->Save("ann"), store::ScenarioDeleted);
   EXPECT_TRUE(session->IsNew());
-  EXPECT_TRUE(store_->List().empty());
-  scenario_ = store_->Scenarios().Add("Harbour");
-  host_.documents->documents = store_->Scenarios().List();
+  EXPECT_TRUE(store_.List().empty());
+  scenario_ = AddScenario("Harbour");
   host::TheEvents().DocumentsChanged.Raise();
   General(*session).fdocCBScenario.SelectID(scenario_);
   EXPECT_TRUE(session->Save("ann")) << host_.TakeMessage();
 }
 
 TEST_P(Store, ScenariosHaveNamesOfTheirOwn) {
-  EXPECT_THROW(store_->Scenarios().Add("   "), store::StoreError);
-  EXPECT_THROW(store_->Scenarios().Add(" DOWN'town "), store::StoreError);
-  const std::int32_t other = store_->Scenarios().Add("Airport");
-  EXPECT_THROW(store_->Scenarios().Rename(other, "Down'town"), store::StoreError);
-  store_->Scenarios().Rename(other, "AIRPORT");  // its own name in another case
-  EXPECT_EQ(store_->Scenarios().List().front().name, "AIRPORT");
+  EXPECT_THROW(store_.Scenarios().Add("   "), store::StoreError);
+  EXPECT_THROW(store_.Scenarios().Add(" DOWN'town "), store::StoreError);
+  const std::int32_t other = store_.Scenarios().Add("Airport");
+  EXPECT_THROW(store_.Scenarios().Rename(other, "Down'town"), store::StoreError);
+  store_.Scenarios().Rename(other, "AIRPORT");  // its own name in another case
+  EXPECT_EQ(store_.Scenarios().List().front().name, "AIRPORT");
 
   ASSERT_TRUE(NewSession()->Save("ann"));
-  EXPECT_THROW(store_->Scenarios().Remove(scenario_), store::StoreError);
-  store_->Scenarios().Remove(other);
-  EXPECT_EQ(store_->Scenarios().List().size(), 1U);
+  EXPECT_THROW(store_.Scenarios().Remove(scenario_), store::StoreError);
+  store_.Scenarios().Remove(other);
+  EXPECT_EQ(store_.Scenarios().List().size(), 1U);
 }
+
+TEST(StoreOnSqlite, WorksOnItsOwnConnectionWhateverTheHostHasOpen) {
+  const test::FakeHost host;
+  const auto database = test::SqliteEngine().start();
+  const std::shared_ptr<database::SqlConnection> connection = database->Connect();
+  database::UpgradeSchema(*connection);
+  store::StudyStore store(connection, std::make_shared<store::ErrorLog>());
+  store::Study study = store.New("HOM Study");
+  study.record->HomData()->SetPath("/data");
+  store.Save(study, "ann");
+  EXPECT_EQ(test::RowsText(*connection, "Path", "KIV_HomStudy"), "/data;");
+  EXPECT_EQ(store.Load(study.record->ID()).record->HomData()->Path(), "/data");
+}
+
+#ifdef KIV_WITH_POSTGRES
+TEST(StoreOnPostgres, ReadsAStudyAsOneSaveLeftItHoweverOftenOthersSave) {
+  const auto database = test::PostgresEngine().start();
+  const auto connection = database->Connect();
+  database::UpgradeSchema(*connection);
+  const auto other = database->Connect();
+  const auto watched = std::make_shared<test::WatchedConnection>(connection);
+  test::TestStore store(watched);
+  store::Study study = store->New("HOM Study");
+  store->Save(study, "ann");
+  int saves = 0;
+  watched->beforeCall = [&] {
+    const std::string text = "'" + std::to_string(++saves) + "'";
+    database::Transaction transaction(*other);
+    other->ExecuteSql("UPDATE kiv_study SET revision = revision + 1, name = " + text);
+    other->ExecuteSql("UPDATE KIV_HomStudy SET Path = " + text);
+    transaction.Commit();
+  };
+  const store::Study read = store->Load(study.record->ID());
+  EXPECT_EQ(read.name, read.record->HomData()->Path());
+  EXPECT_GT(saves, 3);
+}
+#endif
 
 }  // namespace
 }  // namespace kiv::client
