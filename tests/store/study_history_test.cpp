@@ -175,8 +175,8 @@ std::string ListsWithoutIdentity(const std::vector<StoredList>& lists,
                                  const std::vector<ListIdentity>& identities) {
   std::string names;
   for (const StoredList& list : lists) {
-    const bool isPlain = !list.entries.empty() && list.entries[0].fields[0].name.empty();
-    if (!isPlain && std::ranges::find(identities, list.name, &ListIdentity::list) == identities.end()) {
+    const bool hasFields = !list.entries.empty() && !list.entries[0].fields[0].name.empty();
+    if (hasFields && std::ranges::find(identities, list.name, &ListIdentity::list) == identities.end()) {
       names.append(list.name).append(" ");
     }
     for (const StoredEntry& entry : list.entries) names += ListsWithoutIdentity(entry.lists, identities);
