@@ -170,12 +170,12 @@ TEST(StudyDifference, IsToldFieldByFieldAndEntryByEntry) {
   EXPECT_EQ(store::DifferencesBetween({}, after).size(), 10U);
 }
 
-/// Lists that no identity of these tells apart, also inside entries.
+/// Lists whose entries no identity of these tells apart, also inside entries; one value tells itself.
 std::string ListsWithoutIdentity(const std::vector<StoredList>& lists,
                                  const std::vector<ListIdentity>& identities) {
   std::string names;
   for (const StoredList& list : lists) {
-    const bool hasFields = !list.entries.empty() && !list.entries[0].fields[0].name.empty();
+    const bool hasFields = !list.entries.empty() && list.entries[0].fields.size() > 1;
     if (hasFields && std::ranges::find(identities, list.name, &ListIdentity::list) == identities.end()) {
       names.append(list.name).append(" ");
     }
