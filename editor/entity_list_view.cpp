@@ -70,6 +70,7 @@ const std::vector<std::shared_ptr<CEntity>>& EntityListView::Shown() const {
 
 void EntityListView::AddColumns(std::vector<EntityColumn> columns) {
   std::vector<ui::ListColumn> looks;
+  looks.reserve(columns.size());
   for (const EntityColumn& column : columns) looks.push_back(column.look);
   ClearDisplay();
   columns_ = std::make_shared<std::vector<EntityColumn>>(std::move(columns));

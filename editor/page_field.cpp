@@ -15,12 +15,12 @@ void TakeRemembered(const std::string& text, bool& value) {
   value = YNToCheckValue(text) != 0;
 }
 
-Place<std::string> AsText(Place<std::int32_t> number) {
+Place<std::string> AsText(const Place<std::int32_t>& number) {
   return {[number] { return std::to_string(number.read()); },
           [number](const std::string& text) { number.write(NumberOr(text, number.read())); }};
 }
 
-Place<bool> AsYes(Place<std::string> choice) {
+Place<bool> AsYes(const Place<std::string>& choice) {
   return {[choice] { return YNToCheckValue(choice.read()) != 0; },
           [choice](bool yes) { choice.write(BoolToYN(yes)); }};
 }

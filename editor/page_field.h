@@ -143,8 +143,8 @@ class CustomField : public PageField {
 };
 
 /// A whole number as the text of its box. A text that is no number leaves the record as it is.
-Place<std::string> AsText(Place<std::int32_t> number);
+Place<std::string> AsText(const Place<std::int32_t>& number);
 /// One of the texts "Y" and "N" as a yes or a no.
-Place<bool> AsYes(Place<std::string> choice);
+Place<bool> AsYes(const Place<std::string>& choice);
 
 }  // namespace kiv

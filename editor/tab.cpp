@@ -151,7 +151,7 @@ ValueField<std::string>& Tab::Bind(XDnBox& box, Place<std::string> dn) {
       .Checked(box.Checks());
 }
 
-CustomField& Tab::Bind(EntityListView& list, Place<std::shared_ptr<EntityCollection>> entities) {
+CustomField& Tab::Bind(EntityListView& list, const Place<std::shared_ptr<EntityCollection>>& entities) {
   const auto show = [&list, entities] {
     list.SetTheCollection(entities.read());
     list.Display();

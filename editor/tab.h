@@ -78,7 +78,7 @@ class Tab : public ui::Container, public IDynaTabControl {
   /// Checks the DN as well.
   ValueField<std::string>& Bind(XDnBox& box, Place<std::string> dn);
   /// The list works on the record's own collection, in a new study as in a stored one.
-  CustomField& Bind(EntityListView& list, Place<std::shared_ptr<EntityCollection>> entities);
+  CustomField& Bind(EntityListView& list, const Place<std::shared_ptr<EntityCollection>>& entities);
   /// The scenario of the study, which must be chosen, and the button that makes a new one.
   CustomField& BindScenario(DocumentChooser& list, ui::Button& makeNew);
   static ui::LayoutItem ScenarioRow(DocumentChooser& list, ui::Button& makeNew);

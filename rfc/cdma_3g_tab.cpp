@@ -34,7 +34,7 @@ XKivRfcCDMA3G::XKivRfcCDMA3G()
   SetUp(reverse_, At(&Data::ReverseRateRestriction, &Data::SetReverseRateRestriction));
 }
 
-void XKivRfcCDMA3G::SetUp(Link& link, Place<std::int16_t> restriction) {
+void XKivRfcCDMA3G::SetUp(Link& link, const Place<std::int16_t>& restriction) {
   for (std::size_t rate = 0; rate < kRates; ++rate) link.rates[rate].SetCaption(kRateNames[rate]);
   for (Signal<>* event : {&link.box.Changed, &link.rates.Changed}) {
     event->Connect([this, &link] {

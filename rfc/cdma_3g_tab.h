@@ -40,7 +40,7 @@ class XKivRfcCDMA3G : public TabOf<CKivRfcData> {
     std::int16_t restriction = 0;
   };
 
-  void SetUp(Link& link, Place<std::int16_t> restriction);
+  void SetUp(Link& link, const Place<std::int16_t>& restriction);
   static void Show(Link& link, std::int16_t restriction);
   static void Recompute(Link& link);
 

@@ -40,7 +40,7 @@ namespace kiv::database {
 /// The library under the names of its functions. It is loaded when a server is asked for the first time: it
 /// brings more than twenty others along, and those who use files would wait for all of them at every start.
 struct Libpq {
-#define KIV_MEMBER(function) decltype(&::function) function = nullptr;
+#define KIV_MEMBER(function) decltype(&::function) function = nullptr;  // NOLINT(bugprone-macro-parentheses)
   KIV_LIBPQ_FUNCTIONS(KIV_MEMBER)
 #undef KIV_MEMBER
 };

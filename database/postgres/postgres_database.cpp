@@ -259,6 +259,7 @@ PostgresDatabase::ResultHandle PostgresDatabase::Ask(const std::string& sql, int
                                                      Arguments arguments) {
   const std::vector<std::string> texts(arguments.begin(), arguments.end());
   std::vector<const char*> values;
+  values.reserve(texts.size());
   for (const std::string& text : texts) values.push_back(text.c_str());
   if (timeoutSeconds != timeoutSeconds_) {
     return AskTogether(std::array{TimeoutSetting(timeoutSeconds), sql}, values).result;
