@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/constants.h"
 #include "host/drag_source.h"
 
 namespace kiv::client {
@@ -22,6 +23,8 @@ class EntityDrag : public host::DragSource {
    public:
     Scope(EntityDrag& drag, std::vector<host::DraggedNode> nodes) : drag_(drag) {
       drag_.nodes_ = std::move(nodes);
+      // Known before any list is asked whether it takes the drag: who refuses one is not asked again.
+      drag_.RegisterFormat(host::kConfigEntityTreeFormat);
     }
     Scope(const Scope&) = delete;
     Scope& operator=(const Scope&) = delete;

@@ -44,8 +44,8 @@ constexpr std::string_view kEcpIdentity[] = {kInstanceId, kSystemId, kEcpId};
 constexpr std::string_view kAntennaIdentity[] = {kInstanceId, kAntennaId};
 constexpr std::string_view kCarrierIdentity[] = {kInstanceId, kCarrierId};
 
-StoredList EmptyList(std::string_view name, std::span<const std::string_view> identity) {
-  return {name, {}, identity, identity.subspan(1)};
+ListIdentity WithoutInstance(std::string_view list, std::span<const std::string_view> identity) {
+  return {list, identity, identity.subspan(1)};
 }
 
 void DeleteList(std::string_view table, std::int32_t listId) {
@@ -97,15 +97,15 @@ std::string CellListQuery(std::string_view table, std::int32_t listId, const CCe
 }
 
 /// The antennas or carriers of a cell, whose other numbers are the cell's.
-StoredList StoredParts(std::string_view name, const AntennaCollection& parts,
-                       std::span<const std::string_view> identity, std::int32_t (CAntenna::*number)() const) {
-  StoredList list = EmptyList(name, identity);
+StoredList StoredParts(std::string_view name, const AntennaCollection& parts, std::string_view column,
+                       std::int32_t (CAntenna::*number)() const) {
+  StoredList list{name, {}};
   list.entries.reserve(static_cast<std::size_t>(parts.Count()));
   for (const auto& part : parts) {
     std::vector<NamedValue>& fields = list.entries.emplace_back().fields;
     fields.reserve(3);  // a study may have ten thousand of them
     fields.push_back({kInstanceId, part->Instance_Id()});
-    fields.push_back({identity.back(), (part.get()->*number)()});
+    fields.push_back({column, (part.get()->*number)()});
     fields.push_back({kSelected, MKivStudyCtls::BoolToYN(part->Selected())});
   }
   return list;
@@ -264,8 +264,24 @@ void LookupConfigCarriers(CCell& cell) {
       {"carrier_no"}, addCarrier);
 }
 
+ListIdentity CellIdentity(std::string_view list) {
+  return WithoutInstance(list, kCellIdentity);
+}
+
+ListIdentity EcpIdentity(std::string_view list) {
+  return WithoutInstance(list, kEcpIdentity);
+}
+
+ListIdentity AntennaIdentity() {
+  return WithoutInstance(kAntennas, kAntennaIdentity);
+}
+
+ListIdentity CarrierIdentity() {
+  return WithoutInstance(kCarriers, kCarrierIdentity);
+}
+
 StoredList StoredCells(std::string_view name, const EntityCollection& cells, CellParts parts) {
-  StoredList list = EmptyList(name, kCellIdentity);
+  StoredList list{name, {}};
   list.entries.reserve(static_cast<std::size_t>(cells.Count()));
   for (const auto& entity : cells) {
     const CCell& cell = AsCell(entity);
@@ -276,15 +292,15 @@ StoredList StoredCells(std::string_view name, const EntityCollection& cells, Cel
                     {kCellId, cell.CellID()}};
     if (parts == CellParts::None) continue;
     entry.lists.push_back(
-        StoredParts(kAntennas, Required(cell.Antennas()), kAntennaIdentity, &CAntenna::AntennaID));
+        StoredParts(kAntennas, Required(cell.Antennas()), kAntennaId, &CAntenna::AntennaID));
     entry.lists.push_back(
-        StoredParts(kCarriers, Required(cell.Carriers()), kCarrierIdentity, &CAntenna::CarrierID));
+        StoredParts(kCarriers, Required(cell.Carriers()), kCarrierId, &CAntenna::CarrierID));
   }
   return list;
 }
 
 StoredList StoredEcps(std::string_view name, const EntityCollection& ecps) {
-  StoredList list = EmptyList(name, kEcpIdentity);
+  StoredList list{name, {}};
   for (const auto& entity : ecps) {
     const CEcp& ecp = AsEcp(entity);
     StoredEntry& entry = list.entries.emplace_back();

@@ -57,6 +57,11 @@ enum class CellParts { None, AntennasAndCarriers };
 /// Cells or ECPs as they are stored: the fields of each row, and what belongs to a cell.
 StoredList StoredCells(std::string_view name, const EntityCollection& cells, CellParts parts);
 StoredList StoredEcps(std::string_view name, const EntityCollection& ecps);
+/// How their entries are told apart, and the antennas and carriers of a cell.
+ListIdentity CellIdentity(std::string_view list);
+ListIdentity EcpIdentity(std::string_view list);
+ListIdentity AntennaIdentity();
+ListIdentity CarrierIdentity();
 /// Put such a list back into the collection of a study.
 void ReadCells(StoredReader& reader, std::string_view name, std::int32_t studyId, EntityCollection& cells,
                CellParts parts);

@@ -25,9 +25,14 @@ struct StoredEntry;
 struct StoredList {
   std::string_view name;
   std::vector<StoredEntry> entries;
-  /// The fields that together tell an entry from all others, and those of them by which users call it.
-  std::span<const std::string_view> identity = {};
-  std::span<const std::string_view> label = identity;
+};
+
+/// The fields that together tell an entry of a list from all others, and those of them by which users call
+/// it.
+struct ListIdentity {
+  std::string_view list;
+  std::span<const std::string_view> fields;
+  std::span<const std::string_view> label = fields;
 };
 
 /// One entry of a list: its own fields, and the lists that belong to it in turn.
@@ -68,6 +73,8 @@ class ISubRecord : public Object {
   virtual std::vector<StoredList> StoredLists() const { return {}; }
   /// Those of them that InsertNew and Update write: a record under work may hold more.
   virtual std::vector<StoredList> WrittenLists() const { return StoredLists(); }
+  /// How the entries of each list are told apart, also of the lists inside entries.
+  virtual std::vector<ListIdentity> ListIdentities() const { return {}; }
   /// Takes over what both gave of another record of the kind.
   virtual void ReadStored(StoredReader& reader) = 0;
 };

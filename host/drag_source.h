@@ -21,7 +21,8 @@ class DragSource {
  public:
   virtual ~DragSource() = default;
 
-  /// The nodes of the drag in progress, in drag order; empty when nothing is dragged.
+  /// The nodes of the drag in progress, in drag order; empty when nothing is dragged. A host registers the
+  /// format of what it drags before the drag begins.
   virtual std::vector<DraggedNode> DraggedNodes() const = 0;
   /// The number of a named drag format: the same name always gives the same number.
   virtual std::uint16_t RegisterFormat(const std::string& name) = 0;

@@ -84,17 +84,21 @@ std::vector<NamedValue> CKivPlmData::StoredFields() const {
 }
 
 std::vector<StoredList> CKivPlmData::StoredLists() const {
-  StoredList modes{kModes, {}, kModeIdentity};
+  StoredList modes{kModes, {}};
   for (const auto& mode : *this) modes.entries.push_back(mode->Stored());
   return {std::move(modes)};
 }
 
 std::vector<StoredList> CKivPlmData::WrittenLists() const {
-  StoredList modes{kModes, {}, kModeIdentity};
+  StoredList modes{kModes, {}};
   for (const auto& mode : *this) {
     if (mode->Checked()) modes.entries.push_back(mode->Stored());
   }
   return {std::move(modes)};
+}
+
+std::vector<ListIdentity> CKivPlmData::ListIdentities() const {
+  return {{kModes, kModeIdentity}};
 }
 
 void CKivPlmData::ReadStored(StoredReader& reader) {

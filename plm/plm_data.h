@@ -62,6 +62,7 @@ class CKivPlmData : public SubRecord {
   std::vector<StoredList> StoredLists() const override;
   /// Only the checked modes.
   std::vector<StoredList> WrittenLists() const override;
+  std::vector<ListIdentity> ListIdentities() const override;
   void ReadStored(StoredReader& reader) override;
 
   /// The table with a row for each of these studies.

@@ -124,9 +124,13 @@ std::vector<NamedValue> CKivRfcData::StoredFields() const {
 std::vector<StoredList> CKivRfcData::StoredLists() const {
   StoredList entities = UsesEcp() ? MSQL::StoredEcps(kEcps, Required(entities_))
                                   : MSQL::StoredCells(kCellList, Required(entities_), MSQL::CellParts::None);
-  StoredList dns{kDns, {}, kDnIdentity};
+  StoredList dns{kDns, {}};
   for (const auto& dn : Required(dns_)) dns.entries.push_back({{}, ListFields(*dn, CDn::Fields()), {}});
   return {std::move(entities), std::move(dns)};
+}
+
+std::vector<ListIdentity> CKivRfcData::ListIdentities() const {
+  return {MSQL::EcpIdentity(kEcps), MSQL::CellIdentity(kCellList), {kDns, kDnIdentity}};
 }
 
 void CKivRfcData::ReadStored(StoredReader& reader) {

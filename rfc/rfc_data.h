@@ -78,6 +78,7 @@ class CKivRfcData : public SubRecord {
   std::vector<NamedValue> StoredFields() const override;
   /// The entities, and the DNs with their data files.
   std::vector<StoredList> StoredLists() const override;
+  std::vector<ListIdentity> ListIdentities() const override;
   void ReadStored(StoredReader& reader) override;
 
   /// The table with a row for each of these studies.

@@ -100,6 +100,10 @@ std::vector<NamedValue> CKivVcsData::StoredFields() const {
   return ListFields(*this, Fields());
 }
 
+std::vector<ListIdentity> CKivVcsData::ListIdentities() const {
+  return {MSQL::CellIdentity(kCells), MSQL::AntennaIdentity(), MSQL::CarrierIdentity()};
+}
+
 void CKivVcsData::ReadStored(StoredReader& reader) {
   reader.Fields(*this, Fields());
   MSQL::ReadCells(reader, kCells, id_, Required(cells_), MSQL::CellParts::AntennasAndCarriers);

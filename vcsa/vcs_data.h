@@ -88,6 +88,7 @@ class CKivVcsData : public SubRecord {
   std::vector<NamedValue> StoredFields() const override;
   /// The cells, each with its antennas and carriers.
   std::vector<StoredList> StoredLists() const override;
+  std::vector<ListIdentity> ListIdentities() const override;
   void ReadStored(StoredReader& reader) override;
 
   /// The table with a row for each of these studies.

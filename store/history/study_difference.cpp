@@ -1,10 +1,13 @@
 #include "store/history/study_difference.h"
 
 #include <algorithm>
+#include <span>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
+#include "core/study_kinds.h"
 #include "store/exchange/json.h"
 
 namespace kiv::store {
@@ -18,40 +21,37 @@ std::string TextOf(const Json& value) {
   return value.is_string() ? value.get<std::string>() : value.dump();
 }
 
-/// The fields that tell an entry of a list from the others: all up to the last number of its kind of thing,
-/// else the first.
-std::size_t IdentityOf(const Json& entry) {
-  std::size_t identity = 1;
-  std::size_t place = 0;
-  for (const auto& [name, value] : entry.items()) {
-    ++place;
-    if (name.ends_with("Id")) identity = place;
+/// The values of an entry's fields of these names; of its first field when there are no names.
+std::vector<const Json*> ValuesOf(const Json& entry, std::span<const std::string_view> names) {
+  std::vector<const Json*> values;
+  for (const std::string_view name : names) {
+    if (const auto found = entry.find(name); found != entry.end()) values.push_back(&*found);
   }
-  return identity;
+  if (values.empty() && !entry.empty()) values.push_back(&*entry.begin());
+  return values;
 }
 
-/// How users call an entry, such as `1-2-37`: the number of its instance says nothing to them.
-std::string LabelOf(const Json& entry) {
-  const std::size_t identity = IdentityOf(entry);
+/// How users call an entry, such as `1-2-37`.
+std::string LabelOf(const Json& entry, const ListIdentity& identity) {
   std::string label;
-  std::size_t place = 0;
-  for (const auto& [name, value] : entry.items()) {
-    if (place++ == identity) break;
-    if (name == "InstanceId" && identity > 1) continue;
-    label += (label.empty() ? "" : "-") + TextOf(value);
+  for (const Json* value : ValuesOf(entry, identity.label)) {
+    label += (label.empty() ? "" : "-") + TextOf(*value);
   }
   return label;
 }
 
-std::string KeyOf(const Json& entry) {
-  const std::size_t identity = IdentityOf(entry);
-  std::string text;
-  std::size_t place = 0;
-  for (const auto& [name, value] : entry.items()) {
-    if (place++ == identity) break;
-    text += value.dump() + ',';
-  }
-  return text;
+std::string KeyOf(const Json& entry, const ListIdentity& identity) {
+  std::string key;
+  for (const Json* value : ValuesOf(entry, identity.fields)) key += value->dump() + ',';
+  return key;
+}
+
+/// The lists of a content's kind; none of a kind that is not known here.
+std::vector<ListIdentity> IdentitiesIn(const Json& content) {
+  const auto kind = content.find(key::kKind);
+  if (kind == content.end() || !kind->is_string()) return {};
+  const StudyKind* known = FindStudyKind(kind->get_ref<const std::string&>());
+  return known ? known->createRecord()->ListIdentities() : std::vector<ListIdentity>();
 }
 
 /// What an entry that came or went has, without what is not set.
@@ -67,6 +67,8 @@ std::string ContentText(const Json& entry) {
 
 class Comparison {
  public:
+  explicit Comparison(std::vector<ListIdentity> identities) : identities_(std::move(identities)) {}
+
   std::vector<StudyDifference> Take() { return std::move(differences_); }
 
   void CompareObjects(const std::string& field, const std::string& prefix, const Json& before,
@@ -92,39 +94,44 @@ class Comparison {
       CompareObjects({}, {}, before.is_object() ? before : Json::object(),
                      after.is_object() ? after : Json::object());
     } else if (before.is_array() || after.is_array()) {
-      CompareLists(field, prefix + name, before.is_array() ? before : Json::array(),
+      CompareLists(field, IdentityOf(name), prefix + name, before.is_array() ? before : Json::array(),
                    after.is_array() ? after : Json::array());
     } else if (TextOf(before) != TextOf(after)) {
       Add(Kind::Changed, field, prefix + name, TextOf(before), TextOf(after));
     }
   }
 
-  void CompareLists(const std::string& field, const std::string& place, const Json& before,
-                    const Json& after) {
+  ListIdentity IdentityOf(std::string_view list) const {
+    const auto found = std::ranges::find(identities_, list, &ListIdentity::list);
+    return found == identities_.end() ? ListIdentity{} : *found;
+  }
+
+  void CompareLists(const std::string& field, const ListIdentity& identity, const std::string& place,
+                    const Json& before, const Json& after) {
     const Json& example = before.empty() ? after : before;
     if (example.empty()) return;
     if (!example.front().is_object()) return ComparePlainLists(field, place, before, after);
     std::unordered_map<std::string, const Json*> left;
-    for (const Json& entry : before) left.emplace(KeyOf(entry), &entry);
+    for (const Json& entry : before) left.emplace(KeyOf(entry, identity), &entry);
     std::vector<const Json*> added;
     for (const Json& entry : after) {
-      const auto old = left.find(KeyOf(entry));
+      const auto old = left.find(KeyOf(entry, identity));
       if (old == left.end()) {
         added.push_back(&entry);
         continue;
       }
       if (*old->second != entry) {
-        CompareObjects(field, place + " " + LabelOf(entry) + ": ", *old->second, entry);
+        CompareObjects(field, place + " " + LabelOf(entry, identity) + ": ", *old->second, entry);
       }
       left.erase(old);
     }
     for (const Json& entry : before) {
-      if (left.contains(KeyOf(entry))) {
-        Add(Kind::Removed, field, place + " " + LabelOf(entry), ContentText(entry), {});
+      if (left.contains(KeyOf(entry, identity))) {
+        Add(Kind::Removed, field, place + " " + LabelOf(entry, identity), ContentText(entry), {});
       }
     }
     for (const Json* entry : added) {
-      Add(Kind::Added, field, place + " " + LabelOf(*entry), {}, ContentText(*entry));
+      Add(Kind::Added, field, place + " " + LabelOf(*entry, identity), {}, ContentText(*entry));
     }
   }
 
@@ -151,6 +158,7 @@ class Comparison {
     differences_.push_back({kind, field, std::move(place), std::move(before), std::move(after)});
   }
 
+  std::vector<ListIdentity> identities_;
   std::vector<StudyDifference> differences_;
 };
 
@@ -162,8 +170,10 @@ Json Parsed(const std::string& content) {
 }  // namespace
 
 std::vector<StudyDifference> DifferencesBetween(const std::string& before, const std::string& after) {
-  Comparison comparison;
-  comparison.CompareObjects({}, {}, Parsed(before), Parsed(after));
+  const Json left = Parsed(before);
+  const Json right = Parsed(after);
+  Comparison comparison(IdentitiesIn(right.empty() ? left : right));
+  comparison.CompareObjects({}, {}, left, right);
   return comparison.Take();
 }
 

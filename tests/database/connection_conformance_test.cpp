@@ -8,23 +8,22 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "database/transaction.h"
 #include "support/engine.h"
+#include "support/rows_text.h"
 
 namespace kiv::database {
 
 namespace {
 
 using testing::AllOf;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Property;
 using testing::ThrowsMessage;
 using namespace std::string_literals;
-
-constexpr int kTimeoutSeconds = 60;
 
 template <class Call>
 void ExpectInvalidArgument(Call call, const std::string& textPart) {
@@ -42,7 +41,7 @@ class ConnectionConformance : public testing::TestWithParam<test::Engine> {
   }
 
   std::shared_ptr<host::Recordset> Query(const std::string& sql) {
-    return connection_->OpenQuery(sql, kTimeoutSeconds);
+    return connection_->OpenQuery(sql, host::kQueryTimeoutSeconds);
   }
   void Insert(const std::vector<Variant>& values) {
     connection_->ExecuteSql("INSERT INTO Sample VALUES (" + connection_->FormatValueList(values) + ")");
@@ -51,18 +50,11 @@ class ConnectionConformance : public testing::TestWithParam<test::Engine> {
   static std::string Row(int id, const std::string& parent = "NULL") {
     return "INSERT INTO Sample (Id, Parent) VALUES (" + std::to_string(id) + ", " + parent + ")";
   }
-  Variant ValueOf(const std::string& expression) {
-    return Query("SELECT " + expression + " FROM Sample ORDER BY Id")->FieldAt(0);
-  }
   /// The keys that a connection sees.
-  static std::vector<std::int64_t> Ids(Connection& connection) {
-    std::vector<std::int64_t> ids;
-    const auto rows = connection.OpenQuery("SELECT Id FROM Sample ORDER BY Id", kTimeoutSeconds);
-    for (; !rows->EndOfFile(); rows->MoveNext())
-      ids.push_back(std::get<std::int64_t>(rows->FieldAt(0).Value()));
-    return ids;
+  static std::string Ids(Connection& connection) {
+    return test::RowsText(connection, "Id", "Sample ORDER BY Id");
   }
-  std::vector<std::int64_t> Ids() { return Ids(*connection_); }
+  std::string Ids() { return Ids(*connection_); }
 
   const std::unique_ptr<test::TestDatabase> database_ = GetParam().start();
   const std::shared_ptr<Connection> connection_ = database_->Connect();
@@ -75,13 +67,14 @@ TEST_P(ConnectionConformance, TextsComeBackUnchanged) {
         "%_; -- /* ? $1 :x */"s, "NULL"s, "\"quoted\""s, "007"s}) {
     connection_->ExecuteSql("DELETE FROM Sample");
     Insert({1, text, {}, {}});
-    EXPECT_EQ(ValueOf("Name"), Variant(text));
+    EXPECT_EQ(test::ValueOf(*connection_, "SELECT Name FROM Sample"), Variant(text));
 
     const std::vector<host::Assignment> changes = {{"Name", text + "'2"}, {"Weight", 2.5}};
     connection_->ExecuteSql("UPDATE Sample SET" + connection_->FormatAssignmentList(changes) +
                             "WHERE Name = " + connection_->FormatValueList(std::vector<Variant>{text}));
-    EXPECT_EQ(ValueOf("Name"), Variant(text + "'2"));
-    EXPECT_EQ(ValueOf("Weight"), Variant(2.5));
+    const auto changed = Query("SELECT Name, Weight FROM Sample");
+    EXPECT_EQ(changed->FieldAt(0), Variant(text + "'2"));
+    EXPECT_EQ(changed->FieldAt(1), Variant(2.5));
   }
 }
 
@@ -91,18 +84,18 @@ TEST_P(ConnectionConformance, RowsAreShownAsTheyCome) {
   const std::string query = "SELECT Name, Id, Parent FROM Sample ORDER BY Id";
   std::string seen;
   connection_->BeginReading();
-  connection_->VisitRows(query, kTimeoutSeconds, [&seen](std::span<const std::string_view> row) {
+  connection_->VisitRows(query, host::kQueryTimeoutSeconds, [&seen](std::span<const std::string_view> row) {
     for (const std::string_view text : row) seen.append(text).append("|");
   });
   EXPECT_EQ(seen, "O'Neill|1|||2|1|");
-  EXPECT_THROW(
-      connection_->VisitRows(query, kTimeoutSeconds, [](auto) { throw std::runtime_error("no more"); }),
-      std::runtime_error);
+  EXPECT_THROW(connection_->VisitRows(query, host::kQueryTimeoutSeconds,
+                                      [](auto) { throw std::runtime_error("no more"); }),
+               std::runtime_error);
   EXPECT_THROW(connection_->Begin(), Error);
   connection_->Commit();
-  EXPECT_THROW(connection_->VisitRows("SELECT no_such FROM Sample", kTimeoutSeconds, [](auto) {}),
+  EXPECT_THROW(connection_->VisitRows("SELECT no_such FROM Sample", host::kQueryTimeoutSeconds, [](auto) {}),
                host::DatabaseError);
-  EXPECT_THAT(Ids(), ElementsAre(1, 2));
+  EXPECT_EQ(Ids(), "1;2;");
 }
 
 TEST_P(ConnectionConformance, NumbersAndNullKeepTheirTypes) {
@@ -127,22 +120,15 @@ TEST_P(ConnectionConformance, NulIsRefused) {
   EXPECT_THROW(Query("SELECT 'a\0b'"s), host::DatabaseError);
 }
 
-TEST_P(ConnectionConformance, ResultSetIsReadForward) {
-  for (int id = 1; id <= 3; ++id) Insert({id, "n" + std::to_string(id), {}, {}});
-  const auto rows = Query("SELECT Id, Name, Name || '!' AS Name FROM Sample ORDER BY Id");
-  EXPECT_EQ(rows->RecordCount(), 3);
-  EXPECT_EQ(rows->Field("NAME"), Variant("n1")) << "the first of two fields with one name";
-  EXPECT_EQ(rows->FieldAt(2), Variant("n1!"));
-  rows->MoveNext();
-  EXPECT_EQ(rows->Field("iD"), Variant(2));
+TEST_P(ConnectionConformance, FieldsThatAreNotThereAreNamed) {
+  Insert({1, "one", {}, {}});
+  const auto rows = Query("SELECT Id, Name, Name || '!' AS Name FROM Sample");
+  EXPECT_EQ(rows->Field("NAME"), Variant("one")) << "the first of two fields with one name";
+  EXPECT_EQ(rows->FieldAt(2), Variant("one!"));
   ExpectInvalidArgument([&] { rows->FieldAt(3); }, "number 3");
   ExpectInvalidArgument([&] { rows->FieldAt(-1); }, "number -1");
   ExpectInvalidArgument([&] { rows->Field("Nam"); }, "'Nam'");
   rows->MoveNext();
-  EXPECT_FALSE(rows->EndOfFile());
-  rows->MoveNext();
-  EXPECT_TRUE(rows->EndOfFile());
-  EXPECT_EQ(rows->RecordCount(), 3);
   rows->MoveNext();
   ExpectInvalidArgument([&] { rows->FieldAt(0); }, "at its end");
 }
@@ -186,7 +172,7 @@ TEST_P(ConnectionConformance, NoRowsAndNoResultSetDiffer) {
   const auto inserted = Query("INSERT INTO Sample (Id, Name) VALUES (2, 'x'), (3, 'y') RETURNING Id");
   EXPECT_EQ(inserted->RecordCount(), 2);
   EXPECT_EQ(inserted->Field("id"), Variant(2));
-  EXPECT_THAT(Ids(), ElementsAre(1, 2, 3));
+  EXPECT_EQ(Ids(), "1;2;3;");
 }
 
 TEST_P(ConnectionConformance, ColumnsAreFoundAsTheyAreNow) {
@@ -195,12 +181,13 @@ TEST_P(ConnectionConformance, ColumnsAreFoundAsTheyAreNow) {
   EXPECT_FALSE(connection_->ColumnExists("NoSuchTable", "Weight"));
   EXPECT_FALSE(connection_->ColumnExists("x'); DROP TABLE Sample; --", "' OR '1'='1"));
   const auto other = database_->Connect();
-  EXPECT_EQ(other->OpenQuery("SELECT * FROM Sample", kTimeoutSeconds)->RecordCount(), 0);
+  EXPECT_EQ(other->OpenQuery("SELECT * FROM Sample", host::kQueryTimeoutSeconds)->RecordCount(), 0);
   connection_->ExecuteSql("ALTER TABLE Sample ADD COLUMN Height TEXT");
   Insert({1, "", {}, {}, "tall"});
   EXPECT_TRUE(connection_->ColumnExists("Sample", "Height"));
   // The other connection still has the old columns in mind when it starts its statement.
-  EXPECT_EQ(other->OpenQuery("SELECT * FROM Sample", kTimeoutSeconds)->Field("Height"), Variant("tall"));
+  EXPECT_EQ(other->OpenQuery("SELECT * FROM Sample", host::kQueryTimeoutSeconds)->Field("Height"),
+            Variant("tall"));
 }
 
 TEST_P(ConnectionConformance, StoredFunctionIsCalledByItsDottedName) {
@@ -211,14 +198,6 @@ TEST_P(ConnectionConformance, StoredFunctionIsCalledByItsDottedName) {
   }
   EXPECT_THROW(connection_->CallStoredFunction("lucent_generic.no_such_function", "5"), host::DatabaseError);
   EXPECT_TRUE(connection_->ColumnExists("Sample", "Id"));
-}
-
-TEST_P(ConnectionConformance, BooleansAreReadFromFields) {
-  const auto rows = Query("SELECT 'Y', 'N', 'y', 1, 0, -7, NULL, ''");
-  std::vector<bool> values(8);
-  for (int i = 0; i < 8; ++i)
-    values[static_cast<std::size_t>(i)] = connection_->FieldToBoolean(rows->FieldAt(i));
-  EXPECT_THAT(values, ElementsAre(true, false, false, true, false, true, false, false));
 }
 
 TEST_P(ConnectionConformance, FailuresCarryTextAndStatement) {
@@ -238,7 +217,7 @@ TEST_P(ConnectionConformance, FailuresCarryTextAndStatement) {
   }
   EXPECT_THAT([&] { Query("SELECT * FROM NoSuchTable"); },
               ThrowsMessage<host::DatabaseError>(testing::ContainsRegex("[Nn]o[Ss]uch[Tt]able")));
-  EXPECT_THAT(Ids(), ElementsAre(1)) << "the connection goes on working";
+  EXPECT_EQ(Ids(), "1;") << "the connection goes on working";
 }
 
 TEST_P(ConnectionConformance, SecondStatementIsRefusedAndTheFirstNotRun) {
@@ -246,10 +225,10 @@ TEST_P(ConnectionConformance, SecondStatementIsRefusedAndTheFirstNotRun) {
   for (const std::string& sql : {"DELETE FROM Sample; DELETE FROM Sample"s,
                                  "DELETE FROM Sample;; /* */ SELECT 1"s, "DELETE FROM Sample; nonsense"s}) {
     EXPECT_THROW(connection_->ExecuteSql(sql), host::DatabaseError) << sql;
-    EXPECT_THAT(Ids(), ElementsAre(1)) << sql;
+    EXPECT_EQ(Ids(), "1;") << sql;
   }
   connection_->ExecuteSql("DELETE FROM Sample; -- that was all\n ");
-  EXPECT_THAT(Ids(), ElementsAre());
+  EXPECT_EQ(Ids(), "");
 }
 
 TEST_P(ConnectionConformance, TransactionIsAllOrNothing) {
@@ -260,14 +239,14 @@ TEST_P(ConnectionConformance, TransactionIsAllOrNothing) {
     Insert({2, "two", {}, 1});
     transaction.Commit();
   }
-  EXPECT_THAT(Ids(*other), ElementsAre(1, 2));
+  EXPECT_EQ(Ids(*other), "1;2;");
   try {
     const Transaction transaction(*connection_);
     connection_->ExecuteSql("DELETE FROM Sample WHERE Id = 1");
-    EXPECT_THAT(Ids(), ElementsAre()) << "the child goes with its parent";
+    EXPECT_EQ(Ids(), "") << "the child goes with its parent";
     throw std::runtime_error("the save failed");
   } catch (const std::runtime_error&) {
-    EXPECT_THAT(Ids(), ElementsAre(1, 2));
+    EXPECT_EQ(Ids(), "1;2;");
   }
   {
     Transaction transaction(*connection_);
@@ -275,7 +254,7 @@ TEST_P(ConnectionConformance, TransactionIsAllOrNothing) {
     Insert({3, "three", {}, {}});
     transaction.Commit();
   }
-  EXPECT_THAT(Ids(*other), ElementsAre(1, 2, 3)) << "the refused inner Begin left the outer one alone";
+  EXPECT_EQ(Ids(*other), "1;2;3;") << "the refused inner Begin left the outer one alone";
   ExpectInvalidArgument([&] { connection_->Commit(); }, "no transaction");
   ExpectInvalidArgument([&] { connection_->Rollback(); }, "no transaction");
 }
@@ -286,14 +265,14 @@ TEST_P(ConnectionConformance, WaitingInsertsAreSentBeforeAnythingElse) {
   Transaction transaction(*connection_);
   connection_->ExecuteSql(Row(1));
   connection_->ExecuteSql(Row(2, "1"));
-  EXPECT_THAT(Ids(), ElementsAre(1, 2));
+  EXPECT_EQ(Ids(), "1;2;");
   connection_->ExecuteSql("INSERT INTO Other (Id) VALUES (7)");
   connection_->ExecuteSql(Row(3));
   connection_->ExecuteSql("INSERT INTO Other (Id) VALUES (8)");
   connection_->ExecuteSql("DELETE FROM Sample WHERE Id = 3");
   connection_->ExecuteSql(Row(3));
   connection_->ExecuteSql("INSERT INTO Sample (Id) SELECT max(Id) + 1 FROM Sample");
-  EXPECT_THAT(Ids(), ElementsAre(1, 2, 3, 4));
+  EXPECT_EQ(Ids(), "1;2;3;4;");
   // Rows of two tables take turns, and every row needs the one before it.
   for (int id = 5; id <= 3000; ++id) {
     connection_->ExecuteSql(Row(id, std::to_string(id - 1)));
@@ -301,23 +280,23 @@ TEST_P(ConnectionConformance, WaitingInsertsAreSentBeforeAnythingElse) {
   }
   transaction.Commit();
   const auto other = database_->Connect();
-  EXPECT_EQ(Ids(*other).size(), 3000U);
-  EXPECT_EQ(other->OpenQuery("SELECT Id FROM Other", kTimeoutSeconds)->RecordCount(), 1000);
+  EXPECT_EQ(test::ValueOf(*other, "SELECT count(*) FROM Sample"), Variant(3000));
+  EXPECT_EQ(test::ValueOf(*other, "SELECT count(*) FROM Other"), Variant(1000));
 }
 
 TEST_P(ConnectionConformance, WaitingInsertsGoWithTheirTransaction) {
   connection_->ExecuteSql(Row(1));
-  EXPECT_THAT(Ids(*database_->Connect()), ElementsAre(1)) << "nothing waits outside of one";
+  EXPECT_EQ(Ids(*database_->Connect()), "1;") << "nothing waits outside of one";
   EXPECT_THROW(connection_->ExecuteSql(Row(1)), host::DatabaseError);
   {
     const Transaction transaction(*connection_);
     connection_->ExecuteSql(Row(2));
   }
-  EXPECT_THAT(Ids(), ElementsAre(1));
+  EXPECT_EQ(Ids(), "1;");
   Transaction next(*connection_);
   connection_->ExecuteSql(Row(3));
   next.Commit();
-  EXPECT_THAT(Ids(), ElementsAre(1, 3));
+  EXPECT_EQ(Ids(), "1;3;");
 }
 
 TEST_P(ConnectionConformance, FailingWaitingInsertsEndTheirTransaction) {
@@ -346,12 +325,25 @@ TEST_P(ConnectionConformance, FailingWaitingInsertsEndTheirTransaction) {
     EXPECT_THROW(Ids(), host::DatabaseError);
     EXPECT_THROW(connection_->Commit(), host::DatabaseError);
     connection_->Rollback();
-    EXPECT_THAT(Ids(), ElementsAre());
+    EXPECT_EQ(Ids(), "");
   }
   Transaction transaction(*connection_);
   connection_->ExecuteSql(Row(4));
   transaction.Commit();
-  EXPECT_THAT(Ids(), ElementsAre(4));
+  EXPECT_EQ(Ids(), "4;");
+}
+
+TEST_P(ConnectionConformance, AWriterWaitsForTheOther) {
+  const auto other = database_->Connect();
+  Insert({1, "one", {}, {}});
+  Transaction transaction(*other);
+  other->ExecuteSql("UPDATE Sample SET Name = 'two'");
+  std::thread later([&transaction] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    transaction.Commit();
+  });
+  EXPECT_NO_THROW(connection_->ExecuteSql("DELETE FROM Sample"));
+  later.join();
 }
 
 TEST_P(ConnectionConformance, TimeOutEndsAnEndlessQuery) {

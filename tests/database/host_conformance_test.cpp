@@ -15,8 +15,6 @@ namespace kiv::database {
 namespace {
 
 const std::string kQuery = "SELECT Id, Name FROM Sample ORDER BY Id";
-constexpr int kTimeoutSeconds = 60;
-
 /// A database with the rows (1, 'one') and (2, NULL).
 struct Host {
   std::string name;
@@ -67,7 +65,7 @@ TEST_P(HostConformance, ValuesAreRenderedLetterForLetter) {
 }
 
 TEST_P(HostConformance, RowsAreReadForwardByNameOrNumber) {
-  const auto rows = database_->OpenQuery(kQuery, kTimeoutSeconds);
+  const auto rows = database_->OpenQuery(kQuery, host::kQueryTimeoutSeconds);
   EXPECT_EQ(rows->RecordCount(), 2);
   EXPECT_EQ(rows->Field("nAME"), Variant("one"));
   EXPECT_EQ(rows->FieldIndex("NAME"), 1);
@@ -75,11 +73,12 @@ TEST_P(HostConformance, RowsAreReadForwardByNameOrNumber) {
   rows->MoveNext();
   EXPECT_EQ(rows->FieldAt(0), Variant(2));
   EXPECT_TRUE(rows->FieldAt(1).IsNull());
+  EXPECT_FALSE(rows->EndOfFile());
   rows->MoveNext();
   EXPECT_TRUE(rows->EndOfFile());
   EXPECT_EQ(rows->RecordCount(), 2);
   EXPECT_THROW(rows->FieldAt(0), Error);
-  const auto others = database_->OpenQuery(kQuery, kTimeoutSeconds);
+  const auto others = database_->OpenQuery(kQuery, host::kQueryTimeoutSeconds);
   others->Close();
   EXPECT_TRUE(others->EndOfFile());
   EXPECT_THROW(others->FieldAt(0), Error);

@@ -2,13 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <iterator>
-#include <optional>
 #include <string>
 
 #include "database/open.h"
@@ -16,8 +13,10 @@
 #include "database/sqlite/sqlite_database.h"
 #include "database/sqlite/sqlite_file.h"
 #include "database/sqlite/sqlite_layout.h"
+#include "support/child_process.h"
 #include "support/open_folder.h"
 #include "support/ordinary_user.h"
+#include "support/rows_text.h"
 
 namespace kiv::database {
 
@@ -26,8 +25,6 @@ namespace {
 using std::filesystem::perms;
 using testing::HasSubstr;
 using namespace std::string_literals;
-
-constexpr int kTimeoutSeconds = 60;
 
 constexpr perms kMayRead = perms::owner_read | perms::group_read | perms::others_read;
 constexpr perms kMayEnter = perms::owner_exec | perms::group_exec | perms::others_exec;
@@ -41,25 +38,9 @@ std::string ReadFile(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-/// Runs in a process of its own that then ends as if it were killed.
-void RunAndDie(const std::function<void()>& work) {
-  const pid_t child = fork();
-  if (child == 0) {
-    try {
-      work();
-    } catch (...) {
-      _exit(1);
-    }
-    _exit(0);
-  }
-  int status = -1;
-  waitpid(child, &status, 0);
-  EXPECT_EQ(status, 0);
-}
-
 /// Leaves a file half changed, with the journal that takes it back.
 void WriteHalfATransaction(const std::string& path) {
-  RunAndDie([&path] {
+  test::ChildProcess writer([&path] {
     const auto database = SqliteDatabase::Open(path, OpenMode::MustExist);
     database->ExecuteSql("PRAGMA cache_size = 1");
     database->Begin();
@@ -69,6 +50,7 @@ void WriteHalfATransaction(const std::string& path) {
         "kiv_scenario (name) SELECT 'scenario ' || n FROM run");
     _exit(0);
   });
+  ASSERT_EQ(writer.Wait(), 0);
   ASSERT_TRUE(std::filesystem::exists(path + "-journal"));
 }
 
@@ -100,9 +82,8 @@ class StudyDatabaseOpen : public testing::Test {
         ->ExecuteSql("INSERT INTO kiv_scenario VALUES (1, 'first')");
     return folder_.File(name);
   }
-  static std::int64_t ScenarioCount(Connection& connection) {
-    const auto rows = connection.OpenQuery("SELECT count(*) FROM kiv_scenario", kTimeoutSeconds);
-    return std::get<std::int64_t>(rows->FieldAt(0).Value());
+  static std::string ScenarioCount(Connection& connection) {
+    return test::RowsText(connection, "count(*)", "kiv_scenario");
   }
 
   const test::OpenFolder folder_;
@@ -116,8 +97,8 @@ TEST_F(StudyDatabaseOpen, MissingFileIsToldOrMade) {
   EXPECT_EQ(OpenError(OpenProblem::Missing, "it's $HOME").CreateCommand(),
             "kivstudy init --database 'it'\\''s $HOME'");
   EXPECT_TRUE(std::filesystem::is_empty(folder_.Path())) << "looking for a file makes nothing";
-  EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::CreateIfMissing)), 0);
-  EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::MustExist)), 0);
+  EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::CreateIfMissing)), "0;");
+  EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::MustExist)), "0;");
 }
 
 TEST_F(StudyDatabaseOpen, NoFileNameNoDatabase) {
@@ -159,7 +140,7 @@ TEST_F(StudyDatabaseOpen, EmptyFileIsADatabaseOnlyWhenOneIsToBeMade) {
   WriteFile(path, "");
   ExpectProblem(OpenProblem::Empty, path, OpenMode::MustExist, "empty");
   EXPECT_EQ(std::filesystem::file_size(path), 0U);
-  EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::CreateIfMissing)), 0);
+  EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::CreateIfMissing)), "0;");
 }
 
 TEST_F(StudyDatabaseOpen, ForeignDatabaseIsNotTouched) {
@@ -216,7 +197,7 @@ TEST_F(StudyDatabaseOpen, LockedDatabaseIsTold) {
   other->ExecuteSql("BEGIN EXCLUSIVE");
   ExpectProblem(OpenProblem::Locked, path, OpenMode::MustExist, "try again");
   other->ExecuteSql("ROLLBACK");
-  EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::MustExist)), 1);
+  EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::MustExist)), "1;");
 }
 
 TEST_F(StudyDatabaseOpen, WriteProtectedFileCanBeRead) {
@@ -235,7 +216,7 @@ TEST_F(StudyDatabaseOpen, WriteProtectedFileCanBeRead) {
     const auto database = OpenStudyDatabase(path, mode);
     EXPECT_TRUE(database->ReadOnly());
     EXPECT_EQ(SchemaVersion(*database), 1);
-    EXPECT_EQ(ScenarioCount(*database), 1);
+    EXPECT_EQ(ScenarioCount(*database), "1;");
     EXPECT_THROW(database->ExecuteSql("DELETE FROM kiv_scenario"), host::DatabaseError);
   }
   ExpectProblem(OpenProblem::CannotCreate, emptyPath, OpenMode::CreateIfMissing, "write-protected");
@@ -246,13 +227,14 @@ TEST_F(StudyDatabaseOpen, LookingAtAFileKeepsTheLocksOfThisProcess) {
   const auto writer = OpenStudyDatabase(path, OpenMode::MustExist);
   writer->Begin();
   EXPECT_EQ(InspectFile(path).applicationId, kApplicationId);
-  RunAndDie([&path] {
+  test::ChildProcess other([&path] {
     struct flock lock {};
     lock.l_type = F_WRLCK;
     lock.l_whence = SEEK_SET;
     const int file = open(path.c_str(), O_RDWR);
     if (fcntl(file, F_GETLK, &lock) != 0 || lock.l_type == F_UNLCK) throw OpenProblem::Locked;
   });
+  EXPECT_EQ(other.Wait(), 0);
 }
 
 }  // namespace

@@ -11,12 +11,12 @@
 #include "database/open.h"
 #include "database/schema.h"
 #include "support/engine.h"
+#include "support/rows_text.h"
 
 namespace kiv::database {
 
 namespace {
 
-constexpr int kTimeoutSeconds = 60;
 constexpr const char* kInsertStudy =
     "INSERT INTO kiv_study (kind, name, scenario_id, modified_by, modified_at) VALUES ('HOM', 'first', 1, "
     "'me', "
@@ -25,12 +25,9 @@ constexpr const char* kInsertStudy =
 /// The study tables have to be the same in every kind of database.
 class StudyDatabaseSchema : public testing::TestWithParam<test::Engine> {
  protected:
-  static Variant ValueOf(Connection& connection, const std::string& query) {
-    return connection.OpenQuery(query, kTimeoutSeconds)->FieldAt(0);
-  }
   static void AddStudy(Connection& connection) {
     connection.ExecuteSql("INSERT INTO kiv_scenario (name) VALUES ('Drive Test')");
-    EXPECT_EQ(ValueOf(connection, kInsertStudy), Variant(1));
+    EXPECT_EQ(test::ValueOf(connection, kInsertStudy), Variant(1));
     connection.ExecuteSql("INSERT INTO KIV_HomStudy (Id, Path, HomMode, Hard) VALUES (1, '/data', 2, 'Y')");
   }
 
@@ -47,12 +44,9 @@ TEST_P(StudyDatabaseSchema, OlderLayoutIsUpgradedWithItsRows) {
 
   const auto database = OpenStudyDatabase(server_->Name(), OpenMode::MustExist);
   EXPECT_EQ(SchemaVersion(*database), NewestSchemaVersion());
-  const auto row = database->OpenQuery("SELECT * FROM KIV_HomStudy", kTimeoutSeconds);
-  EXPECT_EQ(row->Field("path"), Variant("/data"));
-  EXPECT_EQ(row->Field("HomMode"), Variant(2));
-  for (const char* column : {"CollectData", "StartOnFail", "CurStdDatafile", "CurStdPath"}) {
-    EXPECT_TRUE(row->Field(column).IsNull()) << column;
-  }
+  EXPECT_EQ(test::RowsText(*database, "Path, HomMode, CollectData, StartOnFail, CurStdDatafile, CurStdPath",
+                           "KIV_HomStudy"),
+            "/data|2|NULL|NULL|NULL|NULL;");
   UpgradeSchema(*database, 1);
   EXPECT_EQ(SchemaVersion(*database), NewestSchemaVersion()) << "there is no way back";
   EXPECT_THROW(UpgradeSchema(*database, NewestSchemaVersion() + 1), Error);
@@ -61,14 +55,14 @@ TEST_P(StudyDatabaseSchema, OlderLayoutIsUpgradedWithItsRows) {
 TEST_P(StudyDatabaseSchema, TablesKeepTheirRules) {
   const auto database = OpenStudyDatabase(server_->Name(), OpenMode::CreateIfMissing);
   AddStudy(*database);
-  EXPECT_EQ(ValueOf(*database, "SELECT revision FROM kiv_study"), Variant(1));
+  EXPECT_EQ(test::ValueOf(*database, "SELECT revision FROM kiv_study"), Variant(1));
   for (const char* sql : {"INSERT INTO kiv_scenario (name) VALUES ('DRIVE test')", "DELETE FROM kiv_scenario",
                           "INSERT INTO KIV_HomStudy (Id) VALUES (2)", "UPDATE kiv_study SET name = NULL"}) {
     EXPECT_THROW(database->ExecuteSql(sql), host::DatabaseError) << sql;
   }
   database->ExecuteSql("DELETE FROM kiv_study");
-  EXPECT_EQ(ValueOf(*database, "SELECT count(*) FROM KIV_HomStudy"), Variant(0));
-  EXPECT_EQ(ValueOf(*database, kInsertStudy), Variant(2)) << "a number is never given twice";
+  EXPECT_EQ(test::ValueOf(*database, "SELECT count(*) FROM KIV_HomStudy"), Variant(0));
+  EXPECT_EQ(test::ValueOf(*database, kInsertStudy), Variant(2)) << "a number is never given twice";
 }
 
 TEST_P(StudyDatabaseSchema, FailingStepLeavesTheOldLayout) {

@@ -18,6 +18,7 @@
 #include <QPointer>
 #include <QString>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
@@ -174,7 +175,9 @@ class Monkey {
     }
     modified_ = std::move(now);
     const auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (message && AsksAboutInput(*message)) asked_ = done_;
+    // What is told while the answer is carried out, such as a warning of a save, keeps it waiting.
+    const bool holds = QApplication::activeModalWidget() && done_ - asked_ <= kAnswerHolds;
+    if (holds || (message && AsksAboutInput(*message))) asked_ = done_;
   }
 
   void Tell(const std::string& what) {
@@ -332,7 +335,15 @@ class Monkey {
   void OpenSomeStudy() {
     if (Window() != &window_) return AnswerDialog();
     const auto studies = program_.Store().List();
-    if (!studies.empty()) window_.OpenStudy(OneOf(studies, random_).id);
+    if (studies.empty()) return;
+    const std::int32_t id = OneOf(studies, random_).id;
+    window_.OpenStudy(id);
+    if (Below(4) != 0) return;
+    qobject_cast<QTabWidget*>(window_.centralWidget())->setCurrentIndex(0);
+    window_.List().SelectStudy(id);
+    window_.List().View().setFocus();
+    Tell("delete " + std::to_string(id));
+    QTest::keyClick(&window_.List().View(), Qt::Key_Delete, Qt::ControlModifier);
   }
 
   void ShowPage() {

@@ -10,13 +10,11 @@
 #include <filesystem>
 #include <string>
 #include <thread>
-#include <tuple>
 
 #include "database/open.h"
 #include "store/store_error.h"
 #include "support/child_process.h"
-#include "support/engine.h"
-#include "support/rich_studies.h"
+#include "support/engine_and_kind.h"
 #include "support/test_store.h"
 #include "support/watched_connection.h"
 
@@ -30,7 +28,7 @@ constexpr int kOldVariant = 1;
 constexpr int kNewVariant = 2;
 
 /// One stored study of each kind that changes between two variants.
-class Crash : public ::testing::TestWithParam<std::tuple<test::Engine, std::string>> {
+class Crash : public ::testing::TestWithParam<test::EngineAndKind> {
  protected:
   Crash() {
     test::TestStore store(Open());
@@ -111,17 +109,7 @@ TEST_P(Crash, AtAnyMomentLeavesAWholeStudy) {
   }
 }
 
-std::string NameOf(const ::testing::TestParamInfo<Crash::ParamType>& parameter) {
-  const auto& [engine, kind] = parameter.param;
-  std::string name = engine.name + kind;
-  std::erase(name, ' ');
-  return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Kinds, Crash,
-                         ::testing::Combine(::testing::ValuesIn(test::Engines()),
-                                            ::testing::ValuesIn(test::RichKinds())),
-                         NameOf);
+INSTANTIATE_TEST_SUITE_P(Kinds, Crash, test::EveryEngineAndKind(), test::NameOf);
 
 /// No file of this process grows beyond a size while this lives.
 class FileSizeLimit {
@@ -178,7 +166,7 @@ TEST_P(FullDisk, LeavesTheOldStudyAndIsToldOnce) {
 INSTANTIATE_TEST_SUITE_P(Kinds, FullDisk,
                          ::testing::Combine(::testing::Values(test::SqliteEngine()),
                                             ::testing::Values("PLM Study", "VCSA Study")),
-                         NameOf);
+                         test::NameOf);
 
 }  // namespace
 }  // namespace kiv::client

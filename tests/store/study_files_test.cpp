@@ -7,16 +7,14 @@
 
 #include <filesystem>
 #include <fstream>
-#include <tuple>
 
 #include "client/texts/import_text.h"
 #include "database/open.h"
 #include "store/exchange/study_json.h"
 #include "store/studies/study_export.h"
-#include "support/engine.h"
+#include "support/engine_and_kind.h"
 #include "support/open_folder.h"
 #include "support/ordinary_user.h"
-#include "support/rich_studies.h"
 #include "support/temp_folder.h"
 #include "support/test_store.h"
 
@@ -25,7 +23,7 @@ namespace {
 
 using ::testing::HasSubstr;
 
-class RoundTrip : public ::testing::TestWithParam<std::tuple<test::Engine, std::string>> {};
+class RoundTrip : public ::testing::TestWithParam<test::EngineAndKind> {};
 
 TEST_P(RoundTrip, GivesTheSameBytesAgain) {
   const auto& [engine, kind] = GetParam();
@@ -58,17 +56,7 @@ TEST_P(RoundTrip, GivesTheSameBytesAgain) {
   EXPECT_EQ(store->Scenarios().List().size(), 1U);
 }
 
-std::string NameOf(const ::testing::TestParamInfo<RoundTrip::ParamType>& parameter) {
-  const auto& [engine, kind] = parameter.param;
-  std::string name = engine.name + kind;
-  std::erase(name, ' ');
-  return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Kinds, RoundTrip,
-                         ::testing::Combine(::testing::ValuesIn(test::Engines()),
-                                            ::testing::ValuesIn(test::RichKinds())),
-                         NameOf);
+INSTANTIATE_TEST_SUITE_P(Kinds, RoundTrip, test::EveryEngineAndKind(), test::NameOf);
 
 TEST(StudyFile, IsReplacedWholeOrNotAtAll) {
   namespace fs = std::filesystem;

@@ -38,10 +38,6 @@ class Store : public ::testing::TestWithParam<std::tuple<test::Engine, Layout>>,
   static XKivHomDetail& Detail(session::StudySession& session) {
     return dynamic_cast<XKivHomDetail&>(*session.Tabs()[1]);
   }
-  std::string Text(const std::string& query) {
-    const auto rows = connection_->OpenQuery(query, 5);
-    return rows->EndOfFile() ? "no row" : ToText(rows->FieldAt(0));
-  }
 };
 
 std::string NameOf(const ::testing::TestParamInfo<Store::ParamType>& parameter) {
@@ -75,8 +71,8 @@ TEST_P(Store, AStudyIsStoredReopenedAndChanged) {
   EXPECT_EQ(studies[0].scenario, "Down'town");
   EXPECT_EQ(studies[0].duration, 90);
   EXPECT_EQ(studies[0].modifiedBy, "bob");
-  EXPECT_EQ(Text("SELECT SoftDrop FROM KIV_HomStudy"), "Y");
-  EXPECT_EQ(Text("SELECT count(*) FROM KIV_HomStudy"), "1");
+  EXPECT_EQ(Rows("SoftDrop", "KIV_HomStudy"), "Y;");
+  EXPECT_EQ(Rows("count(*)", "KIV_HomStudy"), "1;");
 }
 
 TEST_P(Store, ARefusedTabStoresNothing) {
@@ -140,7 +136,7 @@ TEST_P(Store, TheLaterOfTwoSavesIsTold) {
 
   store_.Remove(first->ID(), "ann");
   EXPECT_THROW(second->Save("bob"), store::StudyConflict);
-  EXPECT_EQ(Text("SELECT count(*) FROM KIV_HomStudy"), "0");
+  EXPECT_EQ(Rows("count(*)", "KIV_HomStudy"), "0;");
   EXPECT_TRUE(second->SaveCopy("Saved after all", "bob"));
 }
 
@@ -163,13 +159,13 @@ TEST_P(Store, MissingDataOfAKindAreNoticedAndStoredAgain) {
   Detail(*again).chkAMPS.Click();
   ASSERT_TRUE(again->Save("ann")) << host_.TakeMessage();
   EXPECT_EQ(again->Data(), store::KindData::Complete);
-  EXPECT_EQ(Text("SELECT DataFile FROM KIV_HomStudy"), "night.hom");
+  EXPECT_EQ(Rows("DataFile", "KIV_HomStudy"), "night.hom;");
   EXPECT_FALSE(again->IsNew());
 
   connection_->ExecuteSql("DELETE FROM KIV_HomStudy");  // this time while the study is open
   General(*again).XDest.SetFilename("day");
   ASSERT_TRUE(again->Save("ann"));
-  EXPECT_EQ(Text("SELECT DataFile FROM KIV_HomStudy"), "day.hom");
+  EXPECT_EQ(Rows("DataFile", "KIV_HomStudy"), "day.hom;");
 }
 
 TEST_P(Store, AScenarioThatWasDeletedMeanwhileIsTold) {

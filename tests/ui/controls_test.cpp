@@ -45,32 +45,24 @@ TEST(Controls, AFrameDisablesAndHidesWhatItHolds) {
 TEST(Controls, AreFoundByNameAtAnyDepth) {
   Page page;
   EXPECT_EQ(page.FindControl("box"), &page.box);
-  EXPECT_EQ(page.FindControl("check(2)"), &page.checks[2]);
-  EXPECT_EQ(page.FindControl("BOX"), &page.box);
   EXPECT_EQ(page.FindControl("Check(2)"), &page.checks[2]);
   EXPECT_EQ(page.FindControl("check(3)"), nullptr);
 }
 
-TEST(Controls, FocusIsRememberedInOnePlace) {
+TEST(Controls, FocusLeavesWhatIsOutOfReach) {
   Page page;
-  std::string events;
-  page.FocusChanged.Connect([&](Control& control) { events += "+" + control.Name(); });
-  page.box.FocusLost.Connect([&] { events += "-box"; });
-  page.box.SetFocus();
-  page.list.SetFocus();
-  EXPECT_TRUE(page.list.HasFocus());
-  EXPECT_EQ(events, "+box-box+list");
-  page.list.LoseFocus(FocusTo::DropDownList);
-  page.list.LoseFocus(FocusTo::AnotherWindow);
-  EXPECT_TRUE(page.list.HasFocus());
-  page.list.LoseFocus();
-  EXPECT_EQ(page.FocusedControl(), nullptr);
-  for (const bool hides : {false, true}) {  // out of the user's reach
+  for (const bool hides : {false, true}) {
     page.box.SetFocus();
     hides ? page.frame.SetVisible(false) : page.frame.SetEnabled(false);
     EXPECT_EQ(page.FocusedControl(), nullptr);
     page.frame.SetEnabled(true);
   }
+  page.list.SetFocus();
+  page.list.LoseFocus(FocusTo::DropDownList);
+  page.list.LoseFocus(FocusTo::AnotherWindow);
+  EXPECT_TRUE(page.list.HasFocus());
+  page.list.LoseFocus();
+  EXPECT_FALSE(page.list.HasFocus());
 }
 
 TEST(Controls, TypingIsFilteredAndPastingIsNot) {
@@ -129,13 +121,6 @@ TEST(Controls, AtMostOneOptionIsChosen) {
   options[2].Move(OptionButton::Direction::Forward);  // around the end, past the disabled one
   EXPECT_EQ(options.Index(), 1);
   EXPECT_TRUE(options[1].HasFocus());
-  options.Changed.Connect([&] {
-    page.box.SetFocus();
-    options.SetIndex(1);
-  });
-  options[1].Move(OptionButton::Direction::Back);
-  EXPECT_EQ(options.Index(), 1);
-  EXPECT_TRUE(page.box.HasFocus());  // a refusal leaves the focus where it sent it
 }
 
 TEST(Controls, ACaretAndASelectionStandBetweenCharacters) {
@@ -157,10 +142,6 @@ TEST(Controls, ACaretAndASelectionStandBetweenCharacters) {
   EXPECT_EQ(box.Text(), "x");
   box.Edit("x\nyz", 3);
   EXPECT_EQ(box.Text(), "x yz");
-  EXPECT_EQ(box.CaretPosition(), 3U);
-  page.frame.SetEnabled(false);
-  box.MoveCaret(0);
-  box.Delete();
   EXPECT_EQ(box.CaretPosition(), 3U);
 }
 
@@ -223,17 +204,6 @@ TEST(Controls, AMaskKeepsItsOwnDigits) {
   box.SetMask({});
   box.Paste(" a\nb \n");
   EXPECT_EQ(box.Text(), "55566a b");
-}
-
-TEST(Controls, AnAreaMayChangeWhatIsPasted) {
-  Page page;
-  TextArea area(&page, "area");
-  area.SetKeyFilter([](std::int16_t& key) { key = key == 'x' ? std::int16_t{0} : key; });
-  area.Type("ax\n");
-  area.Paste("1,x");
-  area.SetPasteFilter([](std::string_view text) { return "<" + std::string(text) + ">"; });
-  area.Paste("x");
-  EXPECT_EQ(area.Text(), "a\n1,x<x>");
 }
 
 TEST(RowOrder, IsThatOfWholeTextsHoweverLongTheyAreAlike) {

@@ -62,22 +62,16 @@ TEST_F(Look, EnabledAndVisibleAreInheritedAndTakeTheTextsAlong) {
   EXPECT_TRUE(user_->IsEnabled(page_->txtFrom));
 }
 
-TEST_F(Look, NamesAndRolesForScreenReadersAndScripts) {
-  const std::tuple<const ui::Control*, const char*, ui::Role> names[] = {
-      {&page_->txtName, "Name", ui::Role::Text},
-      {&page_->txtCount, "Number of counts", ui::Role::Text},
-      {&page_->cmdGo, "Go...", ui::Role::PushButton},
-      {&page_->chkUse, "Use it", ui::Role::CheckBox},
-      {&page_->cboKind, "Kind", ui::Role::DropDownList},
-      {&page_->txtArea, "Area code", ui::Role::Text},
-      {&page_->txtFrom, "From", ui::Role::Text},
-      {&page_->txtTo, "From to", ui::Role::Text},
-      {&page_->fraOuter, "Outer", ui::Role::Group},
-      {&page_->optRow[1], "Row   1 Details", ui::Role::RadioButton},
-      {&page_->txtLines, "Lines", ui::Role::Text}};
-  for (const auto& [control, name, role] : names) {
+TEST_F(Look, NamesForScreenReadersAndScripts) {
+  const std::pair<const ui::Control*, const char*> names[] = {
+      {&page_->txtName, "Name"},   {&page_->txtCount, "Number of counts"},
+      {&page_->cmdGo, "Go..."},    {&page_->chkUse, "Use it"},
+      {&page_->cboKind, "Kind"},   {&page_->txtArea, "Area code"},
+      {&page_->txtFrom, "From"},   {&page_->txtTo, "From to"},
+      {&page_->fraOuter, "Outer"}, {&page_->optRow[1], "Row   1 Details"},
+      {&page_->txtLines, "Lines"}};
+  for (const auto& [control, name] : names) {
     EXPECT_EQ(user_->NameOf(*control), name) << control->Name();
-    EXPECT_EQ(user_->RoleOf(*control), role) << control->Name();
     EXPECT_EQ(user_->IdOf(*control), control->Name());
   }
   page_->lblArea.SetCaption("&City:");
@@ -95,7 +89,6 @@ TEST_F(Look, LabelsShareOneWidthGridsAlignAndNumbersAreNarrow) {
     EXPECT_EQ(user_->PlaceOfText(label).width, width) << label;
   }
   for (std::size_t i = 1; i < 3; ++i) {
-    EXPECT_EQ(user_->PlaceOf(page_->optRow[i]).x, user_->PlaceOf(page_->optRow[0]).x);
     EXPECT_EQ(user_->PlaceOf(page_->lblRow[i]).x, user_->PlaceOf(page_->lblRow[0]).x);
     EXPECT_GT(user_->PlaceOf(page_->optRow[i]).y, user_->PlaceOf(page_->optRow[i - 1]).y);
   }
@@ -144,14 +137,12 @@ TEST_F(Look, MarksStandBesideTheirControlsAndMoveNothing) {
 
 TEST_F(Look, OtherMarksReplaceThemAndNoneClearsThem) {
   user_->ShowMarks({{&page_->txtName, "first"}, {&page_->txtTo, "second"}});
-  EXPECT_EQ(user_->LookOfText("first (and one more problem)"), Text::Enabled);
   user_->ShowMarks({{&page_->txtTo, "if <b>x</b>"}});
   EXPECT_EQ(user_->MarkIcons().size(), 1U);
   EXPECT_EQ(user_->LookOfText("if <b>x</b>"), Text::Enabled);
   EXPECT_EQ(user_->TipOf(page_->txtTo), "if <b>x</b>");
   EXPECT_EQ(user_->TipOf(page_->txtName), "");
-  for (ui::Control* hidden :
-       {static_cast<ui::Control*>(&page_->fraOuter), static_cast<ui::Control*>(&page_->txtTo)}) {
+  for (ui::Control* hidden : std::initializer_list<ui::Control*>{&page_->fraOuter, &page_->txtTo}) {
     hidden->SetVisible(false);
     EXPECT_TRUE(user_->MarkIcons().empty());
     hidden->SetVisible(true);

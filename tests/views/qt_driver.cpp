@@ -1,5 +1,4 @@
 #include <QAbstractItemView>
-#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
@@ -111,12 +110,8 @@ class QtDriver final : public ViewDriver {
     QWheelEvent turn(middle, widget.mapToGlobal(middle), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&widget, &turn);
   }
-  void OpenDropDown(const Control& list) override {
-    The<QComboBox>(list).showPopup();
-    Settle();
-  }
-  void CloseDropDown(const Control& list) override {
-    The<QComboBox>(list).hidePopup();
+  void ShowDropDown(const Control& list, bool shown) override {
+    shown ? The<QComboBox>(list).showPopup() : The<QComboBox>(list).hidePopup();
     Settle();
   }
   void ClickHeader(const Control& list, int column) override {
@@ -197,19 +192,6 @@ class QtDriver final : public ViewDriver {
   }
   std::string DescriptionOf(const Control& control) const override {
     return FromQt(WidgetOf(control).accessibleDescription());
-  }
-  ui::Role RoleOf(const Control& control) const override {
-    switch (QAccessible::queryAccessibleInterface(&WidgetOf(control))->role()) {
-      case QAccessible::EditableText: return ui::Role::Text;
-      case QAccessible::CheckBox: return ui::Role::CheckBox;
-      case QAccessible::RadioButton: return ui::Role::RadioButton;
-      case QAccessible::ComboBox: return ui::Role::DropDownList;
-      case QAccessible::PushButton: return ui::Role::PushButton;
-      case QAccessible::StaticText: return ui::Role::Label;
-      case QAccessible::Grouping: return ui::Role::Group;
-      case QAccessible::Tree: return ui::Role::List;
-      default: return ui::Role::None;
-    }
   }
   std::string IdOf(const Control& control) const override { return FromQt(WidgetOf(control).objectName()); }
   std::string TipOf(const Control& control) const override {

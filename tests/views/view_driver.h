@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "ui/arranger.h"
-#include "ui/control_traits.h"
 #include "ui/control_visitor.h"
 
 namespace kiv::test {
@@ -48,8 +47,7 @@ class ViewDriver {
   virtual void Undo() = 0;
   virtual void Click(const Control& control) = 0;
   virtual void TurnWheel(const Control& control) = 0;
-  virtual void OpenDropDown(const Control& list) = 0;
-  virtual void CloseDropDown(const Control& list) = 0;
+  virtual void ShowDropDown(const Control& list, bool shown) = 0;
   virtual void ClickHeader(const Control& list, int column) = 0;
   virtual void GoToRow(const Control& list, int position) = 0;
   /// Whether the list took a drop in this format.
@@ -82,7 +80,6 @@ class ViewDriver {
   /// What a screen reader says, and what a script finds the control by.
   virtual std::string NameOf(const Control& control) const = 0;
   virtual std::string DescriptionOf(const Control& control) const = 0;
-  virtual ui::Role RoleOf(const Control& control) const = 0;
   virtual std::string IdOf(const Control& control) const = 0;
   virtual std::string TipOf(const Control& control) const = 0;
   /// The visible icons of marks by their messages.

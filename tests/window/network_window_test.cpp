@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QProgressDialog>
 #include <QPushButton>
-#include <QTableView>
 #include <QTimer>
 #include <filesystem>
 #include <fstream>
@@ -50,15 +49,9 @@ TEST_F(NetworkWindow, IsTriedCorrectedAndImported) {
     user_.Click("networkRun");
     EXPECT_TRUE(Result().startsWith("2 faults found.")) << Result().toStdString();
     user_.Click("networkCopy");
-    const QString copied =
-        "KIV_FAF.csv:11: an ECP with InstanceId 7 is not in kiv_network.csv\n"
-        "KIV_FAF.csv:12: 2 values where the header names 11 columns\n";
-    EXPECT_EQ(QApplication::clipboard()->text(), copied);
-    auto& list = *qobject_cast<QTableView*>(user_.Find("networkBadLines"));
-    list.selectRow(1);
-    list.setFocus();
-    user_.Press(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QApplication::clipboard()->text(), copied.section('\n', 1));
+    EXPECT_EQ(QApplication::clipboard()->text(),
+              "KIV_FAF.csv:11: an ECP with InstanceId 7 is not in kiv_network.csv\n"
+              "KIV_FAF.csv:12: 2 values where the header names 11 columns\n");
 
     std::filesystem::copy(std::string(KIV_SAMPLE_NETWORK) + "/KIV_FAF.csv", network_ + "/KIV_FAF.csv",
                           std::filesystem::copy_options::overwrite_existing);

@@ -53,12 +53,6 @@ TEST_F(Window, ARefusalIsShownAndLeadsToItsFieldOnWhateverPage) {
   refused("You must select at least one Handoff Type.", "chkAMPS");
   EXPECT_EQ(window_->findChild<QTabWidget*>("tabs")->currentIndex(), 1);
   user_.Click("cmdTDMA");
-  user_.ClickTab("tabs", 2);
-  user_.Click("chkCollectData");
-  user_.ClickTab("tabs", 0);
-  refused("OMP-FX Directory is a required field.", "txtCurStdPath");
-  user_.Fill("txtCurStdPath", "/omp");
-  user_.Fill("txtCurStdDatafile", "ab");
   user_.Fill("studyName", " ");
   EXPECT_NE(RefusalOfSave().find("Please give the study a name."), std::string::npos);
   user_.Fill("studyName", "Nights");
