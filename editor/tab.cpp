@@ -134,14 +134,14 @@ ValueField<std::string>& Tab::Bind(ui::TextBox& box, Place<std::string> text) {
   return Adopt(std::make_unique<ValueField<std::string>>(std::move(face), std::move(text)), box.Changed);
 }
 
-ValueField<std::string>& Tab::Bind(ui::TextBox& box, Place<std::int32_t> number) {
+ValueField<std::string>& Tab::Bind(ui::TextBox& box, const Place<std::int32_t>& number) {
   box.SetKeyFilter(MKivStudyCtls::NumericKeyFilter);
-  return Bind(box, AsText(std::move(number)));
+  return Bind(box, AsText(number));
 }
 
-ValueField<bool>& Tab::Bind(ui::CheckBox& box, Place<std::string> choice) {
+ValueField<bool>& Tab::Bind(ui::CheckBox& box, const Place<std::string>& choice) {
   Face<bool> face = {[&box](bool checked) { box.SetChecked(checked); }, [&box] { return box.Checked(); }};
-  return Adopt(std::make_unique<ValueField<bool>>(std::move(face), AsYes(std::move(choice))), box.Changed);
+  return Adopt(std::make_unique<ValueField<bool>>(std::move(face), AsYes(choice)), box.Changed);
 }
 
 ValueField<std::string>& Tab::Bind(XDnBox& box, Place<std::string> dn) {

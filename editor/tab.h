@@ -73,8 +73,8 @@ class Tab : public ui::Container, public IDynaTabControl {
   // The fields, each with its control. Every change of the control is reported to the editor.
   ValueField<std::string>& Bind(ui::TextBox& box, Place<std::string> text);
   /// The box takes digits only.
-  ValueField<std::string>& Bind(ui::TextBox& box, Place<std::int32_t> number);
-  ValueField<bool>& Bind(ui::CheckBox& box, Place<std::string> choice);
+  ValueField<std::string>& Bind(ui::TextBox& box, const Place<std::int32_t>& number);
+  ValueField<bool>& Bind(ui::CheckBox& box, const Place<std::string>& choice);
   /// Checks the DN as well.
   ValueField<std::string>& Bind(XDnBox& box, Place<std::string> dn);
   /// The list works on the record's own collection, in a new study as in a stored one.
