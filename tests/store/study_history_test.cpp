@@ -156,6 +156,7 @@ TEST(StudyDifference, IsToldFieldByFieldAndEntryByEntry) {
           "Modes": [{"PlmMode": 2, "Channels": [3, 2, 4, 5]}], "DNs": [{"Dn": "5551", "DataFile": "b"}]}})";
   const std::vector<store::StudyDifference> differences = store::DifferencesBetween(before, after);
   std::vector<std::string> told;
+  told.reserve(differences.size());
   for (const store::StudyDifference& difference : differences) {
     told.push_back(difference.place + " " + DifferenceText(difference));
   }

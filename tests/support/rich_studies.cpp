@@ -2,7 +2,6 @@
 
 #include <map>
 #include <memory>
-#include <ranges>
 
 #include "core/conversions.h"
 #include "core/study_kinds.h"
@@ -89,8 +88,10 @@ const std::map<std::string_view, void (*)(CKivStudyData&, const std::string&, in
 }  // namespace
 
 std::vector<std::string> RichKinds() {
-  const auto kinds = std::views::keys(kFills);
-  return {kinds.begin(), kinds.end()};
+  std::vector<std::string> kinds;
+  kinds.reserve(kFills.size());
+  for (const auto& [kind, fill] : kFills) kinds.emplace_back(kind);
+  return kinds;
 }
 
 void Fill(store::Study& study, int variant) {
