@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <deque>
 #include <mutex>
+#include <stdexcept>
 #include <string>
 #include <utility>
 
@@ -83,7 +84,8 @@ DelayProxy::DelayProxy(int serverPort, std::chrono::microseconds delay)
     : serverPort_(serverPort), delay_(delay), listener_(socket(AF_INET, SOCK_STREAM, 0)) {
   sockaddr_in address = Loopback(0);
   socklen_t length = sizeof address;
-  bind(listener_, reinterpret_cast<sockaddr*>(&address), length);
+  if (bind(listener_, reinterpret_cast<sockaddr*>(&address), length) != 0)
+    throw std::runtime_error("no port");
   getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &length);
   port_ = ntohs(address.sin_port);
   listen(listener_, 8);
@@ -104,7 +106,9 @@ void DelayProxy::Accept() {
        client = accept(listener_, nullptr, nullptr)) {
     const int server = socket(AF_INET, SOCK_STREAM, 0);
     const sockaddr_in address = Loopback(serverPort_);
-    connect(server, reinterpret_cast<const sockaddr*>(&address), sizeof address);
+    if (connect(server, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
+      throw std::runtime_error("the server does not answer");
+    }
     SendAtOnce(client);
     SendAtOnce(server);
     sockets_.insert(sockets_.end(), {client, server});

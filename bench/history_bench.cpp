@@ -29,6 +29,7 @@ std::vector<double> Saves(const std::shared_ptr<database::Connection>& connectio
   FillVcsaStudy(*study.record->SubRecordAs<CKivVcsData>(), kCells);
   store->Save(study, "bench");
   std::vector<double> times;
+  times.reserve(kRounds);
   for (int round = 0; round < kRounds; ++round) {
     times.push_back(Milliseconds([&] { store->Save(study, "bench"); }));
   }

@@ -34,7 +34,7 @@ int Measure() {
   std::filesystem::remove_all(folder);
   const std::string file = folder / "bench.db";
   const auto connection = database::OpenStudyDatabase(file, database::OpenMode::CreateIfMissing);
-  const host::Scope scope({.openDatabase = [connection] { return connection; }});
+  const host::Scope scope({.openDatabase = [&connection] { return connection; }});
   connection->ExecuteSql(
       "INSERT INTO kiv_study (id, kind, name, modified_by, modified_at) VALUES (1, 'VCSA Study', 'x', 'x', "
       "'x')");

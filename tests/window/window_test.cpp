@@ -92,11 +92,12 @@ TEST_F(Window, ADatabaseThatCannotBeOpenedIsExplainedAndLeavesTheOpenOne) {
   StartStudy();
   const std::string foreign = folder_.File("letter.txt");
   std::ofstream(foreign) << "Dear Sir";
-  for (const auto& [file, told] :
+  for (const auto& refused :
        {std::pair{foreign, "not a study database"}, {folder_.File("none.db"), "does not exist"}}) {
     const QString message =
-        user_.MessageDuring([&] { window_->OpenDatabase(file, Program::WhenMissing::Refuse); });
-    EXPECT_TRUE(message.contains(told) && !message.contains("kivstudy init")) << message.toStdString();
+        user_.MessageDuring([&] { window_->OpenDatabase(refused.first, Program::WhenMissing::Refuse); });
+    EXPECT_TRUE(message.contains(refused.second) && !message.contains("kivstudy init"))
+        << message.toStdString();
   }
   ASSERT_NE(window_->CurrentEditor(), nullptr);
   Save();
