@@ -121,13 +121,14 @@ void PrintContest(const char* title, const Contest& contest) {
   for (int round = 0; round < kRounds; ++round) {
     for (std::size_t i = 0; i < contest.candidates.size(); ++i) {
       // Another one begins each round.
-      const auto& [name, make] =
+      const auto& candidate =
           contest.candidates[(i + static_cast<std::size_t>(round)) % contest.candidates.size()];
-      all[name].push_back(MeasureAlone([&] { return Measure(contest, *make()); }));
+      all[candidate.first].push_back(MeasureAlone([&] { return Measure(contest, *candidate.second()); }));
     }
   }
   const auto median = [&](const char* name, const auto& value) {
     std::vector<double> values;
+    values.reserve(all[name].size());
     for (const Measured& measured : all[name]) values.push_back(value(measured));
     return Median(values);
   };

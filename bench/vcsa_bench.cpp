@@ -33,8 +33,8 @@ int Measure() {
   const auto folder = std::filesystem::temp_directory_path() / "kiv-vcsa-bench";
   std::filesystem::remove_all(folder);
   const std::string file = folder / "bench.db";
-  const auto connection = database::OpenStudyDatabase(file, database::OpenMode::CreateIfMissing);
-  const host::Scope scope({.openDatabase = [&connection] { return connection; }});
+  auto connection = database::OpenStudyDatabase(file, database::OpenMode::CreateIfMissing);
+  const host::Scope scope({.openDatabase = [connection] { return connection; }});
   connection->ExecuteSql(
       "INSERT INTO kiv_study (id, kind, name, modified_by, modified_at) VALUES (1, 'VCSA Study', 'x', 'x', "
       "'x')");

@@ -26,8 +26,8 @@ TEST(Scopes, NestAndGiveBackWhatTheyFound) {
     EXPECT_EQ(&host::TheMessageBoxes(), messages);
     EXPECT_NO_THROW(host::TheErrorReporter());
     EXPECT_EQ(&MSQL::Database(), database);
-    const std::shared_ptr<host::Database> connection = std::make_shared<test::FakeDatabase>();
-    const host::Scope another({.openDatabase = [&connection] { return connection; }}, host::Rest::AsBefore);
+    auto connection = std::make_shared<test::FakeDatabase>();
+    const host::Scope another({.openDatabase = [connection] { return connection; }}, host::Rest::AsBefore);
     EXPECT_EQ(&MSQL::Database(), connection.get());
     const test::FakeHost stranger;
     EXPECT_EQ(&MSQL::Database(), stranger.database.get());
