@@ -7,6 +7,7 @@
 #include <iterator>
 #include <system_error>
 
+#include "base/ascii.h"
 #include "base/utf16.h"
 #include "store/store_error.h"
 #include "store/whole_file.h"
@@ -23,7 +24,7 @@ constexpr Escape kEscapes[] = {{'a', '\a'}, {'b', '\b'}, {'f', '\f'}, {'n', '\n'
                                {'t', '\t'}, {'v', '\v'}, {'"', '"'},  {'\\', '\\'}};
 
 bool IsHexDigit(char16_t c) {
-  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+  return IsAsciiDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
 std::string Hex(const char* format, unsigned number) {
@@ -36,8 +37,7 @@ std::string Hex(const char* format, unsigned number) {
 std::string EscapedName(std::string_view name) {
   std::string escaped;
   for (const char16_t c : ToUtf16(name)) {
-    const bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-                       c == '_' || c == '-' || c == '.';
+    const bool plain = IsAsciiLetter(c) || IsAsciiDigit(c) || c == '_' || c == '-' || c == '.';
     escaped += plain ? std::string(1, static_cast<char>(c)) : Hex(c <= 0xFF ? "%%%02X" : "%%U%04X", c);
   }
   return escaped;
