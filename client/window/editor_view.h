@@ -10,6 +10,7 @@
 #include "host/drag_source.h"
 #include "session/study_problems.h"
 #include "session/study_session.h"
+#include "ui/page_plan.h"
 
 class QLabel;
 class QLineEdit;
