@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPoint>
 #include <QString>
 #include <Qt>
 #include <functional>
@@ -28,6 +29,12 @@ class UserHand {
   /// Presses a key wherever the focus is.
   void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const;
   void Type(const QString& text) const;
+  /// Where keys go: the widget with the focus, or the window itself.
+  QWidget* KeyTarget() const;
+  /// The left edge of a widget: a click beside a check box's caption would miss.
+  static QPoint EdgeOf(const QWidget& widget);
+  /// Drops something of a format; whether the widget took it.
+  static bool Drop(QWidget& target, const char* format);
 
   using InDialog = std::function<void(QWidget& dialog)>;
   /// Runs an action that opens dialogs, and meanwhile what the user does with each of them.

@@ -11,10 +11,7 @@
 #include <memory>
 #include <string>
 
-#include "client/window/main_window.h"
-#include "client/window/window_program.h"
-#include "client/window/window_settings.h"
-#include "support/temp_folder.h"
+#include "support/program_window.h"
 #include "support/user_hand.h"
 
 namespace kiv::client {
@@ -22,15 +19,6 @@ namespace kiv::client {
 /// The program's window and a user in front of it, with a database file of their own.
 class Window : public ::testing::Test {
  protected:
-  Window() {
-    program_ = std::make_unique<Program>();
-    StartWithWindow(*program_);
-    WindowSettings(program_->Settings()).clear();
-    window_ = std::make_unique<MainWindow>(*program_);
-    window_->show();
-    QApplication::setActiveWindow(window_.get());
-  }
-
   void Open() { window_->OpenDatabase(database_, Program::WhenMissing::Create); }
   /// Chooses an entry of a menu.
   void Trigger(const QString& text) const {
@@ -79,8 +67,9 @@ class Window : public ::testing::Test {
 
   test::TempFolder folder_;
   std::string database_ = folder_.File("studies.db");
-  std::unique_ptr<Program> program_;
-  std::unique_ptr<MainWindow> window_;
+  test::ProgramWindow shown_;
+  Program* const program_ = &shown_.program;
+  std::unique_ptr<MainWindow>& window_ = shown_.window;
   UserHand user_{qEnvironmentVariable("KIV_PICTURES")};
 };
 

@@ -274,9 +274,6 @@ TEST_F(Window, SettingsAndScenariosAreChangedInTheirDialogs) {
 
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  const kiv::test::TempFolder settings;  // Qt asks once in a process where settings are
-  qputenv("XDG_CONFIG_HOME", settings.Path().c_str());
-  const kiv::client::Application application(argc, argv);
+  const kiv::test::WindowApplication application(argc, argv);
   return RUN_ALL_TESTS();
 }

@@ -10,8 +10,7 @@
 #include <stdexcept>
 #include <thread>
 
-#include "client/window/window_program.h"
-#include "support/temp_folder.h"
+#include "support/program_window.h"
 
 namespace {
 
@@ -48,11 +47,9 @@ int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
   try {
     XServer server;
-    const kiv::test::TempFolder settings;  // the user's own stay untouched
     qputenv("DISPLAY", server.Display());
     qputenv("QT_QPA_PLATFORM", "xcb");
-    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(settings.Path()));
-    kiv::client::Application application(argc, argv);
+    const kiv::test::WindowApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     std::thread user([] {
       const int failed = RUN_ALL_TESTS();
