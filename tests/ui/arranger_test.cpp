@@ -7,6 +7,7 @@
 
 #include "editor/study_tabs.h"
 #include "support/fake_host.h"
+#include "support/test_page.h"
 #include "ui/caption.h"
 #include "ui/control_traits.h"
 #include "ui/control_visitor.h"
@@ -128,9 +129,7 @@ TEST(Arranger, PlacesEveryPageWithoutOverlap) {
 }
 
 TEST(Arranger, HiddenPartsTakeNoRoomAndTextsWrap) {
-  struct Page : Container {
-    Page() : Container(nullptr, "page") {}
-    void Accept(ControlVisitor&) override {}
+  struct Page : test::TestPage {
     TextBox first{this, "first"};
     TextBox second{this, "second"};
     CheckBox check{this, "check"};
