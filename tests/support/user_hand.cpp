@@ -50,6 +50,12 @@ QWidget* UserHand::Find(const QString& name) const {
   Fail(QStringLiteral("nothing visible is named ") + name);
 }
 
+QString UserHand::TextOf(const QString& name) const {
+  const QWidget* widget = Find(name);
+  const bool isList = qobject_cast<const QComboBox*>(widget) != nullptr;
+  return widget->property(isList ? "currentText" : "text").toString();
+}
+
 void UserHand::Click(const QString& name) const {
   QWidget* widget = Find(name);
   if (!widget->isEnabled()) Fail(name + QStringLiteral(" cannot be used now"));

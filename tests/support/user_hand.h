@@ -19,6 +19,8 @@ class UserHand {
 
   /// The visible widget of this object name in the active window.
   QWidget* Find(const QString& name) const;
+  /// What a box, a label or a drop-down list shows.
+  QString TextOf(const QString& name) const;
   void Click(const QString& name) const;
   /// Picks a page of the tab widget of this name.
   void ClickTab(const QString& tabWidget, int index) const;
