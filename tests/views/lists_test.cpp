@@ -44,8 +44,6 @@ TEST_F(Lists, TakeDropsOfTheRegisteredFormatOnly) {
   EXPECT_EQ(dragSource->formats.size(), 1U);  // a foreign format is not registered by asking
   EXPECT_TRUE(user_->Drop(page_->list, host::kConfigEntityTreeFormat));
   EXPECT_EQ(Shown(), (Cells{"30", "4", "100"}));
-  EXPECT_TRUE(user_->Drop(page_->list, host::kConfigEntityTreeFormat));
-  EXPECT_EQ(messages->shown.size(), 3U);  // each is there already
   page_->list.SetEnabled(false);
   EXPECT_FALSE(user_->Drop(page_->list, host::kConfigEntityTreeFormat));
 }
@@ -135,10 +133,6 @@ TEST_F(Lists, AMaskedBoxIsEditedAroundItsLiteralsAndItsOwnDigits) {
   user_->Press("Backspace");
   user_->PasteByMenu("7");
   EXPECT_EQ(dn.Text(), "6664327");
-  user_->Type("890");
-  dn.edit.SetFocus();
-  dn.edit.LoseFocus();
-  EXPECT_EQ(shown(), "6664327890");
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <gtest/gtest.h>
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
@@ -250,3 +252,10 @@ std::unique_ptr<ViewDriver> MakeViewDriver() {
 }
 
 }  // namespace kiv::test
+
+int main(int argc, char** argv) {
+  ::testing::InitGoogleTest(&argc, argv);
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}

@@ -13,7 +13,6 @@
 #include "database/sqlite/sqlite_database.h"
 #include "host/constants.h"
 #include "session/study_session.h"
-#include "support/open_folder.h"
 #include "support/ordinary_user.h"
 #include "support/window_fixture.h"
 

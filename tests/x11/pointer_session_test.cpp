@@ -1,5 +1,5 @@
-// What only a real pointer and a real keyboard show: drags that the X server carries, the lists that drop
-// down, the boxes in rows, and messages while a drop is under way.
+// On an X server: what only a real pointer and a real keyboard show: drags that the X server carries, the
+// lists that drop down, the boxes in rows, and messages while a drop is under way.
 
 #include <gmock/gmock.h>
 
@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <optional>
 #include <string>
+#include <thread>
 
 #include "client/window/entity_tree.h"
 #include "database/open.h"
@@ -124,3 +125,17 @@ TEST_F(WindowSession, CellsAreDraggedFromTheTreeAndTheirPartsChosen) {
 
 }  // namespace
 }  // namespace kiv::test
+
+int main(int argc, char** argv) {
+  ::testing::InitGoogleTest(&argc, argv);
+  const kiv::test::WindowApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  std::thread user([] {
+    const int failed = RUN_ALL_TESTS();
+    QMetaObject::invokeMethod(
+        qApp, [failed] { QApplication::exit(failed); }, Qt::QueuedConnection);
+  });
+  const int result = QApplication::exec();
+  user.join();
+  return result;
+}
