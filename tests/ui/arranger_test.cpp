@@ -19,14 +19,13 @@ namespace {
 class PlainMeasures : public PageMeasures {
  public:
   Size Least(const PlanItem& item) const override {
-    const Role role = item.control ? TraitsOf(*item.control).role : Role::Label;
-    if (role == Role::Label)
-      return {item.wraps ? std::min(TextWidth(item), kWrapped) : TextWidth(item), kLine};
-    return role == Role::List || item.growsDown ? Size{120, 80} : Size{24 + TextWidth(item), 22};
+    if (IsText(item)) return {item.wraps ? std::min(TextWidth(item), kWrapped) : TextWidth(item), kLine};
+    const bool isTall = item.growsDown || TraitsOf(*item.control).role == Role::List;
+    return isTall ? Size{120, 80} : Size{24 + TextWidth(item), 22};
   }
   Size Preferred(const PlanItem& item) const override {
     const Size least = Least(item);
-    return {item.wraps ? TextWidth(item) : 2 * least.width, least.height};
+    return {IsText(item) ? TextWidth(item) : 2 * least.width, least.height};
   }
   int HeightFor(const PlanItem& text, int width) const override {
     return kLine * std::max(1, (TextWidth(text) + width - 1) / std::max(width, 1));
@@ -40,6 +39,9 @@ class PlainMeasures : public PageMeasures {
   static constexpr int kLine = 15;
   static constexpr int kWrapped = 20 * kCharacter;
 
+  static bool IsText(const PlanItem& item) {
+    return !item.control || TraitsOf(*item.control).role == Role::Label;
+  }
   static int TextWidth(const PlanItem& item) {
     const std::string* caption = item.control ? TraitsOf(*item.control).caption : &item.text;
     return caption ? kCharacter * static_cast<int>(PlainCaption(*caption).size()) : 0;
