@@ -162,7 +162,7 @@ TEST_F(RfcRecord, LoadsAStudyOfAnEcpWithAndWithoutRateColumns) {
   }
 }
 
-TEST_F(RfcRecord, ALoadGoesOnToTheListsWhateverTheRow) {
+TEST_F(RfcRecord, ALoadGoesOnToTheListsWhateverTheRowAsThatOfVcsaDoes) {
   auto& answers = host_.database->answers;
   answers[kCellQuery] = {{"InstanceId", "SystemId", "EcpId", "CellId"}, {{11, 1, 2, 37}}};
   data_.GetData(9);
@@ -173,6 +173,14 @@ TEST_F(RfcRecord, ALoadGoesOnToTheListsWhateverTheRow) {
   answers[kCellQuery].rows.push_back({11, 1, 2, 38});  // the same instance once more
   CKivRfcData other;
   EXPECT_EQ(test::NumberRaisedBy([&] { other.GetData(9); }), ErrorNumber::DuplicateKey);
+  answers[kCellQuery].rows.pop_back();
+  CKivVcsData vcsa;
+  vcsa.GetData(9);
+  EXPECT_EQ(AsCell(vcsa.Cells()->Item("Cell:11")).CellID(), 37);
+  EXPECT_EQ(host_.database->queries.size(), 9U);  // antennas and carriers of the cell as well
+  EXPECT_THROW(vcsa.GetData(9), Error);           // the same cell once more
+  vcsa.ClearCells();
+  EXPECT_THROW(vcsa.AddCell(1, 1, 1, 1), Error);
 }
 
 TEST_F(RfcRecord, ADnThatIsThereKeepsItsDataFileAndEntitiesAreOfOneType) {
@@ -204,19 +212,6 @@ TEST_F(RfcRecord, FeaturesAreActiveWhenTheirColumnIsExactlyY) {
   EXPECT_FALSE(data_.LookupFAF(6));
   EXPECT_EQ(data_.Faf().OmpHostName + std::to_string(data_.Faf().InstanceId), "0");
   EXPECT_FALSE(data_.Faf().F161 || data_.Faf().F465);
-}
-
-TEST(VcsaRecord, ALoadGoesOnToTheListsWhateverTheRow) {
-  test::FakeHost host;
-  CKivVcsData data;
-  host.database->answers[kCellQuery] = {{"INSTANCEID", "SYSTEMID", "ECPID", "CELLID"}, {{11, 1, 2, 37}}};
-  data.GetData(9);
-  EXPECT_EQ(data.Path(), "");
-  EXPECT_EQ(AsCell(data.Cells()->Item("Cell:11")).CellID(), 37);
-  EXPECT_EQ(host.database->queries.size(), 4U);
-  EXPECT_THROW(data.GetData(9), Error);  // the same cell once more
-  data.ClearCells();
-  EXPECT_THROW(data.AddCell(1, 1, 1, 1), Error);
 }
 
 }  // namespace

@@ -122,7 +122,8 @@ TEST_F(PlmCdma, NothingTypedIsLostByCheckingAndUnchecking) {
   EXPECT_EQ(tab_.Problems()[0].control, &tab_.obModeSelector[0]);
   EXPECT_EQ(Refusal(), "Mode   7 FER1 carrier must be between 1 and 18 inclusive.");
 
-  tab_.chkMode[4].Click();  // out
+  tab_.txtCarrier.SetText("x");
+  tab_.chkMode[4].Click();  // out, in spite of what is wrong with it
   EXPECT_FALSE(Mode(4).Checked());
   EXPECT_TRUE(tab_.lblHint.Visible());
   tab_.txtCarrier.SetText("8");  // typed while the study does not run the mode

@@ -228,34 +228,6 @@ TEST_F(PlmTdma, AStoredModeComesBackAsItWas) {
   EXPECT_EQ(Stored(Mode(5)), "5|Lottery|1|1|2|Expand|Weight|Middle|1|2|N|");  // unknown words stay
 }
 
-TEST_F(PlmTdma, SwitchingRefusesAndUncheckingKeeps) {
-  LoadNew();
-  Check(2);
-  tab_.XMode2.txtTotal.SetText("1");
-  Choose(3);
-  EXPECT_EQ(host_.TakeMessage(), std::string("Mode 2  ") + kOverTotal);
-  EXPECT_EQ(tab_.obModeSelector.Index(), 1);
-  EXPECT_EQ(Panels(), "2");
-  Check(3);
-  EXPECT_NE(host_.TakeMessage(), "");
-  EXPECT_FALSE(tab_.chkMode[2].Checked());
-  EXPECT_EQ(Data().ModeCount(), 1);
-
-  Check(2);  // out, in spite of what is wrong with it
-  EXPECT_EQ(Data().ModeCount(), 0);
-  Check(3);
-  EXPECT_EQ(tab_.CurrentMode(), "Mode 3");
-  tab_.XMode3.XChannelList1.txtChannelList.Type("4\n5");
-  Check(3);
-  Check(2);  // in again, as it was left
-  EXPECT_EQ(tab_.XMode2.txtTotal.Text(), "1");
-  tab_.XMode2.txtTotal.SetText("10");
-  Check(3);
-  EXPECT_EQ(tab_.XMode3.XChannelList1.txtChannelList.Text(), "4\n5\n");
-  EXPECT_EQ(Refusal(), "");
-  EXPECT_EQ(Data().ModeCount(), 2);
-}
-
 TEST_F(PlmTdma, UnsoundDefaultsAreToldInThePanelsOwnWords) {
   const struct {
     std::int32_t amps, total, from;

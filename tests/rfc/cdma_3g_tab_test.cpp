@@ -36,16 +36,7 @@ TEST_F(RfcCdma3G, ARateIsRestrictedWhileItsBoxIsChecked) {
   EXPECT_TRUE(tab_.IsTabValid(""));
 }
 
-TEST_F(RfcCdma3G, StoredRestrictionsAreShown) {
-  study_->RfcData()->SetReverseRateRestriction(5);
-  LoadStored();
-  EXPECT_FALSE(tab_.chkRestrictForward.Checked() || tab_.frameForward.Enabled());
-  EXPECT_TRUE(tab_.chkRestrictReverse.Checked() && tab_.FrameReverse.Enabled());
-  EXPECT_EQ(tab_.optReverseRate.Index(), 4);
-  EXPECT_EQ(Saved(), "0 5");
-  EXPECT_TRUE(host_.editor->changes.empty());
-
-  // Rates that there are not stay until the user chooses.
+TEST_F(RfcCdma3G, StoredRatesThatThereAreNotStayUntilTheUserChooses) {
   study_->RfcData()->SetForwardRateRestriction(6);
   study_->RfcData()->SetReverseRateRestriction(-1);
   LoadStored();
@@ -53,7 +44,9 @@ TEST_F(RfcCdma3G, StoredRestrictionsAreShown) {
   EXPECT_EQ(tab_.optForwardRate.Index(), ui::kNoSelection);
   EXPECT_FALSE(tab_.chkRestrictReverse.Checked());
   EXPECT_EQ(Saved(), "6 -1");
+  EXPECT_TRUE(host_.editor->changes.empty());
   tab_.chkRestrictReverse.Click();  // the other direction
+  EXPECT_TRUE(tab_.FrameReverse.Enabled());
   EXPECT_EQ(Saved(), "6 1");
   tab_.chkRestrictForward.Click();
   tab_.chkRestrictForward.Click();

@@ -232,10 +232,15 @@ TEST_P(NetworkImport, EveryBadLineIsNamedAndNothingIsKept) {
   EXPECT_THROW(store::ImportNetwork(*database_, folder_ + "/none"), store::StoreError);
 }
 
-TEST_P(NetworkImport, AFailureOrACancelledImportLeavesTheNetworkBefore) {
+TEST_P(NetworkImport, AFailureACancelledImportAndADryRunLeaveTheNetworkBefore) {
   ASSERT_EQ(Import().outcome, Outcome::Imported);
   const std::string before = Content();
   AddLines("kiv_network", "101,cell,10,1,2,38,Two,TDMA\n");
+
+  EXPECT_EQ(store::CheckNetwork(folder_).outcome, Outcome::Good);
+  const auto cancel = [](std::string_view, double) { return store::ImportChoice::Cancel; };
+  EXPECT_EQ(store::CheckNetwork(folder_, cancel).outcome, Outcome::Cancelled);
+  EXPECT_EQ(Content(), before);
 
   // Cancelled at every place where that is possible.
   int places = 0;
@@ -262,13 +267,6 @@ TEST_P(NetworkImport, AFailureOrACancelledImportLeavesTheNetworkBefore) {
   empty_->BreakInserts(*database_, "KIV_FAF", "disk on fire");
   EXPECT_THROW(Import(), host::DatabaseError);
   EXPECT_EQ(Content(), second);
-}
-
-TEST_P(NetworkImport, ADryRunWritesNothing) {
-  EXPECT_EQ(store::CheckNetwork(folder_).outcome, Outcome::Good);
-  EXPECT_EQ(store::CheckNetwork(folder_, [](std::string_view, double) { return store::ImportChoice::Cancel; })
-                .outcome,
-            Outcome::Cancelled);
 }
 
 }  // namespace
