@@ -208,20 +208,17 @@ TEST_P(GeneralPages, ChecksRunInOrderAndMoveTheFocus) {
   for (const Number& number : GetParam().numbers) {
     const std::string range = number.range;
     const std::string numeric = range.substr(0, range.find(" must")) + " must be numeric.";
-    const std::pair<std::string, std::string> cases[] = {{std::to_string(number.low - 1), range},
-                                                         {std::to_string(number.low), ""},
-                                                         {std::to_string(number.high), ""},
-                                                         {std::to_string(number.high) + ".4", ""},
-                                                         {std::to_string(number.high + 1), range},
-                                                         {"-30", range},
-                                                         {"99999999999999999999", range},
-                                                         {" ", numeric},
-                                                         {"30x", numeric},
-                                                         {"1 0", numeric}};
-    for (const auto& [text, message] : cases) {
-      Text(number.box).SetText(text);
-      EXPECT_EQ(Refusal(), message) << text;
-    }
+    ExpectRefusals(*tab_, Text(number.box),
+                   {{std::to_string(number.low - 1), range},
+                    {std::to_string(number.low), ""},
+                    {std::to_string(number.high), ""},
+                    {std::to_string(number.high) + ".4", ""},
+                    {std::to_string(number.high + 1), range},
+                    {"-30", range},
+                    {"99999999999999999999", range},
+                    {" ", numeric},
+                    {"30x", numeric},
+                    {"1 0", numeric}});
     Fix(number.box);
   }
   EXPECT_EQ(study_->Duration(), -1);  // checking writes nothing

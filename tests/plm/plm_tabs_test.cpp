@@ -19,12 +19,17 @@ std::string Stored(const CKivPlmMode& mode) {
   return text;
 }
 
-class PlmTdma : public test::TabTest<XKivPlmTdma> {
+template <class TabType>
+class PlmTab : public test::TabTest<TabType> {
  protected:
-  PlmTdma() : TabTest(kPlmStudy) {}
+  PlmTab() : test::TabTest<TabType>(kPlmStudy) {}
 
-  CKivPlmData& Data() { return *study_->PlmData(); }
+  CKivPlmData& Data() { return *this->study_->PlmData(); }
   CKivPlmMode& Mode(std::int32_t number) { return *Data().ReturnMode(MKivStudyCtls::ModeName(number)); }
+};
+
+class PlmTdma : public PlmTab<XKivPlmTdma> {
+ protected:
   void Check(std::int32_t number) { tab_.chkMode[std::size_t(number) - 1].Click(); }
   void Choose(std::int32_t number) { tab_.obModeSelector[std::size_t(number) - 1].Click(); }
   /// The numbers of the modes whose panels are visible.
@@ -254,23 +259,18 @@ TEST_F(PlmTdma, EveryEntryOfAChannelListIsChecked) {
   auto& channels = tab_.XMode3.XChannelList1;
   const std::string range = " must be between 1 and 1999 inclusive.";
   const std::string letters = " is not a valid channel number. Please fix it.";
-  const std::pair<const char*, std::string> lists[] = {
-      {"", "You must enter at least one channel."},
-      {" ,;\n\n", "You must enter at least one channel."},
-      {"1\n1999", ""},
-      {"12\n12", "Channel 12 is a duplicate."},
-      {"05 5", "Channel 5 is a duplicate."},
-      {"0\nx", "Channel 0" + range},
-      {"x\n0", "Channel x" + letters},
-      {"2500", "Channel 2500" + range},
-      {"-7", "Channel -7" + range},
-      {"99999999999999999999", "Channel 99999999999999999999" + range},
-      {"12a", "Channel 12a" + letters},
-      {"1999.4", ""}};
-  for (const auto& [text, message] : lists) {
-    channels.txtChannelList.SetText(text);
-    EXPECT_EQ(Refusal(), message) << text;
-  }
+  ExpectRefusals(channels.txtChannelList, {{"", "You must enter at least one channel."},
+                                           {" ,;\n\n", "You must enter at least one channel."},
+                                           {"1\n1999", ""},
+                                           {"12\n12", "Channel 12 is a duplicate."},
+                                           {"05 5", "Channel 5 is a duplicate."},
+                                           {"0\nx", "Channel 0" + range},
+                                           {"x\n0", "Channel x" + letters},
+                                           {"2500", "Channel 2500" + range},
+                                           {"-7", "Channel -7" + range},
+                                           {"99999999999999999999", "Channel 99999999999999999999" + range},
+                                           {"12a", "Channel 12a" + letters},
+                                           {"1999.4", ""}});
   EXPECT_EQ(Mode(3).GetChannelList(), "1999");
   channels.txtChannelList.SetText("3 1,2");
   CKivPlmMode other;
@@ -282,12 +282,8 @@ TEST_F(PlmTdma, EveryEntryOfAChannelListIsChecked) {
   EXPECT_EQ(channels.lblCount.Caption(), "3 channels");
 }
 
-class PlmCdma : public test::TabTest<XKivPlmCdma> {
+class PlmCdma : public PlmTab<XKivPlmCdma> {
  protected:
-  PlmCdma() : TabTest(kPlmStudy) {}
-
-  CKivPlmData& Data() { return *study_->PlmData(); }
-  CKivPlmMode& Mode(std::size_t index) { return *Data().ReturnMode(MKivStudyCtls::ModeName(7 + int(index))); }
   /// A stored mode, as loading leaves it.
   void Store(std::int32_t number, std::int32_t carrier, std::int32_t option, std::int32_t type) {
     const auto mode = std::make_shared<CKivPlmMode>();
@@ -370,9 +366,9 @@ TEST_F(PlmCdma, AModeIsLeftOnlyWhenItIsInOrder) {
   tab_.cboServiceOption.Select(3);
   tab_.obModeSelector[3].Click();
   EXPECT_EQ(tab_.CurrentMode(), "Mode 10 CPLM2");
-  EXPECT_EQ(Mode(0).Carrier(), 18);
-  EXPECT_EQ(Mode(0).ServiceOption(), 17);  // by its value, not its place
-  EXPECT_EQ(Mode(0).GenerationType(), -1);
+  EXPECT_EQ(Mode(7).Carrier(), 18);
+  EXPECT_EQ(Mode(7).ServiceOption(), 17);  // by its value, not its place
+  EXPECT_EQ(Mode(7).GenerationType(), -1);
   EXPECT_EQ(tab_.lblModeSelector[0].Caption(), "carrier 18 (2GSMV)");
   tab_.txtCarrier.SetText("");
   tab_.txtCarrier.Type("1a-2.");
@@ -391,7 +387,7 @@ TEST_F(PlmCdma, NothingTypedIsLostByCheckingAndUnchecking) {
   tab_.txtCarrier.SetText("33");
   tab_.chkMode[4].Click();  // this it can, and says so until it is corrected
   EXPECT_EQ(host_.TakeMessage(), "");
-  EXPECT_EQ(Mode(0).Carrier(), 33);
+  EXPECT_EQ(Mode(7).Carrier(), 33);
   tab_.txtCarrier.SetText("7");
   tab_.cboGenerationType.Select(2);
   ASSERT_EQ(tab_.Problems().size(), 1U);
@@ -400,7 +396,7 @@ TEST_F(PlmCdma, NothingTypedIsLostByCheckingAndUnchecking) {
 
   tab_.txtCarrier.SetText("x");
   tab_.chkMode[4].Click();  // out, in spite of what is wrong with it
-  EXPECT_FALSE(Mode(4).Checked());
+  EXPECT_FALSE(Mode(11).Checked());
   EXPECT_TRUE(tab_.lblHint.Visible());
   tab_.txtCarrier.SetText("8");  // typed while the study does not run the mode
   tab_.obModeSelector[0].Click();
@@ -410,8 +406,8 @@ TEST_F(PlmCdma, NothingTypedIsLostByCheckingAndUnchecking) {
   EXPECT_EQ(tab_.txtCarrier.Text(), "8");
   EXPECT_EQ(tab_.cboGenerationType.ListIndex(), 2);
   EXPECT_EQ(Refusal(), "");
-  EXPECT_EQ(Mode(0).Carrier(), 5);
-  EXPECT_EQ(Mode(4).Carrier(), 8);
+  EXPECT_EQ(Mode(7).Carrier(), 5);
+  EXPECT_EQ(Mode(11).Carrier(), 8);
   EXPECT_EQ(Data().ModeCount(), 2);
 }
 
@@ -435,8 +431,8 @@ TEST_F(PlmCdma, AStoredStudyShowsItsModes) {
   EXPECT_EQ(tab_.cboServiceOption.ListIndex(), ui::kNoSelection);
   EXPECT_EQ(Refusal(), "Service Option is a required value.");
   tab_.SaveData();
-  EXPECT_EQ(Mode(5).Carrier(), 9);
-  EXPECT_EQ(Mode(5).ID(), study_->ID());
+  EXPECT_EQ(Mode(12).Carrier(), 9);
+  EXPECT_EQ(Mode(12).ID(), study_->ID());
 }
 
 TEST_F(PlmCdma, RecordsAreCheckedInTheOrderOfTheirCollection) {
@@ -452,8 +448,8 @@ TEST_F(PlmCdma, RecordsAreCheckedInTheOrderOfTheirCollection) {
   EXPECT_EQ(tab_.Problems()[0].message, "Mode 15 CPLM7 carrier must be between 1 and 18 inclusive.");
   EXPECT_EQ(Refusal(), tab_.Problems()[0].message);
   EXPECT_TRUE(tab_.obModeSelector[8].HasFocus());
+  Mode(15).SetCarrier(4);
   Mode(8).SetCarrier(4);
-  Mode(1).SetCarrier(4);
   EXPECT_EQ(Refusal(), "Mode   8 FER2 'Service Option' is a required value.");
 }
 

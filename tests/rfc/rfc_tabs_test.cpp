@@ -17,10 +17,18 @@ const std::string kNotActive =
     "on this ECP unless this FAF is active. Select another ECP to study or contact your ECP \r\n"
     "administrator to enable RF Calltrace (RFCT) on this ECP.";
 
-/// A network of three ECPs: 2 with the feature, 3 without it, 4 with nothing on record.
-class RfcGeneral : public test::TabTest<XKivRfcGen> {
+template <class TabType>
+class RfcTab : public test::TabTest<TabType> {
  protected:
-  RfcGeneral() : TabTest(kRfcStudy) {
+  RfcTab() : test::TabTest<TabType>(kRfcStudy) {}
+
+  CKivRfcData& Data() { return *this->study_->RfcData(); }
+};
+
+/// A network of three ECPs: 2 with the feature, 3 without it, 4 with nothing on record.
+class RfcGeneral : public RfcTab<XKivRfcGen> {
+ protected:
+  RfcGeneral() {
     test::StoreFeatures(*host_.database, 102, "Y", "Y");
     test::StoreFeatures(*host_.database, 103, "y", "Y");
     const std::string query = "select * from vzn_instance_context where context_id=2 and fullkey=";
@@ -29,7 +37,6 @@ class RfcGeneral : public test::TabTest<XKivRfcGen> {
     }
   }
 
-  CKivRfcData& Data() { return *study_->RfcData(); }
   static host::DraggedNode Ecp(int ecp) { return {"Ecp:" + std::to_string(100 + ecp), 1, ecp, 0, 100 + ecp}; }
   static host::DraggedNode Cell(int ecp, int cell) {
     const int instance = 1000 * ecp + cell;
@@ -41,17 +48,6 @@ class RfcGeneral : public test::TabTest<XKivRfcGen> {
     return keys;
   }
 };
-
-TEST_F(RfcGeneral, ATagHasLettersDigitsDotsAndUnderscoresOnly) {
-  LoadNew();
-  tab_.dlvwEntity.DropNodes({Ecp(2)});
-  tab_.txtTag.SetText(".x");
-  EXPECT_EQ(Refusal(), "Tag cannot start with a '.'");
-  tab_.txtTag.SetText("");
-  tab_.txtTag.Type("a-b c_1.Z$\bY");
-  EXPECT_EQ(tab_.txtTag.Text(), "abc_1.Y");
-  EXPECT_EQ(host_.beeper->beeps, 3);
-}
 
 TEST_F(RfcGeneral, OneEcpOrUpToTheLimitOfCells) {
   LoadNew();
@@ -143,12 +139,15 @@ TEST_F(RfcGeneral, AStoredStudyIsShownWhateverItsFeatures) {
   EXPECT_TRUE(host_.editor->changes.empty());
 }
 
-TEST_F(RfcGeneral, SavesTheEntitiesOfTheChosenType) {
+TEST_F(RfcGeneral, SavesItsTagAndTheEntitiesOfTheChosenType) {
   LoadNew();
   tab_.dlvwEntity.DropNodes({Ecp(2)});
   tab_.chkClearLog.Click();
+  ExpectRefusals(tab_.txtTag, {{".x", "Tag cannot start with a '.'"}, {"", "Tag is a required field."}});
+  tab_.txtTag.Type("a-b c_1.Z$\bY");
+  EXPECT_EQ(host_.beeper->beeps, 3);
   tab_.SaveData();
-  EXPECT_EQ(Data().UseEcp() + Data().ClearLog() + Data().Tag(), "YNdata");
+  EXPECT_EQ(Data().UseEcp() + Data().ClearLog() + Data().Tag(), "YNabc_1.Y");
   EXPECT_TRUE(Data().Entities()->Contains("Ecp:102"));
   for (const int type : {ui::kNoSelection, 1}) {  // what is no ECP is cells
     tab_.optEntityType.SetIndex(type);
@@ -162,9 +161,9 @@ TEST_F(RfcGeneral, SavesTheEntitiesOfTheChosenType) {
   EXPECT_EQ(AsCell(*Data().Entities()->begin()).CellID(), 38);
 }
 
-class RfcDetail : public test::TabTest<XKivRfcDetail> {
+class RfcDetail : public RfcTab<XKivRfcDetail> {
  protected:
-  RfcDetail() : TabTest(kRfcStudy) {
+  RfcDetail() {
     test::StoreFeatures(*host_.database, 5, "Y", "Y");
     test::StoreFeatures(*host_.database, 6, "Y", "N");
   }
@@ -175,7 +174,6 @@ class RfcDetail : public test::TabTest<XKivRfcDetail> {
     Data().LookupFAF(static_cast<std::int32_t>(ecp));
     host_.editor->notifications.cdtnNotify_TabShow.Raise("XKivRfcDetail");
   }
-  CKivRfcData& Data() { return *study_->RfcData(); }
   void Enter(std::size_t row, const std::string& dn, const std::string& file) {
     ui::MaskedEdit& box = tab_.txtDirectoryNumber[row].edit;
     box.Select(0, box.Text().size());
@@ -207,14 +205,13 @@ TEST_F(RfcDetail, ChecksRunInOrder) {
   tab_.txtPollingInterval.SetText("x");
   EXPECT_EQ(Refusal(), "Data File Destination Path is a required field.");
   EXPECT_TRUE(tab_.txtPath.HasFocus());
-  tab_.txtPath.SetText("/dev/shm");
-  EXPECT_FALSE(tab_.IsTabValid(""));
-  EXPECT_EQ(host_.messages->shown.at(0).style, host::MessageStyle::Warning);
-  EXPECT_EQ(host_.TakeMessage(), "Only hard disks and network drives are valid data file destination.");
-  tab_.txtPath.SetText(folder_.Path() + "/missing");
-  EXPECT_FALSE(tab_.IsTabValid(""));
-  EXPECT_EQ(host_.messages->shown.at(0).style, host::MessageStyle::Critical);
-  EXPECT_EQ(host_.TakeMessage(), "Data File Destination Path does not exist.");
+  for (const auto& [path, style] : {std::pair{std::string("/dev/shm"), host::MessageStyle::Warning},
+                                    {folder_.File("missing"), host::MessageStyle::Critical}}) {
+    tab_.txtPath.SetText(path);
+    EXPECT_FALSE(tab_.IsTabValid(""));
+    EXPECT_EQ(host_.messages->shown.at(0).style, style);
+    EXPECT_NE(host_.TakeMessage(), "");
+  }
   tab_.txtPath.SetText(folder_.Path());
 
   EXPECT_EQ(Refusal(), "You must enter at least one DN. Please enter a DN.");
@@ -264,15 +261,13 @@ TEST_F(RfcDetail, TheLeastIntervalDependsOnTheNumberOfDns) {
     const int low = least[row - 1];
     const std::string range =
         "Polling Interval must be between " + std::to_string(low) + " and 60 seconds inclusive.";
-    for (const auto& [interval, message] : {std::pair{std::to_string(low - 1), range},
-                                            {std::to_string(low), std::string()},
-                                            {"60", std::string()},
-                                            {"61", range},
-                                            {"", range},
-                                            {"-5", range}}) {
-      tab_.txtPollingInterval.SetText(interval);
-      EXPECT_EQ(Refusal(), message) << interval << " for " << row;
-    }
+    SCOPED_TRACE(row);
+    ExpectRefusals(tab_.txtPollingInterval, {{std::to_string(low - 1), range},
+                                             {std::to_string(low), ""},
+                                             {"60", ""},
+                                             {"61", range},
+                                             {"", range},
+                                             {"-5", range}});
     EXPECT_EQ(tab_.txtPollingInterval.Text(), "-5");  // told, not changed
   }
   EXPECT_EQ(tab_.lblInterval.Caption(), "(at least 5 for 10 DNs)");
@@ -353,15 +348,13 @@ TEST_F(RfcDetail, WhatNoRowCanShowStaysAndIsTold) {
   EXPECT_EQ(Refusal(), "");
 }
 
-class RfcCdma3G : public test::TabTest<XKivRfcCDMA3G> {
+class RfcCdma3G : public RfcTab<XKivRfcCDMA3G> {
  protected:
-  RfcCdma3G() : TabTest(kRfcStudy) {}
-
   /// What a save stores, such as "3 0".
   std::string Saved() {
     tab_.SaveData();
-    return std::to_string(study_->RfcData()->ForwardRateRestriction()) + " " +
-           std::to_string(study_->RfcData()->ReverseRateRestriction());
+    return std::to_string(Data().ForwardRateRestriction()) + " " +
+           std::to_string(Data().ReverseRateRestriction());
   }
 };
 
@@ -385,8 +378,8 @@ TEST_F(RfcCdma3G, ARateIsRestrictedWhileItsBoxIsChecked) {
 }
 
 TEST_F(RfcCdma3G, StoredRatesThatThereAreNotStayUntilTheUserChooses) {
-  study_->RfcData()->SetForwardRateRestriction(6);
-  study_->RfcData()->SetReverseRateRestriction(-1);
+  Data().SetForwardRateRestriction(6);
+  Data().SetReverseRateRestriction(-1);
   LoadStored();
   EXPECT_TRUE(tab_.chkRestrictForward.Checked() && tab_.frameForward.Enabled());
   EXPECT_EQ(tab_.optForwardRate.Index(), ui::kNoSelection);

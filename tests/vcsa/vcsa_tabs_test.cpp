@@ -109,12 +109,9 @@ TEST_F(VcsaTabs, DetailChecksTheDnAndThePollingInterval) {
   EXPECT_TRUE(detail_.txtSingleDn.edit.HasFocus());
   detail_.txtSingleDn.SetText("5551234");
   const std::string range = "Polling Interval must be between 1 and 300 seconds inclusive.";
-  const std::pair<const char*, std::string> cases[] = {
-      {"", "Polling Interval must be numeric."}, {"0", range}, {"301", range}, {"1", ""}, {"300", ""}};
-  for (const auto& [interval, message] : cases) {
-    detail_.txtPollingInterval.SetText(interval);
-    EXPECT_EQ(RefusalOf(detail_), message) << interval;
-  }
+  ExpectRefusals(
+      detail_, detail_.txtPollingInterval,
+      {{"", "Polling Interval must be numeric."}, {"0", range}, {"301", range}, {"1", ""}, {"300", ""}});
   detail_.SaveData();
   EXPECT_EQ(Data().SingleDn(), "5551234");
   EXPECT_EQ(study_->PollingInterval(), 300);
