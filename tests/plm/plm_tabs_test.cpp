@@ -411,9 +411,9 @@ TEST_F(PlmCdma, NothingTypedIsLostByCheckingAndUnchecking) {
   EXPECT_EQ(Data().ModeCount(), 2);
 }
 
-TEST_F(PlmCdma, AStoredStudyShowsItsModes) {
-  Store(8, 2, 0, -1);  // 0 is none of its service options
+TEST_F(PlmCdma, AStoredStudyShowsItsModesAndChecksThemInTheOrderOfItsCollection) {
   Store(12, -1, -1, 3);
+  Store(8, 2, 0, -1);  // 0 is none of its service options
   Store(3, -1, -1, -1);
   LoadStored();
   EXPECT_EQ(Checked(), "-x---x---");
@@ -433,23 +433,19 @@ TEST_F(PlmCdma, AStoredStudyShowsItsModes) {
   tab_.SaveData();
   EXPECT_EQ(Mode(12).Carrier(), 9);
   EXPECT_EQ(Mode(12).ID(), study_->ID());
-}
 
-TEST_F(PlmCdma, RecordsAreCheckedInTheOrderOfTheirCollection) {
-  Store(15, 40, -1, -1);
-  Store(7, 3, -1, -1);
-  Store(8, 50, -1, -1);
-  LoadStored();
-  tab_.obModeSelector[4].Click();  // refuses to leave FER1 without a service option
-  EXPECT_EQ(host_.TakeMessage(), "Service Option is a required value.");
   tab_.cboServiceOption.Select(0);
+  tab_.obModeSelector[0].Click();
+  Mode(8).SetCarrier(50);
+  Mode(12).SetCarrier(40);
   ASSERT_EQ(tab_.Problems().size(), 2U);
+  EXPECT_EQ(tab_.Problems()[0].message, "Mode 12 CPLM4 carrier must be between 1 and 18 inclusive.");
   EXPECT_EQ(tab_.Problems()[1].message, "Mode   8 FER2 carrier must be between 1 and 18 inclusive.");
-  EXPECT_EQ(tab_.Problems()[0].message, "Mode 15 CPLM7 carrier must be between 1 and 18 inclusive.");
   EXPECT_EQ(Refusal(), tab_.Problems()[0].message);
-  EXPECT_TRUE(tab_.obModeSelector[8].HasFocus());
-  Mode(15).SetCarrier(4);
+  EXPECT_TRUE(tab_.obModeSelector[5].HasFocus());
+  Mode(12).SetCarrier(4);
   Mode(8).SetCarrier(4);
+  Mode(8).SetServiceOption(-1);
   EXPECT_EQ(Refusal(), "Mode   8 FER2 'Service Option' is a required value.");
 }
 

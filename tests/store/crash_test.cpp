@@ -32,9 +32,7 @@ class Crash : public ::testing::TestWithParam<test::EngineAndKind> {
  protected:
   Crash() {
     test::TestStore store(Open());
-    store::Study study = store->New(std::get<std::string>(GetParam()));
-    test::Fill(study, kNewVariant);
-    store->Save(study, "ann");
+    store::Study study = store.Add(std::get<std::string>(GetParam()), kNewVariant);
     id_ = study.record->ID();
     newContent_ = test::Content(store->Load(id_));
     test::Fill(study, kOldVariant);

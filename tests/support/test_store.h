@@ -6,6 +6,7 @@
 #include "store/studies/error_log.h"
 #include "store/studies/study_store.h"
 #include "support/fake_host.h"
+#include "support/rich_studies.h"
 
 namespace kiv::test {
 
@@ -18,6 +19,13 @@ class TestStore {
         store_(connection, errors_) {}
 
   store::StudyStore* operator->() { return &store_; }
+  /// A new study, stored with a content that its kind has for this number.
+  store::Study Add(const std::string& kind, int variant) {
+    store::Study study = store_.New(kind);
+    Fill(study, variant);
+    store_.Save(study, "ann");
+    return study;
+  }
 
  private:
   FakeHost host_;
