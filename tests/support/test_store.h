@@ -2,9 +2,10 @@
 
 #include <memory>
 
-#include "database/connection.h"
+#include "database/open.h"
 #include "store/studies/error_log.h"
 #include "store/studies/study_store.h"
+#include "support/engine.h"
 #include "support/fake_host.h"
 #include "support/rich_studies.h"
 
@@ -17,6 +18,9 @@ class TestStore {
       : scope_({.openDatabase = [connection] { return connection; }, .errorReporter = errors_},
                host::Rest::AsBefore),
         store_(connection, errors_) {}
+
+  explicit TestStore(const TestDatabase& studies)
+      : TestStore(database::OpenStudyDatabase(studies.Name(), database::OpenMode::CreateIfMissing)) {}
 
   store::StudyStore* operator->() { return &store_; }
   /// A new study, stored with a content that its kind has for this number.
