@@ -31,7 +31,9 @@ class Crash : public ::testing::TestWithParam<test::EngineAndKind> {
  protected:
   Crash() {
     test::TestStore store(*database_);
-    store::Study study = store.Add(std::get<std::string>(GetParam()), kNewVariant);
+    store::Study study = store->New(std::get<std::string>(GetParam()));
+    test::Fill(study, kNewVariant);
+    store->Save(study, "ann");
     id_ = study.record->ID();
     newContent_ = test::Content(store->Load(id_));
     test::Fill(study, kOldVariant);

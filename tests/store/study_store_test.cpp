@@ -191,7 +191,8 @@ TEST(StoreOnPostgres, ReadsAStudyAsOneSaveLeftItHoweverOftenOthersSave) {
   const auto other = database->Connect();
   const auto watched = std::make_shared<test::WatchedConnection>(connection);
   test::TestStore store(watched);
-  const store::Study study = store.Add("HOM Study", 1);
+  store::Study study = store->New("HOM Study");
+  store->Save(study, "ann");
   int saves = 0;
   watched->beforeCall = [&] {
     const std::string text = "'" + std::to_string(++saves) + "'";

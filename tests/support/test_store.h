@@ -7,7 +7,6 @@
 #include "store/studies/study_store.h"
 #include "support/engine.h"
 #include "support/fake_host.h"
-#include "support/rich_studies.h"
 
 namespace kiv::test {
 
@@ -23,13 +22,6 @@ class TestStore {
       : TestStore(database::OpenStudyDatabase(studies.Name(), database::OpenMode::CreateIfMissing)) {}
 
   store::StudyStore* operator->() { return &store_; }
-  /// A new study, stored with a content that its kind has for this number.
-  store::Study Add(const std::string& kind, int variant) {
-    store::Study study = store_.New(kind);
-    Fill(study, variant);
-    store_.Save(study, "ann");
-    return study;
-  }
 
  private:
   FakeHost host_;
