@@ -72,6 +72,22 @@ TEST_F(DnBox, ChecksTheDnAndLeavesItAsItIs) {
   EXPECT_EQ(refusal(), "");
 }
 
+TEST_F(DnBox, AStoredDnThatIsNoneIsShownAsItIsAndRefused) {
+  SetMask("###-####");
+  for (const auto& [dn, message] : {std::pair{"N/A", "Number of digits in DN doesn't match mask."},
+                                    {"555-123", "Value for DN may contain only digits."},
+                                    {"555123\xC3\xA9", "Value for DN may contain only digits."}}) {
+    box_.SetText(dn);
+    SetMask("###-####");
+    box_.SetMask("#######");
+    box_.edit.SetFocus();
+    box_.edit.LoseFocus();
+    EXPECT_EQ(box_.edit.Text(), dn);
+    EXPECT_EQ(box_.Text(), dn);
+    EXPECT_EQ(box_.Problem(), message);
+  }
+}
+
 TEST_F(DnBox, EditsWhereTheCursorStands) {
   ui::MaskedEdit& edit = box_.edit;
   edit.SetMask("###-####");

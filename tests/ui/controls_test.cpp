@@ -190,17 +190,35 @@ TEST(Controls, AMaskKeepsItsOwnDigits) {
   box.SetMask("1-### (##)");
   box.SetText("55566");
   EXPECT_EQ(box.Text(), "1-555 (66)");
-  for (const auto& [edited, entered] : {std::pair{"1-555 (667)", "555667"},
-                                        {"1-5595 (66)", "559566"},
-                                        {"41-555 (66)", "455566"},
-                                        {"1-5 (66)", "566"},
-                                        {"", ""},
-                                        {"1-555 (66", "55566"},
-                                        {"1-555 66)", "55566"}}) {
+  const struct {
+    const char* edited;
+    std::size_t caret;
+    const char* entered;
+  } edits[] = {{"1-555 (667)", 10, "555667"},
+               {"1-5595 (66)", 6, "559566"},
+               {"41-555 (66)", 1, "455566"},
+               {"1-5 (66)", 3, "566"},
+               {"", 0, ""},
+               {"1-555 (66", 9, "55566"},
+               {"1-555 66)", 6, "55566"},
+               {"1-7771-555 (66)", 5, "77755566"},  // dropped as it was shown
+               {"1-777 (88)", 10, "77788"}};
+  for (const auto& edit : edits) {
     box.SetText("55566");
-    box.Edit(edited);
-    EXPECT_EQ(box.ClipText(), entered) << edited;
+    box.Edit(edit.edited, edit.caret);
+    EXPECT_EQ(box.ClipText(), edit.entered) << edit.edited;
   }
+  for (const auto& [pasted, entered] : {std::pair{"1-777 (88)", "77788"},
+                                        {"777 (88)", "77788"},
+                                        {"1-77", "77"},
+                                        {"7 88", "788"},
+                                        {"1777", "1777"},
+                                        {"1-7-7", "177"}}) {
+    box.SetText("");
+    box.Paste(pasted);
+    EXPECT_EQ(box.ClipText(), entered) << pasted;
+  }
+  box.SetText("55566");
   box.SetMask({});
   box.Paste(" a\nb \n");
   EXPECT_EQ(box.Text(), "55566a b");

@@ -150,6 +150,11 @@ TEST_F(Lists, WhatComesPastTheKeysLeavesTheMaskItsOwnDigits) {
   user_->Press(Key::Backspace);
   user_->PasteByMenu("7");
   EXPECT_EQ(page_->dn.Text(), "6664327");
+  for (const auto& [committed, entered] : {std::pair{"1-777-8888", "7778888"}, {"1", "1"}}) {
+    user_->Press('A', With::Control);
+    user_->Commit(committed);
+    EXPECT_EQ(page_->dn.Text(), entered);
+  }
 }
 
 }  // namespace
