@@ -55,7 +55,7 @@ XKivRfcDetail::XKivRfcDetail()
       lblInterval(this, "lblInterval") {
   fraDestination.SetCaption("Data File Destination");
   fraDns.SetCaption("Directory Numbers and Their Study Data Files");
-  OfferFolders(cmdBrowse, txtPath);
+  OfferFolders(cmdBrowse, txtPath, [this] { ReportChange(); });
   BindFields();
   for (XDnBox& box : txtDirectoryNumber) {
     box.Changed.Connect([this] {

@@ -177,6 +177,8 @@ TEST_F(RfcDetail, AStoredStudyFillsTheRowsOfItsEcp) {
   host_.folders->answer = "/chosen";
   tab_.cmdBrowse.Click();
   EXPECT_EQ(host_.editor->changes.size(), 1U);
+  tab_.cmdBrowse.Click();  // the same folder once more
+  EXPECT_EQ(host_.editor->changes.size(), 2U);
   tab_.SaveData();
   EXPECT_EQ(Data().Path() + std::to_string(study_->PollingInterval()), "/chosen7");
 }

@@ -106,8 +106,10 @@ struct FakeFileNameRules : host::FileNameRules {
 struct FakeFolderChooser : host::FolderChooser {
   std::optional<std::string> answer;
   bool fails = false;
+  WindowHandle owner = kNoWindow;
 
-  std::optional<std::string> ChooseFolder(const std::string&) override {
+  std::optional<std::string> ChooseFolder(const std::string&, WindowHandle window) override {
+    owner = window;
     if (fails) throw Error(ErrorNumber::ObjectNotSet, "no shell");
     return answer;
   }

@@ -20,6 +20,23 @@ TEST(FolderChooser, StartsAtTheNearestFolder) {
   EXPECT_EQ(qt::NearestFolder("relative/folder"), QDir::homePath());
 }
 
+TEST(FolderChooser, StandsOverTheWindowThatAsks) {
+  QWidget asking;
+  QWidget active;
+  asking.show();
+  active.show();
+  QApplication::setActiveWindow(&active);
+  const QWidget* below = nullptr;
+  QTimer::singleShot(0, [&below] {
+    QWidget* chooser = QApplication::activeModalWidget();
+    ASSERT_NE(chooser, nullptr);
+    below = chooser->parentWidget();
+    chooser->close();
+  });
+  EXPECT_EQ(qt::FolderChooser().ChooseFolder("", asking.winId()), std::nullopt);
+  EXPECT_EQ(below, &asking);
+}
+
 TEST(MessageBox, ShowsPlainTextAndReturns) {
   qt::MessageBoxes messages([] { return std::string("Title"); });
   EXPECT_EQ(messages.ApplicationTitle(), "Title");
