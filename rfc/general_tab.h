@@ -39,7 +39,7 @@ class XKivRfcGen : public GeneralTabOf<CKivRfcData> {
  private:
   void BindFields();
   void ShowNewStudy() override { SubRecord()->InitFaF(); }
-  void ShowStoredStudy() override { CheckFeature(); }
+  void ShowStoredStudy() override;
   /// What is not the ECP, no choice included, is cells.
   std::size_t ChosenType() const;
   CheckList EntityChecks();

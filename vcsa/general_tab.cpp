@@ -78,7 +78,6 @@ bool XKivVcsGen::Validate() {
   return true;
 }
 
-/// The list has the cells as they are stored already, and keeps them so when the configuration fails.
 void XKivVcsGen::ShowStoredStudy() {
   SubRecord()->SetCells(CompletedCells(*SubRecord()));
   dlvwCell.SetTheCollection(SubRecord()->Cells());

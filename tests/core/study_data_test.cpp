@@ -29,6 +29,20 @@ class StudyRecord : public ::testing::Test {
   CKivStudyData study_;
 };
 
+TEST_F(StudyRecord, BeginsWithTypesOfTheHostAndPassesItsKindOn) {
+  EXPECT_TRUE(host_.documents->Made(*study_.StudyType()) && host_.documents->Made(*study_.ScenarioType()));
+  EXPECT_NE(study_.StudyType(), study_.ScenarioType());
+  for (const StudyKind& kind : StudyKinds()) {
+    study_.InitNew(kind.name, "", studyType_, scenarioType_, 0);
+    EXPECT_EQ(study_.SubRecord()->AppName(), kind.name);
+    study_.InitEdit(kind.name, "", studyType_, scenarioType_, 5, Variant(1), Variant(1), Variant(1),
+                    Variant(1));
+    EXPECT_EQ(study_.SubRecord()->AppName(), kind.name);
+  }
+  const host::Scope noHost(host::Services{});
+  EXPECT_NE(CKivStudyData().ScenarioType(), nullptr);
+}
+
 TEST_F(StudyRecord, NewStudyIsInsertedUnderTheIdItHasThen) {
   New();
   EXPECT_TRUE(study_.IsNew());

@@ -254,6 +254,9 @@ TEST_F(PlmTdma, SwitchingRefusesAndUncheckingKeeps) {
   EXPECT_EQ(tab_.XMode3.XChannelList1.txtChannelList.Text(), "4\n5\n");
   EXPECT_EQ(Refusal(), "");
   EXPECT_EQ(Data().ModeCount(), 2);
+  Mode(2).SetRangeTo(77);  // by the host
+  Choose(2);
+  EXPECT_EQ(tab_.XMode2.txtTo.Text(), "77");
 }
 
 TEST_F(PlmTdma, UnsoundDefaultsAreToldInThePanelsOwnWords) {

@@ -134,6 +134,9 @@ TEST_F(RfcGeneral, AStoredStudyIsShownWhateverItsFeatures) {
   Data().AddCell(3037, 1, 3, 37);
   LoadStored();
   EXPECT_EQ(host_.TakeMessage(), kNotActive);
+  host_.database->failure = "gone";
+  LoadStored();
+  EXPECT_EQ(host_.errors->reports, std::vector<std::string>{"gone"});
   EXPECT_FALSE(tab_.chkClearLog.Checked());
   EXPECT_EQ(tab_.optEntityType.Index(), 1);
   EXPECT_EQ(Listed(), "Cell:3037 ");
