@@ -43,8 +43,6 @@ class Tab : public ui::Container, public IDynaTabControl {
   virtual ui::LayoutItem Layout() = 0;
   /// Every failing check, the first one of each control, told without a message box; none before LoadData.
   std::vector<Problem> Problems() const;
-  /// Writes the tab's values to the user's remembered ones; the host calls it after a study was stored.
-  void RememberValues() const;
   /// Shows the identifier that a new study got; the host calls it after a study was stored.
   void ShowIdentifier();
 
@@ -55,7 +53,7 @@ class Tab : public ui::Container, public IDynaTabControl {
                 std::shared_ptr<host::EditorContext> editor) final;
   void LoadState() final;
   void SaveData() final;
-  void SaveState() override {}
+  void SaveState() override { RememberValues(); }
   void Accept(ui::ControlVisitor&) override {}  // a page is shown by its layout
 
  protected:
@@ -109,6 +107,8 @@ class Tab : public ui::Container, public IDynaTabControl {
   /// Adds what is wrong beside the rules of the page.
   virtual void AddProblems(std::vector<Problem>& /*problems*/) const {}
 
+  /// Writes the tab's values to the user's remembered ones.
+  void RememberValues() const;
   std::optional<Problem> FirstProblem() const;
   /// Brings the tab forward and tells the problem.
   void Refuse(const Problem& problem);

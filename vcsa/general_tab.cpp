@@ -42,7 +42,7 @@ CheckList AtLeastOneCell(XDDListView& list) {
 }  // namespace
 
 XKivVcsGen::XKivVcsGen()
-    : GeneralTabOf(kClassName, WhenEmpty::Show),
+    : GeneralTabOf(kClassName, WhenEmpty::Show, Remembers::WhenValid),
       fraCells(this, "fraCells"),
       dlvwCell(&fraCells, "dlvwCell"),
       XDest(this, "XDest"),
@@ -70,12 +70,6 @@ XKivVcsGen::XKivVcsGen()
   const PageField& cells =
       Bind(dlvwCell, At(&CKivVcsData::Cells, &CKivVcsData::SetCells)).Checked(AtLeastOneCell(dlvwCell));
   CheckInOrder({&cells, &dataFile, &duration, &delay});
-}
-
-bool XKivVcsGen::Validate() {
-  if (!Tab::Validate()) return false;
-  RememberValues();
-  return true;
 }
 
 void XKivVcsGen::ShowStoredStudy() {

@@ -71,6 +71,9 @@ TEST_F(VcsaTabs, AValidGeneralPageIsRemembered) {
   general_.txtDuration.SetText("45");
   EXPECT_EQ(RefusalOf(general_), "");
   EXPECT_EQ(host_.settings->remembered["VcsDuration"], "45");
+  host_.settings->remembered.clear();
+  general_.SaveState();
+  EXPECT_TRUE(host_.settings->remembered.empty()) << "written when it was valid, and not twice";
 }
 
 TEST_F(VcsaTabs, AFailingConfigurationLeavesStoredCellsAsTheyAre) {
