@@ -70,7 +70,7 @@ class GeneralTabOf : public TabOf<Data> {
       : TabOf<Data>(std::move(name), "General"), whenEmpty_(whenEmpty), remembers_(remembers) {}
 
   bool Validate() override {
-    const bool valid = Tab::Validate();
+    const bool valid = TabOf<Data>::Validate();
     if (valid && remembers_ == Remembers::WhenValid) this->RememberValues();
     return valid;
   }

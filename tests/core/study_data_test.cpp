@@ -29,22 +29,10 @@ class StudyRecord : public ::testing::Test {
   CKivStudyData study_;
 };
 
-TEST_F(StudyRecord, BeginsWithTypesOfTheHostAndPassesItsKindOn) {
-  EXPECT_TRUE(host_.documents->Made(*study_.StudyType()) && host_.documents->Made(*study_.ScenarioType()));
-  EXPECT_NE(study_.StudyType(), study_.ScenarioType());
-  for (const StudyKind& kind : StudyKinds()) {
-    study_.InitNew(kind.name, "", studyType_, scenarioType_, 0);
-    EXPECT_EQ(study_.SubRecord()->AppName(), kind.name);
-    study_.InitEdit(kind.name, "", studyType_, scenarioType_, 5, Variant(1), Variant(1), Variant(1),
-                    Variant(1));
-    EXPECT_EQ(study_.SubRecord()->AppName(), kind.name);
-  }
-  const host::Scope noHost(host::Services{});
-  EXPECT_NE(CKivStudyData().ScenarioType(), nullptr);
-}
-
 TEST_F(StudyRecord, NewStudyIsInsertedUnderTheIdItHasThen) {
+  EXPECT_TRUE(host_.documents->Made(*study_.StudyType()) && host_.documents->Made(*study_.ScenarioType()));
   New();
+  EXPECT_EQ(study_.HomData()->AppName(), "HOM Study");
   EXPECT_TRUE(study_.IsNew());
   EXPECT_EQ(study_.StudyType(), studyType_);
   EXPECT_EQ(study_.ScenarioType(), scenarioType_);
@@ -66,6 +54,7 @@ TEST_F(StudyRecord, NewStudyIsInsertedUnderTheIdItHasThen) {
 
 TEST_F(StudyRecord, StoredStudyIsLoadedAndUpdated) {
   Edit("HOM Study", Variant(30));
+  EXPECT_EQ(study_.HomData()->AppName(), "HOM Study");
   EXPECT_FALSE(study_.IsNew());
   EXPECT_EQ(study_.ScenarioID(), 7);
   EXPECT_EQ(study_.Duration(), 30);

@@ -71,8 +71,7 @@ TEST_F(DetailPictures, ANewStudyIsAmpsOnlyAndHeatModesCheckAndLockTheirGroup) {
 
   tab_.chkCDMA[2].Click();
   tab_.cboModeSelection.Select(0);  // once more
-  EXPECT_EQ(Tdma(), "---- Select All");
-  EXPECT_EQ(Cdma(), "------ Select All");
+  EXPECT_EQ(Groups(), "---- Select All, ------ Select All");
   EXPECT_EQ(host_.editor->changes.size(), 6U);
 
   tab_.chkAMPS.Click();  // without AMPS, a heat mode is refused as well

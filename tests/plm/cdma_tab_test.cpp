@@ -97,7 +97,8 @@ TEST_F(PlmCdma, AModeIsLeftOnlyWhenItIsInOrder) {
   EXPECT_EQ(Mode(0).Carrier(), 18);
   EXPECT_EQ(Mode(0).ServiceOption(), 17);  // by its value, not its place
   EXPECT_EQ(Mode(0).GenerationType(), -1);
-  EXPECT_EQ(tab_.lblModeSelector[0].Caption(), "carrier 18 (2GSMV)");
+  EXPECT_EQ(tab_.lblModeSelector[0].Caption(), "Mode   7 FER1");
+  EXPECT_EQ(tab_.lblModeSummary[0].Caption(), "carrier 18 (2GSMV)");
   tab_.txtCarrier.SetText("");
   tab_.txtCarrier.Type("1a-2.");
   EXPECT_EQ(tab_.txtCarrier.Text(), "12");

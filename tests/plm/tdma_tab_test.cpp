@@ -173,7 +173,7 @@ TEST_F(PlmTdma, TheMethodDecidesWhatIsUsedAndStored) {
   five.txtAmps.SetText("99");  // not looked at any more
   EXPECT_EQ(Refusal(), "");
   EXPECT_EQ(Stored(Mode(5)), "5|Manual|99|5|10|Restrict|Radio|End|1|60|Y|9;8;7;6");
-  EXPECT_EQ(tab_.lblModeSelector[4].Caption(), "4 channels");
+  EXPECT_EQ(tab_.lblModeSummary[4].Caption(), "4 channels");
   five.cboMethod.Select(2);
   five.txtFrom.SetText("");
   EXPECT_TRUE(!five.txtAmps.Enabled() && !five.XChannelList1.Enabled());

@@ -152,13 +152,17 @@ TEST_F(RfcDetail, RowsFollowTheEcp) {
   Choose(Ecp::WithMultipleDns);
   Choose(Ecp::WithSingleDn);
   EXPECT_EQ(Rows(), "0:5551/a 3:5553/c ");
-  EXPECT_EQ(tab_.lblUnused.Caption(), "1 DN is not stored: this ECP traces a single DN.");
+  EXPECT_EQ(tab_.lblUnused.Caption(), "1 DN is unused: this ECP traces a single DN.");
   EXPECT_EQ(Refusal(), "");
   tab_.SaveData();
   EXPECT_EQ(SavedDns(), "N 5551/a.rft ");
   Choose(Ecp::WithMultipleDns);
   EXPECT_EQ(Rows(), "1:5551/a 3:5553/c ");
   EXPECT_EQ(tab_.lblUnused.Caption(), "");
+  tab_.SaveData();
+  tab_.SaveState();  // stored by now
+  Choose(Ecp::WithSingleDn);
+  EXPECT_EQ(Refusal(), "DN 5553 is stored with this study, but this ECP traces a single DN.");
 }
 
 TEST_F(RfcDetail, AStoredStudyFillsTheRowsOfItsEcp) {
@@ -169,7 +173,15 @@ TEST_F(RfcDetail, AStoredStudyFillsTheRowsOfItsEcp) {
   EXPECT_EQ(Rows(), "0:5552/b ");
   EXPECT_EQ(tab_.txtPath.Text() + tab_.txtPollingInterval.Text(), "/d7");
   Data().AddDn("5551", "a.txt");
+  Data().LookupFAF(6);
+  LoadStored();
+  tab_.txtPath.SetText(folder_.Path());
+  EXPECT_EQ(Rows(), "0:5552/b 1:5551/a.txt ");
+  EXPECT_EQ(Refusal(), "DN 5551 is stored with this study, but this ECP traces a single DN.");
+  tab_.cmdRemoveUnused.Click();
+  EXPECT_EQ(Refusal(), "");
   Data().LookupFAF(5);
+  host_.editor->changes.clear();
   LoadStored();
   EXPECT_EQ(Rows(), "1:5552/b 2:5551/a.txt ");
   EXPECT_EQ(tab_.lblInterval.Caption(), "(at least 2 for 2 DNs)");
