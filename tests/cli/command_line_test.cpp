@@ -16,7 +16,6 @@
 #include "database/sqlite/sqlite_database.h"
 #include "hom/general_tab.h"
 #include "session/study_session.h"
-#include "support/open_folder.h"
 #include "support/ordinary_user.h"
 #include "support/temp_folder.h"
 

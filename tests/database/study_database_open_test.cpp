@@ -14,9 +14,9 @@
 #include "database/sqlite/sqlite_file.h"
 #include "database/sqlite/sqlite_layout.h"
 #include "support/child_process.h"
-#include "support/open_folder.h"
 #include "support/ordinary_user.h"
 #include "support/rows_text.h"
+#include "support/temp_folder.h"
 
 namespace kiv::database {
 
