@@ -5,12 +5,22 @@
 #include "base/error.h"
 #include "core/conversions.h"
 #include "core/study_kinds.h"
+#include "host/services.h"
 
 namespace kiv {
 
-CKivStudyData::CKivStudyData()
-    : studyType_(std::make_shared<host::DocumentType>()),
-      scenarioType_(std::make_shared<host::DocumentType>()) {}
+namespace {
+
+/// One that the host makes, so that it can take it back; a record that is made without a host has to do with
+/// an empty one.
+std::shared_ptr<host::DocumentType> FreshDocumentType() {
+  const auto& documents = host::CurrentServices().documents;
+  return documents ? documents->NewDocumentType() : std::make_shared<host::DocumentType>();
+}
+
+}  // namespace
+
+CKivStudyData::CKivStudyData() : studyType_(FreshDocumentType()), scenarioType_(FreshDocumentType()) {}
 
 CKivStudyData::~CKivStudyData() {
   subRecord_.reset();
@@ -68,6 +78,7 @@ void CKivStudyData::TakeNames(const std::string& appName, const std::string& edi
 void CKivStudyData::CreateSubRecord() {
   const StudyKind* kind = FindStudyKind(appName_);
   subRecord_ = kind ? kind->createRecord() : nullptr;
+  if (subRecord_) subRecord_->SetAppName(appName_);
 }
 
 }  // namespace kiv

@@ -23,6 +23,7 @@ class CKivStudyData : public Object {
   /// Value of a numeric attribute that was not given.
   static constexpr std::int32_t kNotGiven = -1;
 
+  /// Asks the host for fresh types of documents.
   CKivStudyData();
   CKivStudyData(const CKivStudyData&) = delete;
   CKivStudyData& operator=(const CKivStudyData&) = delete;

@@ -61,6 +61,9 @@ class ISubRecord : public Object {
  public:
   /// The study kind that this record belongs to.
   virtual std::string_view KindName() const = 0;
+  /// Name of the study kind as the study record gave it.
+  virtual const std::string& AppName() const = 0;
+  virtual void SetAppName(std::string appName) = 0;
 
   /// Identifier of the study; key of the record's row.
   virtual std::int32_t ID() const = 0;
@@ -95,9 +98,8 @@ bool operator==(const ISubRecord& left, const ISubRecord& right);
 /// What the records of all kinds keep beside their own fields.
 class SubRecord : public ISubRecord {
  public:
-  /// Name of the study kind as the owner gives it.
-  const std::string& AppName() const { return appName_; }
-  void SetAppName(std::string appName) { appName_ = std::move(appName); }
+  const std::string& AppName() const override { return appName_; }
+  void SetAppName(std::string appName) override { appName_ = std::move(appName); }
 
   std::int32_t ID() const override { return id_; }
   void SetID(std::int32_t id) override { id_ = id; }

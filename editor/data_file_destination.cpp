@@ -16,10 +16,11 @@ namespace {
 using namespace MKivStudyCtls;
 
 constexpr std::size_t kExtensionLimit = 5;
+constexpr char kExtensionDot = '.';
 
 /// The extension is not typed, and a name has no blanks.
 void FileNameKeyFilter(std::int16_t& keyCode) {
-  if (keyCode == '.' || keyCode == ' ') keyCode = 0;
+  if (keyCode == kExtensionDot || keyCode == ' ') keyCode = 0;
 }
 
 }  // namespace
@@ -40,10 +41,11 @@ XKivDataFileDestination::XKivDataFileDestination(Container* parent, std::string 
   pathChecks_ = FolderChecks(txtPath);
   filenameChecks_ = FileNameChecks(
       txtFilename, [this] { return maxLength_; }, DataFileNameTexts());
-  OfferFolders(cmdBrowse, txtPath);
+  OfferFolders(cmdBrowse, txtPath, [this] { Changed.Raise(); });
 
   txtPath.Changed.Connect([this] { Changed.Raise(); });
   txtFilename.Changed.Connect([this] {
+    if (TakeOutDots()) return;  // the name without them was told
     ShowPreview();
     Changed.Raise();
   });
@@ -58,12 +60,12 @@ void XKivDataFileDestination::Init(std::int32_t maxLength, const std::string& ex
 }
 
 void XKivDataFileDestination::SetFilename(const std::string& filename) {
-  txtFilename.SetText(filename.substr(0, filename.find('.')));
+  txtFilename.SetText(filename.substr(0, filename.find(kExtensionDot)));
 }
 
 void XKivDataFileDestination::SetExtension(const std::string& extension) {
-  if (extension.size() >= kExtensionLimit) return;
-  lblExtension.SetCaption(extension.starts_with('.') ? extension : "." + extension);
+  if (CharacterCount(extension) >= kExtensionLimit) return;
+  lblExtension.SetCaption(extension.starts_with(kExtensionDot) ? extension : kExtensionDot + extension);
   ShowPreview();
 }
 
@@ -83,6 +85,14 @@ bool XKivDataFileDestination::IsValidPath(const std::string&) const {
 
 bool XKivDataFileDestination::IsValidFilename(const std::string&) const {
   return filenameChecks_.Enforce();
+}
+
+/// What comes past the keys brings no extension either; a name is read back up to its first dot only.
+bool XKivDataFileDestination::TakeOutDots() {
+  std::string name = txtFilename.Text();
+  if (std::erase(name, kExtensionDot) == 0) return false;
+  txtFilename.SetText(std::move(name));
+  return true;
 }
 
 void XKivDataFileDestination::ShowPreview() {

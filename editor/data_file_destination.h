@@ -56,6 +56,7 @@ class XKivDataFileDestination : public ui::Container {
   Signal<> Changed;
 
  private:
+  bool TakeOutDots();
   void ShowPreview();
 
   std::int32_t maxLength_ = 0;

@@ -12,6 +12,11 @@ namespace kiv {
 
 namespace {
 
+bool HasOnlyDigits(const std::string& dn) {
+  using namespace MKivStudyCtls;
+  return FindCharInSet(1, dn, "1234567890", CharSearch::NotInSet, Comparison::Exact) == 0;
+}
+
 std::string HostMask() {
   return host::TheSettings().General(host::kPhoneNumberMask);
 }
@@ -41,7 +46,7 @@ void XDnBox::Show(const std::string& mask, const std::string& text) {
   const FlagGuard rewriting(rewriting_);
   edit.SetMask({});
   edit.SetText({});
-  edit.SetMask(mask);
+  edit.SetMask(HasOnlyDigits(text) ? mask : std::string());
   edit.SetText(text);
 }
 
@@ -49,14 +54,9 @@ std::string XDnBox::Problem() const {
   const std::string& dn = edit.ClipText();
   if (!Enabled() || edit.Text().empty()) return {};
   const std::string mask = HostMask();
-  if (!mask.empty()) {
-    const std::size_t entered = CharacterCount(dn);
-    if (entered == 0 || entered == ui::MaskedEdit::DigitPlaces(mask)) return {};
-    return "Number of digits in DN doesn't match mask.";
-  }
-  using namespace MKivStudyCtls;
-  const bool onlyDigits = FindCharInSet(1, dn, "1234567890", CharSearch::NotInSet, Comparison::Exact) == 0;
-  return onlyDigits ? std::string() : "Value for DN may contain only digits.";
+  const bool fits = mask.empty() || dn.empty() || CharacterCount(dn) == ui::MaskedEdit::DigitPlaces(mask);
+  if (!fits) return "Number of digits in DN doesn't match mask.";
+  return HasOnlyDigits(dn) ? std::string() : "Value for DN may contain only digits.";
 }
 
 CheckList XDnBox::Checks() {

@@ -8,7 +8,7 @@
 namespace kiv {
 
 /// Entry box for a directory number (DN), shown by the pattern of the host's setting "Phone Number Mask".
-/// A DN with more digits than the pattern has places is shown as it is.
+/// A DN with more digits than the pattern has places, or with other characters, is shown as it is.
 class XDnBox : public ui::Container {
  public:
   XDnBox(ui::Container* parent, std::string name);
@@ -17,7 +17,7 @@ class XDnBox : public ui::Container {
   std::string Text() const;
   void SetText(const std::string& dn) { InitCtl(dn); }
   const std::string& Mask() const { return edit.Mask(); }
-  /// Applies a mask and keeps the text.
+  /// Applies a mask and keeps the text, which is shown without one when it is not of digits only.
   void SetMask(const std::string& mask) { Show(mask, Text()); }
 
   /// Shows a DN by the host's mask.

@@ -27,7 +27,7 @@ class IDynaTabControl {
   virtual void LoadState() = 0;
   /// Copies the controls into the records; called only after every tab was valid.
   virtual void SaveData() = 0;
-  /// Keeps presentation state.
+  /// Keeps the user's values for the next new study; called after the study was stored.
   virtual void SaveState() = 0;
 };
 

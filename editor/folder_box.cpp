@@ -2,7 +2,9 @@
 
 #include <exception>
 #include <filesystem>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "base/drive_type.h"
 #include "core/kiv_study_ctls.h"
@@ -13,9 +15,9 @@ namespace kiv {
 
 namespace {
 
-bool IsOnHardDiskOrNetwork(const std::string& path) {
+bool IsOnHardDiskOrNetwork(std::string_view path) {
   std::string description;
-  const std::int32_t type = MKivStudyCtls::GetDriveTypeName(path, description);
+  const std::int32_t type = MKivStudyCtls::GetDriveTypeName(std::string(path), description);
   return type == kDriveFixed || type == kDriveRemote;
 }
 
@@ -25,11 +27,12 @@ bool IsExistingFolder(std::string_view path) {
   return std::filesystem::is_directory(std::filesystem::path(utf8), error);
 }
 
-void Browse(ui::TextBox& box) {
+/// The folder that the user picks; nothing when the chooser fails, for the box can be typed into as well.
+std::optional<std::string> ChosenFolder(ui::TextBox& box) {
   try {
-    if (const auto folder = host::TheFolderChooser().ChooseFolder(box.Text())) box.SetText(*folder);
+    return host::TheFolderChooser().ChooseFolder(box.Text(), box.Window());
   } catch (const std::exception&) {
-    // A folder chooser that fails chooses nothing; the box stays as it is and can be typed into.
+    return std::nullopt;
   }
 }
 
@@ -41,7 +44,7 @@ CheckList FolderChecks(ui::TextBox& box, host::MessageStyle driveStyle) {
       box, [&box] { return !Trimmed(box.Text()).empty(); },
       "Data File Destination Path is a required field.");
   checks.Add(
-      box, [&box] { return IsOnHardDiskOrNetwork(box.Text()); },
+      box, [&box] { return IsOnHardDiskOrNetwork(Trimmed(box.Text())); },
       "Only hard disks and network drives are valid data file destination.", driveStyle);
   checks.Add(
       box, [&box] { return IsExistingFolder(Trimmed(box.Text())); },
@@ -49,9 +52,14 @@ CheckList FolderChecks(ui::TextBox& box, host::MessageStyle driveStyle) {
   return checks;
 }
 
-void OfferFolders(ui::Button& button, ui::TextBox& box) {
+void OfferFolders(ui::Button& button, ui::TextBox& box, std::function<void()> chosenAgain) {
   button.SetCaption("&Browse...");
-  button.Clicked.Connect([&box] { Browse(box); });
+  button.Clicked.Connect([&box, chosenAgain = std::move(chosenAgain)] {
+    const auto folder = ChosenFolder(box);
+    if (!folder) return;
+    if (*folder == box.Text()) return chosenAgain();
+    box.SetText(*folder);
+  });
 }
 
 }  // namespace kiv

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "editor/check_list.h"
 #include "host/message_box.h"
 #include "ui/buttons.h"
@@ -12,7 +14,8 @@ namespace kiv {
 /// the message about the drive.
 CheckList FolderChecks(ui::TextBox& box, host::MessageStyle driveStyle = host::MessageStyle::Critical);
 
-/// Makes a button beside the box let the user pick a folder.
-void OfferFolders(ui::Button& button, ui::TextBox& box);
+/// Makes a button beside the box let the user pick a folder. The box tells of another folder; that the user
+/// picked the same one is told by `chosenAgain`, because it is a change as well.
+void OfferFolders(ui::Button& button, ui::TextBox& box, std::function<void()> chosenAgain);
 
 }  // namespace kiv

@@ -50,13 +50,30 @@ class DataFileField : public PageField {
   std::function<std::int32_t()> studyId_;
 };
 
+/// When a page writes the user's values for the next new study.
+enum class Remembers {
+  WhenStored,  ///< after the study was stored
+  WhenValid    ///< at the end of each check that the page passed
+};
+
 /// A general page of the study kind whose sub-record is `Data`.
 template <class Data>
 class GeneralTabOf : public TabOf<Data> {
+ public:
+  void SaveState() override {
+    if (remembers_ == Remembers::WhenStored) this->RememberValues();
+  }
+
  protected:
   /// `whenEmpty` tells what emptied remembered values do; the folder of the data file is shown as it is.
-  GeneralTabOf(std::string name, WhenEmpty whenEmpty)
-      : TabOf<Data>(std::move(name), "General"), whenEmpty_(whenEmpty) {}
+  GeneralTabOf(std::string name, WhenEmpty whenEmpty, Remembers remembers = Remembers::WhenStored)
+      : TabOf<Data>(std::move(name), "General"), whenEmpty_(whenEmpty), remembers_(remembers) {}
+
+  bool Validate() override {
+    const bool valid = TabOf<Data>::Validate();
+    if (valid && remembers_ == Remembers::WhenValid) this->RememberValues();
+    return valid;
+  }
 
   /// How long the study runs. The rules are the kind's own when it gives some.
   PageField& BindDuration(ui::TextBox& box, const MinutesField& minutes) {
@@ -106,6 +123,7 @@ class GeneralTabOf : public TabOf<Data> {
   }
 
   WhenEmpty whenEmpty_;
+  Remembers remembers_;
 };
 
 }  // namespace kiv

@@ -55,8 +55,6 @@ class Tab : public ui::Container, public IDynaTabControl {
   std::vector<Problem> Findings();
   /// Whether faults of this field of the record are told by Findings.
   virtual bool Represents(std::string_view field) const;
-  /// Writes the tab's values to the user's remembered ones; the host calls it after a study was stored.
-  void RememberValues() const;
   /// Shows the identifier that a new study got; the host calls it after a study was stored.
   void ShowIdentifier();
 
@@ -67,7 +65,7 @@ class Tab : public ui::Container, public IDynaTabControl {
                 std::shared_ptr<host::EditorContext> editor) final;
   void LoadState() final;
   void SaveData() final;
-  void SaveState() override {}
+  void SaveState() override { RememberValues(); }
   void Accept(ui::ControlVisitor&) override {}  // a page is shown by its layout
 
  protected:
@@ -127,6 +125,8 @@ class Tab : public ui::Container, public IDynaTabControl {
   /// Adds what cannot be right beside the faults of the record.
   virtual void AddFindings(std::vector<Problem>& /*findings*/) {}
 
+  /// Writes the tab's values to the user's remembered ones.
+  void RememberValues() const;
   std::optional<Problem> FirstProblem() const;
   /// Brings the tab forward and tells the problem.
   void Refuse(const Problem& problem);

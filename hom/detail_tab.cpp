@@ -107,6 +107,7 @@ XKivHomDetail::XKivHomDetail()
       chkAMPS, [this] { return HasHandoffType(); }, "You must select at least one Handoff Type.");
 
   cboModeSelection.Changed.Connect([this] { ChooseMode(); });
+  cboModeSelection.PickedAgain.Connect([this] { ChooseMode(); });
   cmdTDMA.Clicked.Connect([this] {
     ClickButton(Tdma(), Cdma());
     ReportChange();

@@ -3,6 +3,8 @@
 #include <optional>
 #include <string>
 
+#include "base/window_handle.h"
+
 namespace kiv::host {
 
 /// Which file names the system that runs the studies can hold.
@@ -20,8 +22,9 @@ class FolderChooser {
  public:
   virtual ~FolderChooser() = default;
 
-  /// Nothing when the user cancelled. `startFolder` may be empty or missing on disk.
-  virtual std::optional<std::string> ChooseFolder(const std::string& startFolder) = 0;
+  /// Nothing when the user cancelled. `startFolder` may be empty or missing on disk. `owner` is the window
+  /// that the chooser stays in front of; kNoWindow when who asks has none.
+  virtual std::optional<std::string> ChooseFolder(const std::string& startFolder, WindowHandle owner) = 0;
 };
 
 }  // namespace kiv::host

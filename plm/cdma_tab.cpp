@@ -54,6 +54,7 @@ XKivPlmCdma::XKivPlmCdma()
       chkMode(this, "chkMode"),
       obModeSelector(this, "obModeSelector"),
       lblModeSelector(this, "lblModeSelector"),
+      lblModeSummary(this, "lblModeSummary"),
       lblDescription(&fraModeDetail, "lblDescription"),
       txtCarrier(&fraModeDetail, "txtCarrier"),
       Label1(&fraModeDetail, "Label1"),
@@ -62,7 +63,8 @@ XKivPlmCdma::XKivPlmCdma()
   UseModes({kFirstCdmaMode,
             {chkMode.begin(), chkMode.end()},
             &obModeSelector,
-            {lblModeSelector.begin(), lblModeSelector.end()}});
+            {lblModeSelector.begin(), lblModeSelector.end()},
+            {lblModeSummary.begin(), lblModeSummary.end()}});
   fraModeDetail.SetCaption("Details");
   Label1[0].SetCaption("Service &option:");
   Label1[1].SetCaption("&Generation type:");

@@ -9,7 +9,8 @@
 
 namespace kiv {
 
-/// Tab of a PLM study for the CDMA modes 7 to 15, of which a study runs at most two.
+/// Tab of a PLM study for the CDMA modes 7 to 15, of which a study runs at most two. Before another mode is
+/// checked, a carrier that no record could keep is refused as well.
 class XKivPlmCdma : public ModeTab {
  public:
   static constexpr const char* kClassName = "XKivPlmCdma";
@@ -23,6 +24,7 @@ class XKivPlmCdma : public ModeTab {
   ui::ControlArray<ui::CheckBox, kModes> chkMode;
   ui::OptionGroup<kModes> obModeSelector;
   ui::ControlArray<ui::Label, kModes> lblModeSelector;
+  ui::ControlArray<ui::Label, kModes> lblModeSummary;
   ui::Label lblDescription;
   ui::TextBox txtCarrier;
   ui::ControlArray<ui::Label, 2> Label1;  ///< captions of the two lists

@@ -22,6 +22,7 @@ void ModeTab::UseModes(const ModeList& modes) {
     // The last digit of the number is the mnemonic: no two modes of a tab share it.
     const auto number = std::to_string(NumberOf(i));
     caption.insert(caption.find(number) + number.size() - 1, "&");
+    modes_.names[i].SetCaption(NameOf(i));
     modes_.boxes[i].SetCaption(std::move(caption));
     modes_.boxes[i].Changed.Connect([this, i] { ClickBox(i); });
     modes_.selector->Options()[i].SetCaption("Details");
@@ -91,13 +92,13 @@ void ModeTab::ShowState(std::size_t index) {
     lblHint.SetVisible(!checked);
   }
   if (!checked) {
-    modes_.labels[index].SetCaption({});
+    modes_.summaries[index].SetCaption({});
   } else if (isCurrent && !drafts_[index].touched.empty()) {
     CKivPlmMode shown;
     StoreDetails(shown);
-    modes_.labels[index].SetCaption(Summary(shown, index));
+    modes_.summaries[index].SetCaption(Summary(shown, index));
   } else {
-    modes_.labels[index].SetCaption(Summary(*SubRecord()->ReturnMode(NameOf(index)), index));
+    modes_.summaries[index].SetCaption(Summary(*SubRecord()->ReturnMode(NameOf(index)), index));
   }
 }
 
@@ -259,8 +260,9 @@ void ModeTab::AddFindings(std::vector<Problem>& findings) {
 ui::LayoutItem ModeTab::ListLayout() {
   std::vector<ui::LayoutItem> rows;
   for (std::size_t i = 0; i < modes_.boxes.size(); ++i) {
-    rows.push_back(ui::Row({ui::Single(modes_.boxes[i]), ui::Single(modes_.selector->Options()[i]),
-                            ui::Row({ui::Single(modes_.labels[i]), ui::Stretch()})}));
+    rows.push_back(
+        ui::Row({ui::Single(modes_.boxes[i]), ui::Single(modes_.selector->Options()[i]),
+                 ui::Single(modes_.names[i]), ui::Row({ui::Single(modes_.summaries[i]), ui::Stretch()})}));
   }
   return ui::Column({ui::Grid(std::move(rows)), ui::Stretch()});
 }

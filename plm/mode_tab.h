@@ -36,7 +36,8 @@ class ModeTab : public TabOf<CKivPlmData> {
     std::int32_t firstNumber = 0;
     std::span<ui::CheckBox> boxes;
     ui::OptionSet* selector = nullptr;
-    std::span<ui::Label> labels;  ///< a few words on each checked mode
+    std::span<ui::Label> names;      ///< of the modes, beside the selectors
+    std::span<ui::Label> summaries;  ///< a few words on each checked mode
   };
 
   ModeTab(std::string name, std::string title);

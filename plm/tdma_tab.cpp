@@ -27,6 +27,7 @@ XKivPlmTdma::XKivPlmTdma()
       chkMode(this, "chkMode"),
       obModeSelector(this, "obModeSelector"),
       lblModeSelector(this, "lblModeSelector"),
+      lblModeSummary(this, "lblModeSummary"),
       XMode1(&fraModeDetail, 1),
       XMode2(&fraModeDetail, 2, kMode2Wording),
       XMode3(&fraModeDetail, 3),
@@ -37,7 +38,8 @@ XKivPlmTdma::XKivPlmTdma()
   UseModes({kFirstTdmaMode,
             {chkMode.begin(), chkMode.end()},
             &obModeSelector,
-            {lblModeSelector.begin(), lblModeSelector.end()}});
+            {lblModeSelector.begin(), lblModeSelector.end()},
+            {lblModeSummary.begin(), lblModeSummary.end()}});
   for (std::size_t i = 0; i < kModes; ++i) {
     checks_.Append(panels_[i]->Checks(), [this, i] { return Current() == i && CurrentIsChecked(); });
     UseSettings(panels_[i]->Settings());

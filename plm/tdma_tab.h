@@ -25,6 +25,7 @@ class XKivPlmTdma : public ModeTab {
   ui::ControlArray<ui::CheckBox, kModes> chkMode;
   ui::OptionGroup<kModes> obModeSelector;
   ui::ControlArray<ui::Label, kModes> lblModeSelector;
+  ui::ControlArray<ui::Label, kModes> lblModeSummary;
   PlainPanel XMode1;
   DistributionPanel XMode2;
   ChannelPanel XMode3;

@@ -8,9 +8,11 @@
 
 namespace kiv::qt {
 
-std::optional<std::string> FolderChooser::ChooseFolder(const std::string& startFolder) {
-  const QString folder = QFileDialog::getExistingDirectory(
-      QApplication::activeWindow(), QStringLiteral("Choose a Folder"), NearestFolder(ToQt(startFolder)));
+std::optional<std::string> FolderChooser::ChooseFolder(const std::string& startFolder, WindowHandle owner) {
+  QWidget* window = owner == kNoWindow ? nullptr : QWidget::find(owner);
+  const QString folder =
+      QFileDialog::getExistingDirectory(window ? window : QApplication::activeWindow(),
+                                        QStringLiteral("Choose a Folder"), NearestFolder(ToQt(startFolder)));
   if (folder.isEmpty()) return std::nullopt;
   return FromQt(QDir::toNativeSeparators(folder));
 }

@@ -8,10 +8,10 @@
 
 namespace kiv::qt {
 
-/// The desktop's folder dialog over the active window.
+/// The desktop's folder dialog over the window that asks, or else over the active one.
 class FolderChooser : public host::FolderChooser {
  public:
-  std::optional<std::string> ChooseFolder(const std::string& startFolder) override;
+  std::optional<std::string> ChooseFolder(const std::string& startFolder, WindowHandle owner) override;
 };
 
 /// The folder, or the nearest folder above it that exists; the user's home when there is none.

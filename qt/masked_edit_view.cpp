@@ -1,5 +1,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -22,8 +23,10 @@ class MaskedEditView final : public QLineEdit, public ControlView {
     ShowAppearance();
     ShowValue();
     // What comes past the keyboard, such as a drop or the context menu.
-    connect(this, &QLineEdit::textEdited, this,
-            [this](const QString& text) { Act([this, &text] { edit_.Edit(FromQt(text)); }); });
+    connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
+      const auto caret = static_cast<std::size_t>(cursorPosition());
+      Act([this, &text, caret] { edit_.Edit(FromQt(text), caret); });
+    });
   }
 
  protected:
@@ -36,6 +39,17 @@ class MaskedEditView final : public QLineEdit, public ControlView {
 
   void keyPressEvent(QKeyEvent* event) override {
     if (!Alive() || !Edits(*event)) QLineEdit::keyPressEvent(event);
+  }
+
+  /// A committed text is all that came; the shown text would not tell it from the mask's own digits.
+  void inputMethodEvent(QInputMethodEvent* event) override {
+    const QString committed = event->commitString();
+    if (!Alive() || committed.isEmpty() || event->replacementLength() != 0) {
+      return QLineEdit::inputMethodEvent(event);
+    }
+    QInputMethodEvent composing(event->preeditString(), event->attributes());
+    QLineEdit::inputMethodEvent(&composing);
+    Do([&] { edit_.Paste(FromQt(committed)); });
   }
 
  private:

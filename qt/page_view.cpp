@@ -77,6 +77,8 @@ PageView::PageView(ui::Container& page, const ui::LayoutItem& layout, QWidget* p
   column->addWidget(summary_);
 
   focusChanged_ = outermost_->FocusChanged.Connect([this](ui::Control& control) { MoveFocusTo(control); });
+  windowWanted_ =
+      outermost_->WindowWanted.Connect([this](WindowHandle& wanted) { wanted = window()->winId(); });
 }
 
 QWidget* PageView::WidgetOf(const ui::Control& control) const {

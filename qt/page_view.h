@@ -58,6 +58,7 @@ class PageView : public QWidget {
   std::vector<QLabel*> formLabels_;
   std::vector<ControlView*> marked_;
   ScopedConnection focusChanged_;
+  ScopedConnection windowWanted_;
   std::vector<ScopedConnection> captionsChanged_;
 };
 

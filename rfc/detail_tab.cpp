@@ -51,11 +51,14 @@ XKivRfcDetail::XKivRfcDetail()
       txtDirectoryNumber(&fraDns, "txtDirectoryNumber"),
       txtFilename(&fraDns, "txtFilename"),
       lblUnused(&fraDns, "lblUnused"),
+      cmdRemoveUnused(&fraDns, "cmdRemoveUnused"),
       txtPollingInterval(this, "txtPollingInterval"),
       lblInterval(this, "lblInterval") {
   fraDestination.SetCaption("Data File Destination");
   fraDns.SetCaption("Directory Numbers and Their Study Data Files");
-  OfferFolders(cmdBrowse, txtPath);
+  cmdRemoveUnused.SetCaption("Remo&ve Unused");
+  cmdRemoveUnused.Clicked.Connect([this] { RemoveUnused(); });
+  OfferFolders(cmdBrowse, txtPath, [this] { ReportChange(); });
   BindFields();
   for (XDnBox& box : txtDirectoryNumber) {
     box.Changed.Connect([this] {
@@ -81,13 +84,21 @@ void XKivRfcDetail::BindFields() {
   CheckInOrder({&folder, &dns, &interval});
   // What the host's pattern or the rows do not fit is told last, when all the rest is right.
   for (XDnBox& box : txtDirectoryNumber) checks_.Append(box.Checks());
+  checks_.Append(RoomChecks());
+}
+
+CheckList XKivRfcDetail::RoomChecks() {
+  CheckList checks;
+  const auto stored = [](const std::string& dn) { return "DN " + dn + " is stored with this study, but "; };
   for (const std::size_t row : {kSingleRow, kFirstOfMultiple}) {
-    checks_.Add(
+    checks.Add(
         txtDirectoryNumber[row].edit, [this, row] { return !CanUse(row) || unshown_.empty(); },
-        [this] {
-          return "DN " + unshown_.front()->Dn() + " is stored with this study, but no row can show it.";
-        });
+        [this, stored] { return stored(unshown_.front()->Dn()) + "no row can show it."; });
   }
+  checks.Add(
+      cmdRemoveUnused, [this] { return !StoredUnused(); },
+      [this, stored] { return stored(StoredUnused().value_or("")) + RoomText(); });
+  return checks;
 }
 
 CheckList XKivRfcDetail::DnChecks() {
@@ -160,7 +171,7 @@ void XKivRfcDetail::TabShown() {
   ReadFeature();
   EnableRows();
   MoveEntries();
-  PlaceUnshown(Rows::Usable);
+  if (multipleDns_) PlaceUnshown(Rows::Usable);  // an emptied single row waits for what the user types
   ShowLeastInterval();
   ShowUnused();
 }
@@ -185,6 +196,8 @@ void XKivRfcDetail::ShowDns(const DnCollection& dns) {
   arrangedForMultiple_ = multipleDns_;
   for (std::size_t row = 0; row < kRows; ++row) ShowRow(row, {}, {});
   unshown_.assign(dns.begin(), dns.end());
+  stored_.clear();
+  for (const auto& dn : dns) stored_.insert(dn->Dn());
   PlaceUnshown(Rows::Usable);
   if (KnowsFeature() && !multipleDns_) PlaceUnshown(Rows::Any);
   ShowLeastInterval();
@@ -220,14 +233,37 @@ void XKivRfcDetail::MoveEntries() {
   ShowRow(from, {}, {});
 }
 
-/// Entries that find no room stay in sight, but a save leaves them out.
+std::string XKivRfcDetail::RoomText() const {
+  return std::string("this ECP traces ") + (multipleDns_ ? "DN 1 to 10." : "a single DN.");
+}
+
+std::optional<std::string> XKivRfcDetail::StoredUnused() const {
+  for (std::size_t row = 0; row < kRows; ++row) {
+    const std::string dn = txtDirectoryNumber[row].Text();
+    if (IsUnused(row) && stored_.contains(dn)) return dn;
+  }
+  return std::nullopt;
+}
+
 void XKivRfcDetail::ShowUnused() {
-  std::size_t unused = 0;
-  for (std::size_t row = 0; row < kRows; ++row) unused += IsFilled(row) && !IsTraced(row) ? 1 : 0;
+  std::size_t unused = unshown_.size();
+  for (std::size_t row = 0; row < kRows; ++row) unused += IsUnused(row) ? 1 : 0;
+  cmdRemoveUnused.SetVisible(unused > 0);
   lblUnused.SetCaption(unused == 0 ? std::string()
                                    : std::to_string(unused) + (unused == 1 ? " DN is" : " DNs are") +
-                                         " not stored: this ECP traces " +
-                                         (multipleDns_ ? "DN 1 to 10." : "a single DN."));
+                                         " unused: " + RoomText());
+}
+
+void XKivRfcDetail::RemoveUnused() {
+  {
+    const FlagGuard filling = HoldReports();
+    for (std::size_t row = 0; row < kRows; ++row) {
+      if (IsUnused(row)) ShowRow(row, {}, {});
+    }
+    unshown_.clear();
+  }
+  ShowUnused();
+  ReportChange();
 }
 
 std::size_t XKivRfcDetail::TracedDns() const {
@@ -262,6 +298,12 @@ void XKivRfcDetail::SaveDns() {
   for (const auto& dn : unshown_) data.AddDn(dn->Dn(), dn->DataFile());
 }
 
+void XKivRfcDetail::SaveState() {
+  Tab::SaveState();
+  stored_.clear();
+  for (const auto& dn : Required(Required(SubRecord()).DNs())) stored_.insert(dn->Dn());
+}
+
 ui::LayoutItem XKivRfcDetail::Layout() {
   using namespace ui;
   const auto field = [this](std::size_t row) {
@@ -279,7 +321,7 @@ ui::LayoutItem XKivRfcDetail::Layout() {
       {Group(fraDestination, {Form({Field("F&older:", {Single(txtPath), Single(cmdBrowse)})})}),
        Group(fraDns, {Row({fields({}, 0, 5),
                            fields({Text("DN 1 to 10: for an ECP that traces several DNs")}, 6, 10)})}),
-       Single(lblUnused),
+       Row({Single(lblUnused), Single(cmdRemoveUnused), Stretch()}),
        Form(
            {Field("Pollin&g interval:", {Single(txtPollingInterval), Text("seconds"), Single(lblInterval)})}),
        Stretch()});

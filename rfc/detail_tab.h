@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -20,6 +22,9 @@ namespace kiv {
 /// each with its data file, and the polling interval. Where the ECP's switch can trace several DNs the rows
 /// from 1 are used, elsewhere only row 0. The records are written when the study is saved.
 ///
+/// A DN that is stored and finds no row of use is refused until the user removes it. One that was only
+/// entered stays in sight, and a save leaves it out.
+///
 /// The ECP may change on another tab. Loading, coming to this tab and checking it find out which rows can be
 /// used; entries move to other rows only when the user can see it, on coming to the tab after a change.
 class XKivRfcDetail : public TabOf<CKivRfcData> {
@@ -31,6 +36,7 @@ class XKivRfcDetail : public TabOf<CKivRfcData> {
   XKivRfcDetail();
 
   ui::LayoutItem Layout() override;
+  void SaveState() override;
 
   ui::Frame fraDestination;
   ui::TextBox txtPath;
@@ -39,6 +45,7 @@ class XKivRfcDetail : public TabOf<CKivRfcData> {
   ui::ControlArray<XDnBox, kRows> txtDirectoryNumber;
   ui::ControlArray<ui::TextBox, kRows> txtFilename;
   ui::Label lblUnused;             ///< says how many DNs find no room
+  ui::Button cmdRemoveUnused;      ///< there while there are some
   ui::TextBox txtPollingInterval;  ///< seconds
   ui::Label lblInterval;           ///< the least interval for the DNs as they are now
 
@@ -50,6 +57,7 @@ class XKivRfcDetail : public TabOf<CKivRfcData> {
   CheckList DnChecks();
   CheckList FilenameChecks();
   CheckList IntervalChecks();
+  CheckList RoomChecks();
 
   // Which rows can be used.
   bool KnowsFeature() const { return SubRecord()->Faf().InstanceId != 0; }
@@ -65,8 +73,14 @@ class XKivRfcDetail : public TabOf<CKivRfcData> {
   void ShowRow(std::size_t row, const std::string& dn, const std::string& filename);
   bool IsFilled(std::size_t row) const { return !txtDirectoryNumber[row].Text().empty(); }
   bool IsFree(std::size_t row) const { return !IsFilled(row) && txtFilename[row].Text().empty(); }
+  bool IsUnused(std::size_t row) const { return IsFilled(row) && !CanUse(row); }
   bool IsTraced(std::size_t row) const { return txtDirectoryNumber[row].Enabled() && IsFilled(row); }
   void SaveDns();
+
+  // DNs without room.
+  std::optional<std::string> StoredUnused() const;
+  std::string RoomText() const;
+  void RemoveUnused();
 
   std::size_t TracedDns() const;
   std::int32_t LeastInterval() const;
@@ -79,6 +93,7 @@ class XKivRfcDetail : public TabOf<CKivRfcData> {
   bool multipleDns_ = false;                   // whether the ECP can trace several DNs, as far as is known
   bool arrangedForMultiple_ = false;           // for which of the two the entries stand in their rows
   std::vector<std::shared_ptr<CDn>> unshown_;  // stored DNs for which there is no row
+  std::set<std::string> stored_;               // the DNs that the study is stored with
 };
 
 }  // namespace kiv

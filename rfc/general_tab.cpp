@@ -116,6 +116,15 @@ CheckList XKivRfcGen::EntityChecks() {
   return checks;
 }
 
+/// A study whose features cannot be looked up can be opened all the same.
+void XKivRfcGen::ShowStoredStudy() {
+  try {
+    CheckFeature();
+  } catch (const Error&) {
+    host::TheErrorReporter().ReportError();
+  }
+}
+
 std::size_t XKivRfcGen::ChosenType() const {
   return optEntityType.Index() == static_cast<int>(kWholeEcp) ? kWholeEcp : kCells;
 }

@@ -17,6 +17,9 @@ namespace kiv {
 /// First tab of an RF call trace study: the ECP or the cells that it traces, how long it runs and its tag. An
 /// ECP whose switch has not activated RF call trace is told to the user and does not get into the list.
 ///
+/// The list has room for eight cells by its limit, of which seven are let in: as many as the limit are too
+/// many already.
+///
 /// The records are written when the study is saved. A stored study's own entities are worked on at once, and
 /// each change of the ECP takes the features of its switch into the record.
 class XKivRfcGen : public GeneralTabOf<CKivRfcData> {
@@ -39,7 +42,7 @@ class XKivRfcGen : public GeneralTabOf<CKivRfcData> {
  private:
   void BindFields();
   void ShowNewStudy() override { SubRecord()->InitFaF(); }
-  void ShowStoredStudy() override { CheckFeature(); }
+  void ShowStoredStudy() override;
   void AddFindings(std::vector<Problem>& findings) override;
   /// What is wrong with the features of the ECP that was looked up last; empty when nothing is.
   std::string FeatureFault() const;

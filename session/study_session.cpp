@@ -126,7 +126,6 @@ void StudySession::SaveTabs() {
 void StudySession::TakeAsStored() {
   for (Tab* tab : HeaderAndTabs()) {
     tab->ShowIdentifier();
-    tab->RememberValues();
     tab->SaveState();
   }
   SetModified(false);

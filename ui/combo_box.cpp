@@ -40,7 +40,9 @@ void ComboBox::RequireIndex(const ItemList& items, int index) const {
 }
 
 void ComboBox::Select(int index) {
-  if (Usable()) SetListIndex(index);
+  if (!Usable()) return;
+  if (index == index_ && index != kNoSelection) return PickedAgain.Raise();
+  SetListIndex(index);
 }
 
 void ComboBox::Accept(ControlVisitor& visitor) {

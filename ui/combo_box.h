@@ -45,6 +45,8 @@ class ComboBox : public Control {
 
   /// Raised when another entry is selected; entries are told apart by the number behind them.
   Signal<> Changed;
+  /// Raised when the user picks the entry that is selected already.
+  Signal<> PickedAgain;
   /// Raised when the entries were replaced.
   Signal<> ItemsChanged;
 

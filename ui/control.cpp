@@ -70,6 +70,12 @@ void Control::LoseFocus(FocusTo to) {
   FocusLost.Raise();
 }
 
+WindowHandle Control::Window() {
+  WindowHandle window = kNoWindow;
+  if (Container* outermost = Outermost()) outermost->WindowWanted.Raise(window);
+  return window;
+}
+
 /// The container around all others; null for itself.
 Container* Control::Outermost() const {
   Container* container = parent_;

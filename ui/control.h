@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/signal.h"
+#include "base/window_handle.h"
 
 namespace kiv::ui {
 
@@ -45,6 +46,9 @@ class Control {
   /// itself: the control keeps it. One that becomes disabled or hidden loses it.
   void LoseFocus(FocusTo to = FocusTo::AnotherControl);
 
+  /// The window in which the control is shown; kNoWindow while no view shows it.
+  WindowHandle Window();
+
   virtual void Accept(ControlVisitor& visitor) = 0;
 
   /// Raised when anything but the value changed: enabled, visible, caption.
@@ -82,6 +86,8 @@ class Container : public Control {
 
   /// Raised by the outermost container when a control below it is given the focus.
   Signal<Control&> FocusChanged;
+  /// Raised by the outermost container when its window is wanted: whoever shows it fills it in.
+  Signal<WindowHandle&> WindowWanted;
 
  protected:
   void RaiseAppearanceChanged() override;

@@ -1,6 +1,7 @@
 #include "ui/masked_edit.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "base/ascii.h"
@@ -11,6 +12,11 @@ namespace kiv::ui {
 namespace {
 
 constexpr char kPlace = '#';
+
+std::size_t LengthOfCommonEnd(std::string_view left, std::string_view right) {
+  const auto differs = std::mismatch(left.rbegin(), left.rend(), right.rbegin(), right.rend());
+  return static_cast<std::size_t>(differs.first - left.rbegin());
+}
 
 }  // namespace
 
@@ -74,6 +80,32 @@ std::string MaskedEdit::Accepted(std::string_view text) const {
   return accepted;
 }
 
+/// The digits of a text that came past the keys, but for the mask's own where it reads like a piece of what
+/// the mask shows.
+std::string MaskedEdit::OwnDigits(std::string_view text) const {
+  for (std::size_t start = 0; start < mask_.size(); ++start) {
+    if (auto digits = ReadByMask(start, text)) return *std::move(digits);
+  }
+  return Accepted(text);
+}
+
+std::optional<std::string> MaskedEdit::ReadByMask(std::size_t start, std::string_view text) const {
+  std::string digits;
+  bool hasSeparator = false;
+  std::size_t place = start;
+  for (const char character : text) {
+    const char expected = place < mask_.size() ? mask_[place] : kPlace;
+    if (expected == kPlace ? !IsAsciiDigit(character) : character != expected) return std::nullopt;
+    if (expected == kPlace) digits += character;
+    hasSeparator = hasSeparator || !IsAsciiDigit(character);
+    ++place;
+  }
+  // Digits alone are the user's, unless they are all that the mask shows.
+  const bool isWhole = start == 0 && place >= mask_.size();
+  if (!hasSeparator && !isWhole) return std::nullopt;
+  return digits;
+}
+
 void MaskedEdit::Select(std::size_t shownAnchor, std::size_t shownCaret) {
   if (!Usable()) return;
   const Shown shown = Show();
@@ -102,22 +134,31 @@ void MaskedEdit::Delete() {
   if (Usable()) Apply([](CaretText& entered) { entered.DeleteForward(); });
 }
 
-void MaskedEdit::Edit(std::string_view text) {
+void MaskedEdit::Paste(std::string_view text) {
+  if (Usable())
+    Apply([arrives = OwnDigits(OneLine(Trimmed(text)))](CaretText& entered) { entered.Insert(arrives); });
+}
+
+void MaskedEdit::Edit(std::string_view text, std::size_t caret) {
   if (!Usable()) return;
   const std::string now = OneLine(text);
-  if (mask_.empty()) return Apply([&now](CaretText& entered) { entered.SetText(now); });
-  const Shown before = Show();
-  const auto [oldEnd, newEnd] = std::mismatch(before.text.begin(), before.text.end(), now.begin(), now.end());
-  const auto kept = static_cast<std::size_t>(oldEnd - before.text.begin());
-  const std::size_t most = std::min(before.text.size(), now.size()) - kept;
-  std::size_t keptBehind = 0;
-  while (keptBehind < most && before.text.rbegin()[static_cast<std::ptrdiff_t>(keptBehind)] ==
-                                  now.rbegin()[static_cast<std::ptrdiff_t>(keptBehind)]) {
-    ++keptBehind;
+  const std::size_t place = now.size() - std::min(now.size(), text.size() - ByteAt(text, caret));
+  if (mask_.empty()) {
+    return Apply([&](CaretText& entered) {
+      entered.SetText(now);
+      entered.Select(place, place);
+    });
   }
+  const Shown before = Show();
+  // The edit ended at the caret: what stands behind it is as it was.
+  const std::size_t behind = LengthOfCommonEnd(before.text, std::string_view(now).substr(place));
+  const std::size_t most = std::min(before.text.size() - behind, place);
+  const auto differs = std::mismatch(now.begin(), std::next(now.begin(), static_cast<std::ptrdiff_t>(most)),
+                                     before.text.begin());
+  const auto kept = static_cast<std::size_t>(differs.first - now.begin());
   Apply([&](CaretText& entered) {
-    entered.Select(before.EnteredPosition(kept), before.EnteredPosition(before.text.size() - keptBehind));
-    entered.Insert(Accepted(std::string_view(now).substr(kept, now.size() - keptBehind - kept)));
+    entered.Select(before.EnteredPosition(kept), before.EnteredPosition(before.text.size() - behind));
+    entered.Insert(OwnDigits(std::string_view(now).substr(kept, now.size() - behind - kept)));
   });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,7 +22,7 @@ class MaskedEdit : public Control {
 
   /// `#` stands for a digit, every other character for itself.
   const std::string& Mask() const { return mask_; }
-  /// Keeps the entered characters.
+  /// Keeps the entered characters that the mask has places for, which are digits.
   void SetMask(std::string mask);
 
   /// What the box shows.
@@ -42,14 +43,15 @@ class MaskedEdit : public Control {
   void MoveRight();
   /// Types over the selection; with a mask everything but digits is dropped.
   void Type(std::string_view keys);
-  /// Pastes over the selection, without white space around the text and on one line.
-  void Paste(std::string_view text) { Type(OneLine(Trimmed(text))); }
+  /// Pastes over the selection, without white space around the text and on one line. Of a text that reads
+  /// like what the mask shows, or a piece of it, the mask's own digits are not the user's.
+  void Paste(std::string_view text);
   /// Deletes the selection, or the character before or behind the caret.
   void Backspace();
   void Delete();
-  /// The shown text was edited past the keys, as by a drop or a menu: takes over what is new or missing in
-  /// it. The mask's own digits are not the user's.
-  void Edit(std::string_view shown);
+  /// The shown text was edited past the keys, as by a drop or a menu, and the caret stands where the edit
+  /// ended: takes over what is new or missing in it, like a paste.
+  void Edit(std::string_view shown, std::size_t caret);
 
   void Accept(ControlVisitor& visitor) override;
 
@@ -72,6 +74,9 @@ class MaskedEdit : public Control {
   Shown Show() const;
 
   std::string Accepted(std::string_view text) const;
+  std::string OwnDigits(std::string_view text) const;
+  /// The entered characters of a text that reads as the mask shows them from `start` on.
+  std::optional<std::string> ReadByMask(std::size_t start, std::string_view text) const;
   /// Changes the entered characters and raises the event when that made a difference.
   template <class Change>
   void Apply(Change change);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/entity_lists.h"
+#include "host/services.h"
 
 namespace kiv {
 
@@ -54,11 +55,29 @@ void CompleteCell(const CKivVcsData& data, CCell& cell) {
   AddOwnCarriers(cell, Required(configured->Carriers()));
 }
 
+namespace {
+
+std::shared_ptr<CCell> Completed(const CKivVcsData& data, const CCell& stored) {
+  auto cell = WithOwnOnly(stored);
+  CompleteCell(data, *cell);
+  return cell;
+}
+
+}  // namespace
+
 std::shared_ptr<EntityCollection> CompletedCells(const CKivVcsData& data) {
   auto completed = std::make_shared<EntityCollection>();
+  bool asks = true;
+  bool reported = false;
   for (const auto& entity : Required(data.Cells())) {
-    auto cell = WithOwnOnly(AsCell(entity));
-    CompleteCell(data, *cell);
+    std::shared_ptr<CEntity> cell = entity;
+    try {
+      if (asks) cell = Completed(data, AsCell(entity));
+    } catch (const Error& error) {
+      if (!std::exchange(reported, true)) host::TheErrorReporter().ReportError();
+      // Who does not answer for one cell would keep the user waiting for each of the others.
+      asks = dynamic_cast<const host::DatabaseError*>(&error) == nullptr;
+    }
     completed->Add(std::move(cell), entity->Key());
   }
   return completed;

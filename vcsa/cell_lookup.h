@@ -14,7 +14,7 @@ bool IsCdma(const CCell& cell);
 void CompleteCell(const CKivVcsData& data, CCell& cell);
 
 /// The stored cells, each with its own antennas and carriers only and completed; the stored ones stay as they
-/// are. A database failure is raised.
+/// are. A cell that cannot be completed is there as it is stored; the first failure is reported.
 std::shared_ptr<EntityCollection> CompletedCells(const CKivVcsData& data);
 
 }  // namespace kiv

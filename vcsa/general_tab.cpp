@@ -42,7 +42,7 @@ CheckList AtLeastOneCell(XDDListView& list) {
 }  // namespace
 
 XKivVcsGen::XKivVcsGen()
-    : GeneralTabOf(kClassName, WhenEmpty::Show),
+    : GeneralTabOf(kClassName, WhenEmpty::Show, Remembers::WhenValid),
       fraCells(this, "fraCells"),
       dlvwCell(&fraCells, "dlvwCell"),
       XDest(this, "XDest"),
@@ -72,13 +72,6 @@ XKivVcsGen::XKivVcsGen()
   CheckInOrder({&cells, &dataFile, &duration, &delay});
 }
 
-bool XKivVcsGen::Validate() {
-  if (!Tab::Validate()) return false;
-  RememberValues();
-  return true;
-}
-
-/// The list has the cells as they are stored already, and keeps them so when the configuration fails.
 void XKivVcsGen::ShowStoredStudy() {
   SubRecord()->SetCells(CompletedCells(*SubRecord()));
   dlvwCell.SetTheCollection(SubRecord()->Cells());

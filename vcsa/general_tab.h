@@ -26,8 +26,6 @@ class XKivVcsGen : public GeneralTabOf<CKivVcsData> {
 
  private:
   void ShowStoredStudy() override;
-  /// Remembers the values of a valid page.
-  bool Validate() override;
 };
 
 }  // namespace kiv

@@ -124,7 +124,7 @@ class NetworkDialog : public QDialog {
   }
 
   void Browse() {
-    if (const auto folder = host::TheFolderChooser().ChooseFolder(folder_->text().toStdString())) {
+    if (const auto folder = host::TheFolderChooser().ChooseFolder(folder_->text().toStdString(), winId())) {
       folder_->setText(ToQt(*folder));
     }
   }

@@ -30,7 +30,9 @@ class StudyRecord : public ::testing::Test {
 };
 
 TEST_F(StudyRecord, NewStudyIsInsertedUnderTheIdItHasThen) {
+  EXPECT_TRUE(host_.documents->Made(*study_.StudyType()) && host_.documents->Made(*study_.ScenarioType()));
   New();
+  EXPECT_EQ(study_.HomData()->AppName(), "HOM Study");
   EXPECT_TRUE(study_.IsNew());
   EXPECT_EQ(study_.StudyType(), studyType_);
   EXPECT_EQ(study_.ScenarioType(), scenarioType_);
@@ -52,6 +54,7 @@ TEST_F(StudyRecord, NewStudyIsInsertedUnderTheIdItHasThen) {
 
 TEST_F(StudyRecord, StoredStudyIsLoadedAndUpdated) {
   Edit("HOM Study", Variant(30));
+  EXPECT_EQ(study_.HomData()->AppName(), "HOM Study");
   EXPECT_FALSE(study_.IsNew());
   EXPECT_EQ(study_.ScenarioID(), 7);
   EXPECT_EQ(study_.Duration(), 30);

@@ -33,7 +33,7 @@ TEST_F(Destination, FolderMustExistOnAHardDiskOrTheNetwork) {
   dest_.Init(11, ".vcs");
   EXPECT_EQ(ShownForPath("   "), "Data File Destination Path is a required field.");
   EXPECT_TRUE(dest_.txtPath.HasFocus());
-  EXPECT_EQ(ShownForPath("/dev/shm"), "Only hard disks and network drives are valid data file destination.");
+  EXPECT_EQ(ShownForPath(" /dev/shm"), "Only hard disks and network drives are valid data file destination.");
   EXPECT_EQ(ShownForPath(folder_.File("none")), "Data File Destination Path does not exist.");
   EXPECT_EQ(dest_.Path(), folder_.File("none"));
   EXPECT_EQ(ShownForPath(folder_.Path() + "  "), "");
@@ -73,6 +73,12 @@ TEST_F(Destination, ExtensionStandsApartFromTheName) {
   dest_.txtFilename.Type(".v s\b1");
   EXPECT_EQ(dest_.txtFilename.Text(), "datav1");
   EXPECT_EQ(host_.beeper->beeps, 0);
+  dest_.txtFilename.MoveCaret(4);
+  dest_.txtFilename.Paste(".x.y.");
+  EXPECT_EQ(dest_.Filename(), "dataxyv1.vcs");
+  EXPECT_EQ(dest_.txtFilename.CaretPosition(), 6U);
+  dest_.SetExtension(".\xC3\xA9t\xC3\xA9");  // four characters
+  EXPECT_EQ(dest_.lblExtension.Caption(), ".\xC3\xA9t\xC3\xA9");
 }
 
 TEST_F(Destination, BrowsingFillsTheFolder) {
@@ -84,6 +90,10 @@ TEST_F(Destination, BrowsingFillsTheFolder) {
   dest_.cmdBrowse.Click();
   EXPECT_EQ(dest_.Path(), "/data");
   EXPECT_EQ(changes, 1);
+  page_.WindowWanted.Connect([](WindowHandle& wanted) { wanted = 77; });
+  dest_.cmdBrowse.Click();
+  EXPECT_EQ(changes, 2) << "the same folder";
+  EXPECT_EQ(host_.folders->owner, 77U);
   host_.folders->fails = true;
   EXPECT_NO_THROW(dest_.cmdBrowse.Click());
   dest_.SetEnabled(false);

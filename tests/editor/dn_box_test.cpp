@@ -58,6 +58,14 @@ TEST_F(DnBox, ChecksTheDnAndLeavesItAsItIs) {
   EXPECT_EQ(refusal(), "Number of digits in DN doesn't match mask.");
   EXPECT_TRUE(box_.edit.HasFocus());
   EXPECT_EQ(box_.Text(), "5551");
+  for (const char* stored : {"N/A", "555-123"}) {  // shown as they are, whatever happens
+    box_.SetText(stored);
+    box_.SetMask("#######");
+    box_.edit.LoseFocus();
+    EXPECT_EQ(box_.edit.Text() + box_.Text(), std::string(stored) + stored);
+  }
+  EXPECT_EQ(refusal(), "Value for DN may contain only digits.")
+      << "as many characters as the mask has places";
   box_.SetText("");
   EXPECT_EQ(refusal(), "");
   SetMask("");

@@ -69,6 +69,11 @@ TEST_F(DetailPictures, ANewStudyIsAmpsOnlyAndHeatModesCheckAndLockTheirGroup) {
   tab_.cboModeSelection.Select(0);
   EXPECT_EQ(Groups(), "---- Select All, ------ Select All");
 
+  tab_.chkCDMA[2].Click();
+  tab_.cboModeSelection.Select(0);  // once more
+  EXPECT_EQ(Groups(), "---- Select All, ------ Select All");
+  EXPECT_EQ(host_.editor->changes.size(), 6U);
+
   tab_.chkAMPS.Click();  // without AMPS, a heat mode is refused as well
   EXPECT_EQ(Refusal(), "You must select at least one Handoff Type.");
   EXPECT_TRUE(tab_.chkAMPS.HasFocus());

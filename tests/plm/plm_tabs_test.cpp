@@ -178,7 +178,7 @@ TEST_F(PlmTdma, TheMethodDecidesWhatIsUsedAndStored) {
   five.txtAmps.SetText("99");  // not looked at any more
   EXPECT_EQ(Refusal(), "");
   EXPECT_EQ(Stored(Mode(5)), "5|Manual|99|5|10|Restrict|Radio|End|1|60|Y|9;8;7;6");
-  EXPECT_EQ(tab_.lblModeSelector[4].Caption(), "4 channels");
+  EXPECT_EQ(tab_.lblModeSummary[4].Caption(), "4 channels");
   five.cboMethod.Select(2);
   five.txtFrom.SetText("");
   EXPECT_TRUE(!five.txtAmps.Enabled() && !five.XChannelList1.Enabled());
@@ -232,6 +232,9 @@ TEST_F(PlmTdma, AStoredModeComesBackAsItWas) {
   EXPECT_TRUE(host_.editor->changes.empty());
   EXPECT_EQ(Stored(Mode(2)), "2|Manual|0|3|0|Restrict|Channel|End|0|9|Y|12");
   EXPECT_EQ(Stored(Mode(5)), "5|Lottery|1|1|2|Expand|Weight|Middle|1|2|N|");  // unknown words stay
+  Mode(2).SetRangeTo(77);                                                     // by the host
+  Choose(2);
+  EXPECT_EQ(tab_.XMode2.txtTo.Text(), "77");
 }
 
 TEST_F(PlmTdma, UnsoundDefaultsAreToldInThePanelsOwnWords) {
@@ -370,7 +373,8 @@ TEST_F(PlmCdma, AModeIsLeftOnlyWhenItIsInOrder) {
   EXPECT_EQ(Mode(7).Carrier(), 18);
   EXPECT_EQ(Mode(7).ServiceOption(), 17);  // by its value, not its place
   EXPECT_EQ(Mode(7).GenerationType(), -1);
-  EXPECT_EQ(tab_.lblModeSelector[0].Caption(), "carrier 18 (2GSMV)");
+  EXPECT_EQ(tab_.lblModeSelector[0].Caption(), "Mode   7 FER1");
+  EXPECT_EQ(tab_.lblModeSummary[0].Caption(), "carrier 18 (2GSMV)");
   tab_.txtCarrier.SetText("");
   tab_.txtCarrier.Type("1a-2.");
   EXPECT_EQ(tab_.txtCarrier.Text(), "12");

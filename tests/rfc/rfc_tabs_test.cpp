@@ -132,6 +132,9 @@ TEST_F(RfcGeneral, AStoredStudyIsShownWhateverItsFeatures) {
   Data().AddCell(3037, 1, 3, 37);
   LoadStored();
   EXPECT_EQ(host_.TakeMessage(), kNotActive);
+  host_.database->failure = "gone";
+  LoadStored();
+  EXPECT_EQ(host_.errors->reports, std::vector<std::string>{"gone"});
   EXPECT_FALSE(tab_.chkClearLog.Checked());
   EXPECT_EQ(tab_.optEntityType.Index(), 1);
   EXPECT_EQ(Listed(), "Cell:3037 ");
@@ -303,13 +306,17 @@ TEST_F(RfcDetail, RowsFollowTheEcp) {
   Choose(Ecp::WithMultipleDns);
   Choose(Ecp::WithSingleDn);
   EXPECT_EQ(Rows(), "0:5551/a 3:5553/c ");
-  EXPECT_EQ(tab_.lblUnused.Caption(), "1 DN is not stored: this ECP traces a single DN.");
+  EXPECT_EQ(tab_.lblUnused.Caption(), "1 DN is unused: this ECP traces a single DN.");
   EXPECT_EQ(Refusal(), "");
   tab_.SaveData();
   EXPECT_EQ(SavedDns(), "N 5551/a.rft ");
   Choose(Ecp::WithMultipleDns);
   EXPECT_EQ(Rows(), "1:5551/a 3:5553/c ");
   EXPECT_EQ(tab_.lblUnused.Caption(), "");
+  tab_.SaveData();
+  tab_.SaveState();  // stored by now
+  Choose(Ecp::WithSingleDn);
+  EXPECT_EQ(Refusal(), "DN 5553 is stored with this study, but this ECP traces a single DN.");
 }
 
 TEST_F(RfcDetail, AStoredStudyFillsTheRowsOfItsEcp) {
@@ -320,14 +327,23 @@ TEST_F(RfcDetail, AStoredStudyFillsTheRowsOfItsEcp) {
   EXPECT_EQ(Rows(), "0:5552/b ");
   EXPECT_EQ(tab_.txtPath.Text() + tab_.txtPollingInterval.Text(), "/d7");
   Data().AddDn("5551", "a.txt");
+  Data().LookupFAF(6);
+  LoadStored();
+  tab_.txtPath.SetText(folder_.Path());
+  EXPECT_EQ(Rows(), "0:5552/b 1:5551/a.txt ");
+  EXPECT_EQ(Refusal(), "DN 5551 is stored with this study, but this ECP traces a single DN.");
+  tab_.cmdRemoveUnused.Click();
+  EXPECT_EQ(Refusal(), "");
   Data().LookupFAF(5);
+  host_.editor->changes.clear();
   LoadStored();
   EXPECT_EQ(Rows(), "1:5552/b 2:5551/a.txt ");
   EXPECT_EQ(tab_.lblInterval.Caption(), "(at least 2 for 2 DNs)");
   EXPECT_TRUE(host_.editor->changes.empty());
   host_.folders->answer = "/chosen";
   tab_.cmdBrowse.Click();
-  EXPECT_EQ(host_.editor->changes.size(), 1U);
+  tab_.cmdBrowse.Click();  // the same folder once more
+  EXPECT_EQ(host_.editor->changes.size(), 2U);
   tab_.SaveData();
   EXPECT_EQ(Data().Path() + std::to_string(study_->PollingInterval()), "/chosen7");
 }

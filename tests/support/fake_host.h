@@ -83,9 +83,10 @@ struct FakeDocuments : host::DocumentLibrary {
   std::vector<host::Document> documents = {{7, "Downtown"}, {9, "Harbour"}};
   std::optional<host::Document> nextNew;
 
-  std::shared_ptr<host::DocumentType> NewDocumentType() const override {
-    return std::make_shared<host::DocumentType>();
-  }
+  struct Type : host::DocumentType {};
+
+  std::shared_ptr<host::DocumentType> NewDocumentType() const override { return std::make_shared<Type>(); }
+  static bool Made(const host::DocumentType& type) { return dynamic_cast<const Type*>(&type); }
   std::vector<host::Document> Documents(const host::DocumentType&) const override { return documents; }
   std::optional<host::Document> AskForNewDocument(const host::DocumentType&) override {
     if (nextNew) documents.push_back(*nextNew);
@@ -106,8 +107,10 @@ struct FakeFileNameRules : host::FileNameRules {
 struct FakeFolderChooser : host::FolderChooser {
   std::optional<std::string> answer;
   bool fails = false;
+  WindowHandle owner = kNoWindow;
 
-  std::optional<std::string> ChooseFolder(const std::string&) override {
+  std::optional<std::string> ChooseFolder(const std::string&, WindowHandle window) override {
+    owner = window;
     if (fails) throw Error(ErrorNumber::ObjectNotSet, "no shell");
     return answer;
   }

@@ -188,17 +188,26 @@ TEST(Controls, AMaskKeepsItsOwnDigits) {
   box.SetMask("1-### (##)");
   box.SetText("55566");
   EXPECT_EQ(box.Text(), "1-555 (66)");
-  for (const auto& [edited, entered] : {std::pair{"1-555 (667)", "555667"},
-                                        {"1-5595 (66)", "559566"},
-                                        {"41-555 (66)", "455566"},
-                                        {"1-5 (66)", "566"},
-                                        {"", ""},
-                                        {"1-555 (66", "55566"},
-                                        {"1-555 66)", "55566"}}) {
+  const std::tuple<const char*, std::size_t, const char*> edits[] = {{"1-555 (667)", 10, "555667"},
+                                                                     {"1-5595 (66)", 6, "559566"},
+                                                                     {"41-555 (66)", 1, "455566"},
+                                                                     {"1-5 (66)", 3, "566"},
+                                                                     {"", 0, ""},
+                                                                     {"1-555 (66", 9, "55566"},
+                                                                     {"1-555 66)", 6, "55566"},
+                                                                     {"1-777 (88)", 10, "77788"},
+                                                                     {"1-7771-555 (66)", 5, "77755566"}};
+  for (const auto& [edited, caret, entered] : edits) {
     box.SetText("55566");
-    box.Edit(edited);
+    box.Edit(edited, caret);
     EXPECT_EQ(box.ClipText(), entered) << edited;
   }
+  for (const auto& [pasted, entered] : {std::pair{"777 (88)", "77788"}, {"1-77", "77"}, {"1777", "1777"}}) {
+    box.Select(0, box.Text().size());
+    box.Paste(pasted);
+    EXPECT_EQ(box.ClipText(), entered) << pasted;
+  }
+  box.SetText("55566");
   box.SetMask({});
   box.Paste(" a\nb \n");
   EXPECT_EQ(box.Text(), "55566a b");

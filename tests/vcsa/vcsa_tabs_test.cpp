@@ -69,16 +69,30 @@ TEST_F(VcsaTabs, AValidGeneralPageIsRemembered) {
   general_.txtDuration.SetText("45");
   EXPECT_EQ(RefusalOf(general_), "");
   EXPECT_EQ(host_.settings->remembered["VcsDuration"], "45");
+  host_.settings->remembered.clear();
+  general_.SaveState();
+  EXPECT_TRUE(host_.settings->remembered.empty()) << "written when it was valid, and not twice";
 }
 
 TEST_F(VcsaTabs, AFailingConfigurationLeavesStoredCellsAsTheyAre) {
   study_->SetIsNew(false);
   Data().AddCell(11, 1, 2, 37);
+  Data().AddCell(12, 1, 2, 38);
   AsCell(Data().Cells()->Item("Cell:11")).AddAntenna(0, 1, 3, 37, 1, true);
   host_.database->failure = "gone";
-  EXPECT_THROW(LoadBoth(), host::DatabaseError);
-  EXPECT_EQ(general_.dlvwCell.RowCount(), 1U);
+  LoadBoth();
+  EXPECT_EQ(general_.dlvwCell.RowCount(), 2U);
   EXPECT_EQ(AsCell(Data().Cells()->Item("Cell:11")).Antennas()->Count(), 1);
+  EXPECT_EQ(host_.database->queries.size(), 1U) << "who does not answer is asked once";
+  host_.database->failure.clear();
+  for (auto& [query, answer] : host_.database->answers) {
+    if (query.find("luc_cfg_ceqsu2") != std::string::npos && query.find("cell=37") != std::string::npos)
+      answer.rows = {{0, "x"}};  // no number
+  }
+  LoadBoth();
+  EXPECT_EQ(AsCell(Data().Cells()->Item("Cell:11")).Antennas()->Count(), 1);
+  EXPECT_EQ(AsCell(Data().Cells()->Item("Cell:12")).Antennas()->Count(), 1) << "the others are completed";
+  EXPECT_EQ(host_.errors->reports.size(), 2U);
 }
 
 TEST_F(VcsaTabs, EventsAreChosenAloneOrByShortcut) {

@@ -31,7 +31,9 @@ TEST_F(Life, APageOutlivesItsModel) {
 TEST_F(Life, AModelOutlivesItsPage) {
   const Count lost(page_->txtName.FocusLost);
   user_->Focus(page_->txtName);
+  EXPECT_NE(page_->txtArea.Window(), kNoWindow);
   user_->Close();
+  EXPECT_EQ(page_->txtArea.Window(), kNoWindow);
   EXPECT_EQ(lost.raised, 0);
   page_->txtName.SetText("x");
   page_->cboKind.SetItems({});

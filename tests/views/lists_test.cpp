@@ -133,6 +133,11 @@ TEST_F(Lists, AMaskedBoxIsEditedAroundItsLiteralsAndItsOwnDigits) {
   user_->Press("Backspace");
   user_->PasteByMenu("7");
   EXPECT_EQ(dn.Text(), "6664327");
+  for (const auto& [committed, entered] : {std::pair{"1-777-8888", "7778888"}, {"1", "1"}}) {
+    user_->Press("Ctrl+A");
+    user_->Commit(committed);
+    EXPECT_EQ(dn.Text(), entered);
+  }
 }
 
 }  // namespace

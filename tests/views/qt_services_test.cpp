@@ -20,6 +20,18 @@ TEST(FolderChooser, StartsAtTheNearestFolder) {
   EXPECT_EQ(qt::NearestFolder("relative/folder"), QDir::homePath());
 }
 
+TEST(FolderChooser, StandsOverTheWindowThatAsks) {
+  QWidget asking;
+  QWidget active;
+  active.show();
+  QApplication::setActiveWindow(&active);
+  QTimer::singleShot(0, [&asking] {
+    EXPECT_EQ(QApplication::activeModalWidget()->parentWidget(), &asking);
+    QApplication::activeModalWidget()->close();
+  });
+  EXPECT_EQ(qt::FolderChooser().ChooseFolder("", asking.winId()), std::nullopt);
+}
+
 TEST(MessageBox, ShowsPlainTextAndReturns) {
   qt::MessageBoxes messages([] { return std::string("Title"); });
   EXPECT_EQ(messages.ApplicationTitle(), "Title");
