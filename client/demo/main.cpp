@@ -11,6 +11,7 @@
 #include "client/demo/demo.h"
 #include "client/window/editor_view.h"
 #include "client/window/window_program.h"
+#include "store/studies/study_export.h"
 
 namespace kiv::client {
 
@@ -33,6 +34,16 @@ void ReopenSaved(const MainWindow& window, const UserHand& user, const QString& 
 }
 
 namespace {
+
+void ShowThatSavingKeepsStudies(Program& program) {
+  store::StudyStore& store = program.Store();
+  const std::string before = store::ExportStudies(store, {});
+  for (const store::StudySummary& study : store.List()) {
+    session::StudySession session(store, store.Load(study.id));
+    Expect(session.Save(program.UserName()), "It can be saved as it was opened.");
+  }
+  Expect(store::ExportStudies(store, {}) == before, "Every study is as it was before.");
+}
 
 int Run(int argc, char** argv) {
   const QString folder = QDir(QLatin1String(argc > 1 ? argv[1] : "out")).absolutePath();
@@ -62,6 +73,8 @@ int Run(int argc, char** argv) {
   ShowRfcStudy(program, window, user, folder);
   std::cout << "A VCSA study:\n";
   ShowVcsaStudy(program, window, user, folder);
+  std::cout << "Every study once more:\n";
+  ShowThatSavingKeepsStudies(program);
   std::cout << "Screenshots are in " << QDir::current().relativeFilePath(folder).toStdString() << "/.\n";
   return 0;
 }

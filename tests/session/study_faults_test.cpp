@@ -17,6 +17,7 @@
 #include "store/exchange/study_json.h"
 #include "store/names.h"
 #include "store/network/network_import.h"
+#include "store/studies/study_export.h"
 #include "support/studies_test.h"
 #include "vcsa/vcs_data.h"
 
@@ -154,6 +155,11 @@ TEST_F(StudyFaults, AreToldInTheSameWordsByImportCheckAndValidate) {
                      {"Antennas", Json::array()},
                      {"Carriers", Json::array()}});
   }
+  Json dns = Json::array();
+  for (int dn = 10; dn <= 20; ++dn) {
+    const std::string number = std::to_string(dn);
+    dns.push_back({{"Dn", "63055512" + number}, {"DataFile", "d" + number + ".rft"}});
+  }
   const Spoilt cases[] = {
       {kHomStudy, "/name", "a\nb", "must not hold line breaks or other control characters"},
       {kHomStudy, "/name", night, "must have at most 255 characters, not 256"},
@@ -208,6 +214,7 @@ TEST_F(StudyFaults, AreToldInTheSameWordsByImportCheckAndValidate) {
       {kRfcStudy, "/data/Ecps/0/EcpId", 77, "General: ECP 1-77 is not in the stored network"},
       {kRfcStudy, "/data/Ecps/0/InstanceId", 999, "ECP 1-1 has instance 1002 in the stored network, not 999"},
       {kRfcStudy, "/data/Ecps/0/InstanceId", 1001, "General: FAF information was not found for ECP:1"},
+      {kRfcStudy, "/data/DNs", dns, "Detail: DN 6305551220"},
       {kVcsStudy, "/data/EventC", "T", R"(Detail: EventC must be "Y" or "N", not "T")"},
       {kVcsStudy, "/data/DirectionalSetup", "x", R"(Detail: DirectionalSetup must be "Y" or "N", not "x")"},
       {kVcsStudy, "/data/CarrierData", "0", R"(Detail: CarrierData must be "Y" or "N", not "0")"},
@@ -242,6 +249,20 @@ TEST_F(StudyFaults, AreGoneOnceThePageIsChanged) {
   EXPECT_TRUE(session->IsValid()) << "opening and saving it stay possible";
   page.cboModeSelection.Select(0);
   EXPECT_THAT(Texts(session::ProblemsOf(*session)), ::testing::IsEmpty());
+}
+
+TEST_F(StudyFaults, AreNotMadeByOpeningAndSaving) {
+  ImportNetwork();
+  std::string text = store::ReadStudyFile(KIV_SAMPLE_NETWORK "/../../docs/export-format.md");
+  text = text.substr(text.find("```json\n") + 8);
+  const std::string file = folder_.File("example.json");
+  store::WriteStudyFile(file, text.substr(0, text.find("```")));
+  ASSERT_EQ(session::ImportStudies(store_, {file}, "ann").studies.size(), 4u);
+  host_.documents->documents = store_.Scenarios().List();
+  for (const auto& [kind, study] : good_) Stored(study);
+  const std::string before = store::ExportStudies(store_, {});
+  for (const store::StudySummary& study : store_.List()) EXPECT_TRUE(Save(*Reopened(study.id))) << study.id;
+  EXPECT_EQ(store::ExportStudies(store_, {}), before);
 }
 
 TEST_F(StudyFaults, AreWarningsWhereTheNetworkIsUnknown) {
