@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-#include "base/drive_type.h"
+#include "core/drive_type.h"
 #include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
 #include "host/services.h"
@@ -16,7 +16,7 @@ namespace {
 bool IsOnHardDiskOrNetwork(const std::string& path) {
   std::string description;
   const std::int32_t type = MKivStudyCtls::GetDriveTypeName(path, description);
-  return type == kDriveFixed || type == kDriveRemote;
+  return type == host::drive::kFixed || type == host::drive::kRemote;
 }
 
 bool IsExistingFolder(std::string_view path) {

@@ -3,7 +3,6 @@
 #include <string>
 #include <utility>
 
-#include "base/utf16.h"
 #include "core/entity_lists.h"
 #include "editor/kiv_study_ctls.h"
 #include "host/constants.h"
@@ -37,7 +36,7 @@ void TagKeyFilter(std::int16_t& keyCode) {
   const auto key = static_cast<char16_t>(keyCode);
   constexpr std::u16string_view kAlsoInTags = u"._";
   if (keyCode == ui::kBackspaceKey || kAlsoInTags.find(key) != std::u16string_view::npos) return;
-  if (IsAlphaNumeric(ToUtf8({&key, 1}))) return;
+  if (IsAlphaNumeric({&key, 1})) return;
   keyCode = 0;
   host::TheBeeper().Beep();
 }

@@ -57,11 +57,13 @@ TEST_F(EntityLists, ListsAreLoadedCellByCell) {
          {"KIV_LIST_ID", "INSTANCEID", "SYSTEMID", "ECPID", "CELLID", "ANTENNAID", "SELECTED"},
          {{7, 912, 1, 2, 37, 4, "Y"}, {7, 913, 1, 2, 37, 5, "y"}});
   Answer("SELECT * FROM KIV_Carrier_List WHERE KIV_List_Id = 7 AND CellId = 37 ORDER BY CarrierId",
-         {"InstanceId", "SystemId", "EcpId", "CellId", "CarrierId", "Selected"}, {{0, 1, 2, 37, 5, "Y"}});
+         {"InstanceId", "SystemId", "EcpId", "CellId", "CarrierId", "Selected"},
+         {{0, 1, 2, 37, 5, "Y"}, {0, "01", 2.0, "37.0", " 5", "N"}});  // told in other ways, the same one
   MSQL::LoadAntennaList(7, cells);
   MSQL::LoadCarrierList(7, cells);
   EXPECT_TRUE(cell_->Antennas()->Item("Antenna:912")->Selected());
   EXPECT_FALSE(cell_->Antennas()->Item("Antenna:913")->Selected());
+  EXPECT_EQ(cell_->Carriers()->Count(), 1);
   EXPECT_TRUE(cell_->Carriers()->Item("Carrier:1-2-37-5")->Selected());
   EXPECT_EQ(host_.database->timeouts, (std::vector<int>{60, 60}));
 }
@@ -84,12 +86,13 @@ TEST_F(EntityLists, TheConfigurationIsAskedForAntennasAndCarriers) {
   EXPECT_EQ(cell_->Antennas()->Item("Antenna:912")->AntennaID(), 4);
   EXPECT_EQ(cell_->Carriers()->Item("Carrier:1-2-37-3")->CarrierID(), 3);
 
-  Answer(carriers, {"cdma_carr_id"}, {{5}, {5}, {6}});
+  Answer(carriers, {"cdma_carr_id"}, {{5}, {"05"}, {1e6}});
   const auto other = MakeCell(7, 4711, 1, 2, 37);
   host_.database->queries.clear();
   MSQL::LookupConfigCarriers(*other);
   EXPECT_EQ(host_.database->queries, std::vector<std::string>{carriers});  // its own carriers suffice
   EXPECT_EQ(other->Carriers()->Count(), 2);
+  EXPECT_EQ(other->Carriers()->Item("Carrier:1-2-37-1000000")->CarrierID(), 1'000'000);
 
   EXPECT_EQ(MSQL::GetParentInstanceId("1-2-37"), 0);
   Answer("select * from vzn_instance_context where context_id=2 and fullkey='1-2-37'", {"ParentInstance_Id"},

@@ -46,9 +46,9 @@ TEST_F(RfcGeneral, ATagHasLettersDigitsDotsAndUnderscoresOnly) {
   tab_.txtTag.SetText(".x");
   EXPECT_EQ(Refusal(), "Tag cannot start with a '.'");
   tab_.txtTag.SetText("");
-  tab_.txtTag.Type("a-b c_1.Z$\bY");
-  EXPECT_EQ(tab_.txtTag.Text(), "abc_1.Y");
-  EXPECT_EQ(host_.beeper->beeps, 3);
+  tab_.txtTag.Type("a-b c_1.Z$\b\U0001D441\U0001D440Y");  // pairs with the low bytes of 5A and 5@
+  EXPECT_EQ(tab_.txtTag.Text(), "abc_1.\U0001D441Y");
+  EXPECT_EQ(host_.beeper->beeps, 4);
 }
 
 TEST_F(RfcGeneral, OneEcpOrUpToTheLimitOfCells) {

@@ -73,6 +73,18 @@ TEST_F(Lists, SortAndSelectWithMouseAndKeys) {
   EXPECT_EQ(Shown(), Cells{});
 }
 
+TEST_F(Lists, ShowTheHostsArrowsInPlaceOfTheirOwn) {
+  constexpr std::uint32_t kUp = 0xFF102030;
+  page_->list.SetSortImages({std::make_shared<Image>(Image{2, 2, {kUp, kUp}}), nullptr});
+  user_->ClickHeader(page_->list, 1);
+  EXPECT_EQ(user_->PictureOf(page_->list, 1), kUp);
+  EXPECT_EQ(user_->PictureOf(page_->list, 2), 0U);
+  EXPECT_EQ(user_->SortOf(page_->list, 1), ViewDriver::Sorted::No);
+  user_->ClickHeader(page_->list, 1);  // the host has no arrow down
+  EXPECT_EQ(user_->PictureOf(page_->list, 1), 0U);
+  EXPECT_EQ(user_->SortOf(page_->list, 1), ViewDriver::Sorted::Descending);
+}
+
 TEST_F(Lists, CheckBoxesShowTheChoiceOfTheModel) {
   AntennaChoiceList& choices = page_->choices;
   const auto cell = MakeCell(0, 1, 1, 2, 3);

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPixmap>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QScrollArea>
@@ -236,6 +237,11 @@ class QtDriver final : public ViewDriver {
     const QHeaderView& header = *The<QTreeView>(list).header();
     if (!header.isSortIndicatorShown() || header.sortIndicatorSection() != column) return Sorted::No;
     return header.sortIndicatorOrder() == Qt::AscendingOrder ? Sorted::Ascending : Sorted::Descending;
+  }
+  std::uint32_t PictureOf(const Control& list, int column) const override {
+    const QAbstractItemModel& model = *The<QTreeView>(list).model();
+    const auto picture = model.headerData(column, Qt::Horizontal, Qt::DecorationRole).value<QPixmap>();
+    return picture.isNull() ? 0 : picture.toImage().pixel(0, 0);
   }
 
  private:

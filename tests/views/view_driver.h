@@ -89,7 +89,10 @@ class ViewDriver {
   virtual std::vector<int> SelectedRowsOf(const Control& list) const = 0;
   virtual std::vector<bool> ChecksOf(const Control& list) const = 0;
   enum class Sorted { No, Ascending, Descending };
+  /// By the arrow of the view's own.
   virtual Sorted SortOf(const Control& list, int column) const = 0;
+  /// The first pixel, 0xAARRGGBB, of the picture that the header of a column has; 0 when it has none.
+  virtual std::uint32_t PictureOf(const Control& list, int column) const = 0;
 };
 
 /// The driver of the toolkit that the suite is linked with.
