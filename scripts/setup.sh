@@ -13,7 +13,7 @@ run        | libcli11-dev                                        | the command l
 run        | qt6-base-dev fonts-dejavu-core                      | the window, and letters in its pictures
 test       | libgmock-dev                                        | tests
 test bench | postgresql-15                                       | a server that tests and measurements start and stop
-test       | xvfb xdotool                                        | the window worked by a real pointer and real keys
+test       | xvfb xauth xdotool                                  | the window worked by a real pointer and real keys
 test       | clang-format clang-tidy                             | format and linter
 test       | g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix | the library for Windows
 test       | googletest wine wine64                              | its tests there

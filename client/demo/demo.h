@@ -17,8 +17,6 @@ inline constexpr int kUntilMarked = 400;  ///< milliseconds; live marks follow t
 
 /// Says what was seen.
 void Expect(bool condition, const char* what);
-/// The text of a visible box.
-QString TextOf(const UserHand& user, const QString& box);
 std::shared_ptr<host::Recordset> Rows(const Program& program, const std::string& query);
 
 /// Sees that the study is saved, closes it and opens it from the list.

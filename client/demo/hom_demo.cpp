@@ -32,7 +32,7 @@ void SeeRefusal(const UserHand& user) {
 
 void CompleteStudy(const UserHand& user) {
   user.Fill("txtDuration", "a4b5c");
-  Expect(TextOf(user, "txtDuration") == QLatin1String("45"), "Letters do not get into the duration box.");
+  Expect(user.TextOf("txtDuration") == QLatin1String("45"), "Letters do not get into the duration box.");
   user.ClickTab("tabs", 1);
   user.Click("chkCDMA(0)");
   user.Click("chkCDMA(3)");
@@ -49,7 +49,7 @@ void CompleteStudy(const UserHand& user) {
 
 void ReopenAndChange(const UserHand& user, MainWindow& window) {
   ReopenSaved(window, user, "6-list-of-studies");
-  Expect(TextOf(user, "txtDuration") == QLatin1String("45"), "Reopened, it shows the saved duration.");
+  Expect(user.TextOf("txtDuration") == QLatin1String("45"), "Reopened, it shows the saved duration.");
   user.Fill("txtDuration", "90");
   user.ClickTab("tabs", 1);
   user.Choose("cboModeSelection", "CDMA Heat");

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QLineEdit>
 #include <exception>
 #include <iostream>
 #include <stdexcept>
@@ -18,10 +17,6 @@ namespace kiv::client {
 void Expect(bool condition, const char* what) {
   if (!condition) throw std::runtime_error(std::string("Not as it should be: ") + what);
   std::cout << "  " << what << '\n';
-}
-
-QString TextOf(const UserHand& user, const QString& box) {
-  return qobject_cast<QLineEdit*>(user.Find(box))->text();
 }
 
 std::shared_ptr<host::Recordset> Rows(const Program& program, const std::string& query) {

@@ -73,7 +73,7 @@ void ChooseTdmaModes(const UserHand& user) {
 
 void ReopenAndChange(MainWindow& window, const UserHand& user) {
   ReopenSaved(window, user);
-  Expect(TextOf(user, "txtRetrieveDelay") == QLatin1String("5"), "Reopened, it shows the saved delay.");
+  Expect(user.TextOf("txtRetrieveDelay") == QLatin1String("5"), "Reopened, it shows the saved delay.");
   user.ClickTab("tabs", kTdmaPage);
   user.Click("obModeSelector(4)");
   Expect(qobject_cast<QPlainTextEdit*>(user.Find("txtChannelList"))->toPlainText() ==

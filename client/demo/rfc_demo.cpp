@@ -55,7 +55,7 @@ void RestrictRate(const UserHand& user) {
 void Reopen(MainWindow& window, const UserHand& user) {
   ReopenSaved(window, user);
   user.ClickTab("tabs", kDetailPage);
-  Expect(TextOf(user, "txtDirectoryNumber(5).edit") == QLatin1String("5550005"),
+  Expect(user.TextOf("txtDirectoryNumber(5).edit") == QLatin1String("5550005"),
          "Reopened, it shows its DNs.");
   user.TakePicture("21-rfc-reopened");
 }

@@ -37,51 +37,25 @@ TEST(InsertBatch, RowsOfOneTableAreJoined) {
             "insert  into s.T_1(a)\nvalues( 'x' ), ('y')");
 }
 
+std::vector<std::string> Texts(const auto&... texts) {
+  return {std::string(texts)...};
+}
+
 TEST(InsertBatch, NothingElseJoins) {
-  for (const std::string& sql : {"INSERT INTO T (A) VALUES (1) RETURNING A"s,
-                                 "INSERT INTO T (A) VALUES (1) ON CONFLICT DO NOTHING"s,
-                                 "INSERT INTO T (A) VALUES (1), (2)"s,
-                                 "INSERT INTO T (A) VALUES (1) -- one"s,
-                                 "INSERT INTO T (A) VALUES (1); DELETE FROM T"s,
-                                 "INSERT INTO T (A) VALUES (1);"s,
-                                 "INSERT INTO T (A) VALUES (1) "s,
-                                 "INSERT INTO T (A) SELECT 1"s,
-                                 "INSERT INTO T VALUES (1)"s,
-                                 "INSERT INTO T (A) VALUES ((SELECT max(A) FROM T))"s,
-                                 "INSERT INTO T (A) VALUES (now())"s,
-                                 "INSERT INTO T (A) VALUES (CURRENT_TIMESTAMP)"s,
-                                 "INSERT INTO T (A) VALUES (1 + 1)"s,
-                                 "INSERT INTO T (A) VALUES ('a' 'b')"s,
-                                 "INSERT INTO T (A) VALUES ('a' || 'b')"s,
-                                 "INSERT INTO T (A) VALUES (E'a')"s,
-                                 "INSERT INTO T (A) VALUES (x'00')"s,
-                                 "INSERT INTO T (A) VALUES (\"A\")"s,
-                                 "INSERT INTO T (A) VALUES (1x)"s,
-                                 "INSERT INTO T (A) VALUES (1e)"s,
-                                 "INSERT INTO T (A) VALUES (1.)"s,
-                                 "INSERT INTO T (A) VALUES (- 1)"s,
-                                 "INSERT INTO T (A) VALUES (?)"s,
-                                 "INSERT INTO T (A) VALUES ($1)"s,
-                                 "INSERT INTO T (A) VALUES ()"s,
-                                 "INSERT INTO T (A) VALUES (1,)"s,
-                                 "INSERT INTO T () VALUES (1)"s,
-                                 "INSERT INTO T (A) VALUES (1"s,
-                                 "INSERT INTO T (A) VALUES ('"s,
-                                 "INSERT INTO T (A) VALUES ('a"s,
-                                 "INSERT INTO T (A) VALUES ('a''"s,
-                                 "INSERT INTO T (A) VALUES ('a\0b')"s,
-                                 "INSERT INTO T (A) VALUES"s,
-                                 "INSERT INTO T (A /* ) VALUES (1) */) VALUES (1)"s,
-                                 "INSERT INTO \"T\" (A) VALUES (1)"s,
-                                 "INSERT INTO T AS X (A) VALUES (1)"s,
-                                 "INSERT INTO T (1) VALUES (1)"s,
-                                 "INSERTINTO T (A) VALUES (1)"s,
-                                 "INSERT INTO T (A) OVERRIDING SYSTEM VALUE VALUES (1)"s,
-                                 "INSERT OR IGNORE INTO T (A) VALUES (1)"s,
-                                 "REPLACE INTO T (A) VALUES (1)"s,
-                                 "DELETE FROM T"s,
-                                 ""s,
-                                 "("s}) {
+  std::vector<std::string> others = Texts(
+      "INSERT INTO T (A) SELECT 1", "INSERT INTO T VALUES (1)", "INSERT INTO T () VALUES (1)",
+      "INSERT INTO T (A) VALUES", "INSERT INTO T (A /* ) VALUES (1) */) VALUES (1)",
+      "INSERT INTO \"T\" (A) VALUES (1)", "INSERT INTO T AS X (A) VALUES (1)", "INSERT INTO T (1) VALUES (1)",
+      "INSERTINTO T (A) VALUES (1)", "INSERT INTO T (A) OVERRIDING SYSTEM VALUE VALUES (1)",
+      "INSERT OR IGNORE INTO T (A) VALUES (1)", "REPLACE INTO T (A) VALUES (1)", "DELETE FROM T", "", "(");
+  for (const std::string& values :
+       Texts("(1) RETURNING A", "(1) ON CONFLICT DO NOTHING", "(1), (2)", "(1) -- one", "(1); DELETE FROM T",
+             "(1);", "(1) ", "((SELECT max(A) FROM T))", "(now())", "(CURRENT_TIMESTAMP)", "(1 + 1)",
+             "('a' 'b')", "('a' || 'b')", "(E'a')", "(x'00')", "(\"A\")", "(1x)", "(1e)", "(1.)", "(- 1)",
+             "(?)", "($1)", "()", "(1,)", "(1", "('", "('a", "('a''", "('a\0b')"s)) {
+    others.push_back("INSERT INTO T (A) VALUES " + values);
+  }
+  for (const std::string& sql : others) {
     InsertBatch batch;
     EXPECT_FALSE(batch.Take(sql)) << sql;
     EXPECT_TRUE(batch.Empty()) << sql;

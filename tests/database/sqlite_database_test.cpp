@@ -11,8 +11,8 @@
 #include <string>
 
 #include "database/transaction.h"
-#include "support/open_folder.h"
 #include "support/rows_text.h"
+#include "support/temp_folder.h"
 
 namespace kiv::database {
 

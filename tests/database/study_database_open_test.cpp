@@ -14,9 +14,9 @@
 #include "database/sqlite/sqlite_file.h"
 #include "database/sqlite/sqlite_layout.h"
 #include "support/child_process.h"
-#include "support/open_folder.h"
 #include "support/ordinary_user.h"
 #include "support/rows_text.h"
+#include "support/temp_folder.h"
 
 namespace kiv::database {
 
@@ -126,51 +126,40 @@ TEST_F(StudyDatabaseOpen, OtherContentIsNotTouched) {
   }
   ASSERT_EQ(mkfifo(folder_.File("pipe").c_str(), 0666), 0);
   ExpectProblem(OpenProblem::NotADatabase, folder_.File("pipe"), "choose another");
-}
 
-TEST_F(StudyDatabaseOpen, DamagedDatabaseIsTold) {
-  const std::string path = NewStudyDatabase();
-  const std::string content = ReadFile(path);
-  WriteFile(path, content.substr(0, 100) + std::string(content.size() - 100, 'x'));
-  ExpectProblem(OpenProblem::Damaged, path, "restore it from a copy");
-}
-
-TEST_F(StudyDatabaseOpen, EmptyFileIsADatabaseOnlyWhenOneIsToBeMade) {
-  const std::string path = folder_.File("empty.db");
-  WriteFile(path, "");
+  const std::string damaged = NewStudyDatabase();
+  const std::string content = ReadFile(damaged);
+  WriteFile(damaged, content.substr(0, 100) + std::string(content.size() - 100, 'x'));
+  ExpectProblem(OpenProblem::Damaged, damaged, "restore it from a copy");
+  WriteFile(path, "");  // a database only when one is to be made
   ExpectProblem(OpenProblem::Empty, path, OpenMode::MustExist, "empty");
   EXPECT_EQ(std::filesystem::file_size(path), 0U);
   EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::CreateIfMissing)), "0;");
 }
 
-TEST_F(StudyDatabaseOpen, ForeignDatabaseIsNotTouched) {
-  const std::string path = NewStudyDatabase("foreign.db");
-  SqliteDatabase::Open(path, OpenMode::MustExist)->ExecuteSql("PRAGMA application_id = 7");
-  // Even playing back its journal is the business of the other program.
-  WriteHalfATransaction(path);
-  const std::string content = ReadFile(path);
-  const std::string journal = ReadFile(path + "-journal");
-  ExpectProblem(OpenProblem::Foreign, path, "another program");
-  EXPECT_TRUE(ReadFile(path) == content);
-  EXPECT_TRUE(ReadFile(path + "-journal") == journal);
-
+TEST_F(StudyDatabaseOpen, ForeignAndNewerDatabasesAreNotTouched) {
+  const auto expectUntouched = [this](const std::string& change, OpenProblem problem, const char* told) {
+    const std::string path = NewStudyDatabase(change);
+    const auto before = SqliteDatabase::Open(path, OpenMode::MustExist);
+    before->ExecuteSql(change);
+    EXPECT_THROW(UpgradeSchema(*before), OpenError) << "it became one while the file was open";
+    // Even playing back its journal is the business of the other program.
+    WriteHalfATransaction(path);
+    const std::string content = ReadFile(path);
+    const std::string journal = ReadFile(path + "-journal");
+    ExpectProblem(problem, path, told);
+    EXPECT_TRUE(ReadFile(path) == content);
+    EXPECT_TRUE(ReadFile(path + "-journal") == journal);
+  };
+  expectUntouched("PRAGMA application_id = 7", OpenProblem::Foreign, "another program");
+  expectUntouched("PRAGMA user_version = 99", OpenProblem::Newer, "install that version");
   const auto opened = SqliteDatabase::Open(folder_.File("other.db"), OpenMode::CreateIfMissing);
   opened->ExecuteSql("CREATE TABLE theirs (id INTEGER)");
   EXPECT_THROW(UpgradeSchema(*opened), OpenError);
   EXPECT_FALSE(opened->ColumnExists("kiv_study", "id"));
 }
 
-TEST_F(StudyDatabaseOpen, NewerDatabaseIsNotTouched) {
-  const std::string path = NewStudyDatabase();
-  const auto before = SqliteDatabase::Open(path, OpenMode::MustExist);
-  before->ExecuteSql("PRAGMA user_version = 99");
-  const std::string content = ReadFile(path);
-  ExpectProblem(OpenProblem::Newer, path, "install that version");
-  EXPECT_TRUE(ReadFile(path) == content);
-  EXPECT_THROW(UpgradeSchema(*before), OpenError) << "a newer program came while the file was open";
-}
-
-TEST_F(StudyDatabaseOpen, PermissionsAreTold) {
+TEST_F(StudyDatabaseOpen, WhatMayNotBeReadOrWrittenIsTold) {
   const std::string closedFile = NewStudyDatabase("closed.db");
   std::filesystem::permissions(closedFile, perms::none);
   std::filesystem::create_directory(folder_.File("closed"));
@@ -178,17 +167,32 @@ TEST_F(StudyDatabaseOpen, PermissionsAreTold) {
   const std::string inClosedFolder = NewStudyDatabase("closed/studies.db");
   std::filesystem::permissions(folder_.File("closed"), perms::none);
   std::filesystem::permissions(folder_.File("fixed"), kMayRead | kMayEnter);
+  const std::string empty = folder_.File("empty.db");
+  WriteFile(empty, "");
   WriteFile(folder_.File("plain"), "x");
+  const std::string older = folder_.File("older.db");
+  const auto old = SqliteDatabase::Open(older, OpenMode::CreateIfMissing);
+  UpgradeSchema(*old, 1);
+  old->ExecuteSql("INSERT INTO kiv_scenario VALUES (1, 'first')");
+  for (const std::string& file : {older, empty}) std::filesystem::permissions(file, kMayRead);
 
   const test::AsOrdinaryUser ordinary;
   ExpectProblem(OpenProblem::Unreadable, closedFile, "Permission denied");
   ExpectProblem(OpenProblem::Unreadable, inClosedFolder, "Permission denied");
-  ExpectProblem(OpenProblem::CannotCreate, folder_.File("fixed/studies.db"), OpenMode::CreateIfMissing,
-                "(unable to open database file). Choose a folder");
-  ExpectProblem(OpenProblem::CannotCreate, folder_.File("fixed/sub/studies.db"), OpenMode::CreateIfMissing,
-                "Permission denied");
-  ExpectProblem(OpenProblem::CannotCreate, folder_.File("plain/studies.db"), OpenMode::CreateIfMissing,
-                "Choose a folder");
+  for (const auto& [file, told] :
+       {std::pair{"fixed/studies.db", "(unable to open database file). Choose a folder"},
+        {"fixed/sub/studies.db", "Permission denied"},
+        {"plain/studies.db", "Choose a folder"},
+        {"empty.db", "write-protected"}}) {
+    ExpectProblem(OpenProblem::CannotCreate, folder_.File(file), OpenMode::CreateIfMissing, told);
+  }
+  for (const OpenMode mode : {OpenMode::MustExist, OpenMode::CreateIfMissing}) {
+    const auto database = OpenStudyDatabase(older, mode);
+    EXPECT_TRUE(database->ReadOnly());
+    EXPECT_EQ(SchemaVersion(*database), 1);
+    EXPECT_EQ(ScenarioCount(*database), "1;");
+    EXPECT_THROW(database->ExecuteSql("DELETE FROM kiv_scenario"), host::DatabaseError);
+  }
 }
 
 TEST_F(StudyDatabaseOpen, LockedDatabaseIsTold) {
@@ -198,28 +202,6 @@ TEST_F(StudyDatabaseOpen, LockedDatabaseIsTold) {
   ExpectProblem(OpenProblem::Locked, path, OpenMode::MustExist, "try again");
   other->ExecuteSql("ROLLBACK");
   EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(path, OpenMode::MustExist)), "1;");
-}
-
-TEST_F(StudyDatabaseOpen, WriteProtectedFileCanBeRead) {
-  const std::string path = folder_.File("old.db");
-  const auto old = SqliteDatabase::Open(path, OpenMode::CreateIfMissing);
-  UpgradeSchema(*old, 1);
-  old->ExecuteSql("INSERT INTO kiv_scenario VALUES (1, 'first')");
-  const std::string emptyPath = folder_.File("empty.db");
-  WriteFile(emptyPath, "");
-  for (const std::string& file : {path, emptyPath}) {
-    std::filesystem::permissions(file, kMayRead);
-  }
-
-  const test::AsOrdinaryUser ordinary;
-  for (const OpenMode mode : {OpenMode::MustExist, OpenMode::CreateIfMissing}) {
-    const auto database = OpenStudyDatabase(path, mode);
-    EXPECT_TRUE(database->ReadOnly());
-    EXPECT_EQ(SchemaVersion(*database), 1);
-    EXPECT_EQ(ScenarioCount(*database), "1;");
-    EXPECT_THROW(database->ExecuteSql("DELETE FROM kiv_scenario"), host::DatabaseError);
-  }
-  ExpectProblem(OpenProblem::CannotCreate, emptyPath, OpenMode::CreateIfMissing, "write-protected");
 }
 
 TEST_F(StudyDatabaseOpen, LookingAtAFileKeepsTheLocksOfThisProcess) {

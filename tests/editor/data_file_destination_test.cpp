@@ -5,6 +5,7 @@
 #include "editor/name_preview.h"
 #include "support/fake_host.h"
 #include "support/temp_folder.h"
+#include "support/test_page.h"
 
 namespace kiv {
 namespace {
@@ -24,10 +25,7 @@ class Destination : public ::testing::Test {
 
   test::FakeHost host_;
   test::TempFolder folder_;
-  struct Page : ui::Container {
-    Page() : Container(nullptr, "page") {}
-    void Accept(ui::ControlVisitor&) override {}
-  } page_;
+  test::TestPage page_;
   XKivDataFileDestination dest_{&page_, "XDest"};
 };
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_host.h"
+#include "support/test_page.h"
 
 namespace kiv {
 namespace {
@@ -39,10 +40,7 @@ class DropList : public ::testing::Test {
   }
 
   test::FakeHost host_;
-  struct Page : ui::Container {
-    Page() : Container(nullptr, "page") {}
-    void Accept(ui::ControlVisitor&) override {}
-  } page_;
+  test::TestPage page_;
   XDDListView list_{&page_, "dlvw"};
   std::string events_;
 };

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_host.h"
+#include "support/test_page.h"
 
 namespace kiv {
 namespace {
@@ -15,10 +16,7 @@ class DnBox : public ::testing::Test {
   }
 
   test::FakeHost host_;
-  struct Page : ui::Container {
-    Page() : Container(nullptr, "page") {}
-    void Accept(ui::ControlVisitor&) override {}
-  } page_;
+  test::TestPage page_;
   XDnBox box_{&page_, "dn"};
 };
 

@@ -40,39 +40,34 @@ std::string Picture(const Boxes& boxes, const ui::Button& button) {
 }
 
 struct DetailPictures : Detail {
-  std::string Tdma() { return Picture(tab_.chkTDMA, tab_.cmdTDMA); }
-  std::string Cdma() { return Picture(tab_.chkCDMA, tab_.cmdCDMA); }
+  /// The TDMA boxes, then the CDMA boxes.
+  std::string Groups() {
+    return Picture(tab_.chkTDMA, tab_.cmdTDMA) + ", " + Picture(tab_.chkCDMA, tab_.cmdCDMA);
+  }
 };
 
 TEST_F(DetailPictures, ANewStudyIsAmpsOnlyAndHeatModesCheckAndLockTheirGroup) {
   LoadNew();
   EXPECT_EQ(tab_.cboModeSelection.ListIndex(), 0);
   EXPECT_TRUE(tab_.chkAMPS.Checked());
-  EXPECT_EQ(Tdma(), "---- Select All");
-  EXPECT_EQ(Cdma(), "------ Select All");
+  EXPECT_EQ(Groups(), "---- Select All, ------ Select All");
   EXPECT_EQ(Refusal(), "");
   EXPECT_TRUE(host_.editor->changes.empty());
 
   tab_.chkCDMA[2].Click();
   tab_.cboModeSelection.Select(1);
-  EXPECT_EQ(Tdma(), "[xxxx] Select All");
-  EXPECT_EQ(Cdma(), "[------] Select All");
+  EXPECT_EQ(Groups(), "[xxxx] Select All, [------] Select All");
   EXPECT_FALSE(tab_.chkAMPS.Enabled());
   EXPECT_EQ(host_.editor->changes.size(), 2U);
   EXPECT_EQ(Refusal(), "");  // the locked AMPS box counts
   tab_.SaveData();
-  EXPECT_EQ(Data().HomMode(), 1);
-  EXPECT_EQ(Data().ToAmps() + Data().FromAmps() + Data().ToTdmaAmps() + Data().ToTdma() + Data().SemiSoft(),
-            "YYYYY");
-  EXPECT_EQ(Data().Hard() + Data().ToCdmaAmps() + Data().SemiSoftPrimary() + Data().SoftPrimary() +
-                Data().SoftAdd() + Data().SoftDrop(),
-            "NNNNNN");
+  std::string stored;
+  for (const NamedValue& field : Data().StoredFields()) stored += ToText(field.value);
+  EXPECT_EQ(stored, "1YYYYYNNNNNN");  // the mode, AMPS and TDMA, and no CDMA
   tab_.cboModeSelection.Select(2);
-  EXPECT_EQ(Tdma(), "[----] Select All");
-  EXPECT_EQ(Cdma(), "[xxxxxx] Select All");
+  EXPECT_EQ(Groups(), "[----] Select All, [xxxxxx] Select All");
   tab_.cboModeSelection.Select(0);
-  EXPECT_EQ(Tdma(), "---- Select All");
-  EXPECT_EQ(Cdma(), "------ Select All");
+  EXPECT_EQ(Groups(), "---- Select All, ------ Select All");
 
   tab_.chkAMPS.Click();  // without AMPS, a heat mode is refused as well
   EXPECT_EQ(Refusal(), "You must select at least one Handoff Type.");
@@ -88,31 +83,26 @@ TEST_F(DetailPictures, ButtonsAndBoxesOfOneGroupLockTheOther) {
   tab_.chkTDMA[0].Click();
   tab_.chkTDMA[0].Click();
   tab_.cmdCDMA.Click();
-  EXPECT_EQ(Tdma(), "[----] Select All");
-  EXPECT_EQ(Cdma(), "xxxxxx Clear All");
+  EXPECT_EQ(Groups(), "[----] Select All, xxxxxx Clear All");
   tab_.cmdTDMA.Click();  // locked
-  EXPECT_EQ(Cdma(), "xxxxxx Clear All");
+  EXPECT_EQ(Groups(), "[----] Select All, xxxxxx Clear All");
   tab_.cmdCDMA.Click();
-  EXPECT_EQ(Tdma(), "---- Select All");
-  EXPECT_EQ(Cdma(), "------ Select All");
+  EXPECT_EQ(Groups(), "---- Select All, ------ Select All");
   tab_.cmdTDMA.Click();
-  EXPECT_EQ(Tdma(), "xxxx Clear All");
-  EXPECT_EQ(Cdma(), "[------] Select All");
+  EXPECT_EQ(Groups(), "xxxx Clear All, [------] Select All");
   EXPECT_EQ(host_.editor->changes.size(), 5U);
 
   tab_.cmdTDMA.Click();
   tab_.chkCDMA[4].Click();
-  EXPECT_EQ(Tdma(), "[----] Select All");
-  EXPECT_EQ(Cdma(), "----x- Select All");
+  EXPECT_EQ(Groups(), "[----] Select All, ----x- Select All");
   for (const std::size_t i : {0, 1, 2, 3, 5}) tab_.chkCDMA[i].Click();
-  EXPECT_EQ(Cdma(), "xxxxxx Clear All");
+  EXPECT_EQ(Groups(), "[----] Select All, xxxxxx Clear All");
   tab_.chkCDMA[5].Click();
-  EXPECT_EQ(Cdma(), "xxxxx- Clear All");
+  EXPECT_EQ(Groups(), "[----] Select All, xxxxx- Clear All");
   for (const std::size_t i : {0, 1, 2, 3}) tab_.chkCDMA[i].Click();
-  EXPECT_EQ(Tdma(), "[----] Select All");
+  EXPECT_EQ(Groups(), "[----] Select All, ----x- Clear All");
   tab_.chkCDMA[4].Click();
-  EXPECT_EQ(Cdma(), "------ Select All");
-  EXPECT_EQ(Tdma(), "---- Select All");
+  EXPECT_EQ(Groups(), "---- Select All, ------ Select All");
 }
 
 TEST_F(DetailPictures, StoredStudyComesBackAsItWas) {
@@ -120,14 +110,13 @@ TEST_F(DetailPictures, StoredStudyComesBackAsItWas) {
   Data().SetSoftAdd("Y");
   LoadStored();
   EXPECT_FALSE(tab_.chkAMPS.Checked());
-  EXPECT_EQ(Tdma(), "[----] Select All");
-  EXPECT_EQ(Cdma(), "----x- Select All");
+  EXPECT_EQ(Groups(), "[----] Select All, ----x- Select All");
   EXPECT_EQ(Refusal(), "");
 
   Data().SetHomMode(2);
   LoadStored();
   EXPECT_EQ(tab_.cboModeSelection.ListIndex(), 2);
-  EXPECT_EQ(Cdma(), "[----x-] Select All");  // no box changes by loading
+  EXPECT_EQ(Groups(), "[----] Select All, [----x-] Select All");  // no box changes by loading
   EXPECT_FALSE(tab_.chkAMPS.Enabled());
 
   Data().SetHomMode(7);
@@ -137,7 +126,9 @@ TEST_F(DetailPictures, StoredStudyComesBackAsItWas) {
   EXPECT_TRUE(host_.editor->changes.empty());
 }
 
-TEST_F(Current, NewStudyCollectsNothing) {
+TEST_F(Current, ANewStudyCollectsNothingAndThenItsDirectoryAndNameAreChecked) {
+  LoadNew();
+  EXPECT_TRUE(tab_.chkStartOnFail.Checked());
   host_.settings->remembered = {{"CurStdPath", "/omp"}, {"CurStdDatafile", "cur"}, {"StartOnFail", "N"}};
   LoadNew();
   EXPECT_FALSE(tab_.chkCollectData.Checked());
@@ -146,15 +137,10 @@ TEST_F(Current, NewStudyCollectsNothing) {
   EXPECT_FALSE(tab_.chkStartOnFail.Checked());
   tab_.txtCurStdPath.SetText("not * checked");
   EXPECT_EQ(Refusal(), "");
+  tab_.txtCurStdPath.SetText("");
   tab_.chkCollectData.Click();
   EXPECT_TRUE(tab_.txtCurStdPath.Enabled());
-  EXPECT_EQ(host_.editor->changes.size(), 2U);
-}
-
-TEST_F(Current, ChecksTheDirectoryAndThenTheName) {
-  LoadNew();
-  tab_.chkCollectData.Click();
-  EXPECT_TRUE(tab_.chkStartOnFail.Checked());
+  EXPECT_EQ(host_.editor->changes.size(), 3U);
   EXPECT_EQ(Refusal(), "OMP-FX Directory is a required field.");
   EXPECT_TRUE(tab_.txtCurStdPath.HasFocus());
   tab_.txtCurStdPath.SetText("- x");

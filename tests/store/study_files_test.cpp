@@ -13,7 +13,6 @@
 #include "store/exchange/study_json.h"
 #include "store/studies/study_export.h"
 #include "support/engine_and_kind.h"
-#include "support/open_folder.h"
 #include "support/ordinary_user.h"
 #include "support/temp_folder.h"
 #include "support/test_store.h"

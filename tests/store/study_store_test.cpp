@@ -32,12 +32,7 @@ class Store : public ::testing::TestWithParam<std::tuple<test::Engine, Layout>>,
     session->SetName("It's \"quoted\" \\ ; -- \u20AC");
     return session;
   }
-  static XKivHomGen& General(session::StudySession& session) {
-    return dynamic_cast<XKivHomGen&>(*session.Tabs()[0]);
-  }
-  static XKivHomDetail& Detail(session::StudySession& session) {
-    return dynamic_cast<XKivHomDetail&>(*session.Tabs()[1]);
-  }
+  static XKivHomGen& General(const session::StudySession& session) { return test::Page<XKivHomGen>(session); }
 };
 
 std::string NameOf(const ::testing::TestParamInfo<Store::ParamType>& parameter) {
@@ -50,7 +45,7 @@ INSTANTIATE_TEST_SUITE_P(Layouts, Store,
                                             ::testing::Values(Layout::Earlier, Layout::Newest)),
                          NameOf);
 
-TEST_P(Store, AStudyIsStoredReopenedAndChanged) {
+TEST_P(Store, AStudyIsStoredReopenedChangedAndCopied) {
   const auto session = NewSession();
   EXPECT_TRUE(session->Modified());
   ASSERT_TRUE(session->Save("ann")) << host_.TakeMessage();
@@ -62,7 +57,7 @@ TEST_P(Store, AStudyIsStoredReopenedAndChanged) {
   EXPECT_EQ(General(*again).fdocCBScenario.SelectedID(), scenario_);
   EXPECT_EQ(General(*again).XDest.Filename(), "h$YY$MM$DD$HH$MI.hom");
   General(*again).txtDuration.SetText("90");
-  Detail(*again).cmdCDMA.Click();
+  test::Page<XKivHomDetail>(*again).cmdCDMA.Click();
   EXPECT_TRUE(again->Modified());
   ASSERT_TRUE(again->Save("bob"));
 
@@ -72,24 +67,30 @@ TEST_P(Store, AStudyIsStoredReopenedAndChanged) {
   EXPECT_EQ(studies[0].duration, 90);
   EXPECT_EQ(studies[0].modifiedBy, "bob");
   EXPECT_EQ(Rows("SoftDrop", "KIV_HomStudy"), "Y;");
-  EXPECT_EQ(Rows("count(*)", "KIV_HomStudy"), "1;");
+
+  General(*again).txtDuration.SetText("77");
+  ASSERT_TRUE(again->SaveCopy("The copy", "ann"));
+  EXPECT_NE(again->ID(), session->ID());
+  EXPECT_EQ(again->Name(), "The copy");
+  General(*again).txtDuration.SetText("78");
+  ASSERT_TRUE(again->Save("ann"));
+  EXPECT_EQ(store_.Load(session->ID()).record->Duration(), 90);
+  EXPECT_EQ(store_.Load(again->ID()).record->Duration(), 78);
 }
 
-TEST_P(Store, ARefusedTabStoresNothing) {
+TEST_P(Store, ARefusedOrFailedSaveLeavesNothingBehindAndKeepsTheInput) {
   const auto session = NewSession();
-  General(*session).txtDuration.SetText("5");
   std::string shownTab;
   session->TabRequired.Connect([&](const std::string& name) { shownTab = name; });
+  General(*session).txtDuration.SetText("5");
   EXPECT_FALSE(session->Save("ann"));
   EXPECT_EQ(host_.TakeMessage(), "Study Duration must be between 10 and 1439 minutes inclusive.");
   EXPECT_EQ(shownTab, "XKivHomGen");
-  EXPECT_TRUE(store_.List().empty());
+  General(*session).txtDuration.SetText("50");
+  const std::string name = session->Name();
   session->SetName("  ");
   EXPECT_THROW(session->Save("ann"), store::StoreError);
-}
-
-TEST_P(Store, AFailedSaveLeavesNothingBehindAndKeepsTheInput) {
-  const auto session = NewSession();
+  session->SetName(name);
   database_->BreakInserts(*connection_, "KIV_HomStudy", "disk on fire");
   try {
     session->Save("ann");
@@ -97,27 +98,18 @@ TEST_P(Store, AFailedSaveLeavesNothingBehindAndKeepsTheInput) {
   } catch (const host::DatabaseError& error) {
     EXPECT_EQ(store::FailureText(error), "disk on fire");
   }
+  database_->MendInserts(*connection_, "KIV_HomStudy");
+  store_.Scenarios().Remove(scenario_);
+  EXPECT_THROW(session->Save("ann"), store::ScenarioDeleted);
   EXPECT_TRUE(store_.List().empty());
   EXPECT_TRUE(session->IsNew());
   EXPECT_EQ(session->ID(), 0);
   EXPECT_TRUE(session->Modified());
-  database_->MendInserts(*connection_, "KIV_HomStudy");
-  EXPECT_TRUE(session->Save("ann"));
+  scenario_ = AddScenario("Harbour");
+  host::TheEvents().DocumentsChanged.Raise();
+  General(*session).fdocCBScenario.SelectID(scenario_);
+  EXPECT_TRUE(session->Save("ann")) << host_.TakeMessage();
   EXPECT_EQ(store_.List().size(), 1U);
-}
-
-TEST_P(Store, ACopyIsAStudyOfItsOwn) {
-  const auto session = NewSession();
-  ASSERT_TRUE(session->Save("ann"));
-  const std::int32_t original = session->ID();
-  General(*session).txtDuration.SetText("77");
-  ASSERT_TRUE(session->SaveCopy("The copy", "ann"));
-  EXPECT_NE(session->ID(), original);
-  EXPECT_EQ(session->Name(), "The copy");
-  General(*session).txtDuration.SetText("78");
-  ASSERT_TRUE(session->Save("ann"));
-  EXPECT_EQ(store_.Load(original).record->Duration(), 30);
-  EXPECT_EQ(store_.Load(session->ID()).record->Duration(), 78);
 }
 
 TEST_P(Store, TheLaterOfTwoSavesIsTold) {
@@ -140,10 +132,26 @@ TEST_P(Store, TheLaterOfTwoSavesIsTold) {
   EXPECT_TRUE(second->SaveCopy("Saved after all", "bob"));
 }
 
-TEST_P(Store, StudiesThatCannotBeReadAreNotEdited) {
-  EXPECT_THROW(store_.Load(999), store::StoreError);
+TEST_P(Store, DataThatAreMissingAreStoredAgainAndUnreadableOnesNotEdited) {
   const auto session = NewSession();
   ASSERT_TRUE(session->Save("ann"));
+  connection_->ExecuteSql("DELETE FROM KIV_HomStudy");
+  const auto again = Reopened(session->ID());
+  EXPECT_EQ(again->Data(), store::KindData::Missing);
+  General(*again).XDest.SetPath(folder_.Path());
+  General(*again).XDest.SetFilename("night");
+  test::Page<XKivHomDetail>(*again).chkAMPS.Click();
+  ASSERT_TRUE(again->Save("ann")) << host_.TakeMessage();
+  EXPECT_EQ(again->Data(), store::KindData::Complete);
+  EXPECT_EQ(Rows("DataFile", "KIV_HomStudy"), "night.hom;");
+  EXPECT_FALSE(again->IsNew());
+
+  connection_->ExecuteSql("DELETE FROM KIV_HomStudy");  // this time while the study is open
+  General(*again).XDest.SetFilename("day");
+  ASSERT_TRUE(again->Save("ann"));
+  EXPECT_EQ(Rows("DataFile", "KIV_HomStudy"), "day.hom;");
+
+  EXPECT_THROW(store_.Load(999), store::StoreError);
   connection_->ExecuteSql("ALTER TABLE KIV_HomStudy RENAME TO gone");
   try {
     store_.Load(session->ID());
@@ -154,38 +162,6 @@ TEST_P(Store, StudiesThatCannotBeReadAreNotEdited) {
               std::string::npos)
         << told;
   }
-}
-
-TEST_P(Store, MissingDataOfAKindAreNoticedAndStoredAgain) {
-  const auto session = NewSession();
-  ASSERT_TRUE(session->Save("ann"));
-  connection_->ExecuteSql("DELETE FROM KIV_HomStudy");
-  const auto again = Reopened(session->ID());
-  EXPECT_EQ(again->Data(), store::KindData::Missing);
-  General(*again).XDest.SetPath(folder_.Path());
-  General(*again).XDest.SetFilename("night");
-  Detail(*again).chkAMPS.Click();
-  ASSERT_TRUE(again->Save("ann")) << host_.TakeMessage();
-  EXPECT_EQ(again->Data(), store::KindData::Complete);
-  EXPECT_EQ(Rows("DataFile", "KIV_HomStudy"), "night.hom;");
-  EXPECT_FALSE(again->IsNew());
-
-  connection_->ExecuteSql("DELETE FROM KIV_HomStudy");  // this time while the study is open
-  General(*again).XDest.SetFilename("day");
-  ASSERT_TRUE(again->Save("ann"));
-  EXPECT_EQ(Rows("DataFile", "KIV_HomStudy"), "day.hom;");
-}
-
-TEST_P(Store, AScenarioThatWasDeletedMeanwhileIsTold) {
-  const auto session = NewSession();
-  store_.Scenarios().Remove(scenario_);
-  EXPECT_THROW(session->Save("ann"), store::ScenarioDeleted);
-  EXPECT_TRUE(session->IsNew());
-  EXPECT_TRUE(store_.List().empty());
-  scenario_ = AddScenario("Harbour");
-  host::TheEvents().DocumentsChanged.Raise();
-  General(*session).fdocCBScenario.SelectID(scenario_);
-  EXPECT_TRUE(session->Save("ann")) << host_.TakeMessage();
 }
 
 TEST_P(Store, ScenariosHaveNamesOfTheirOwn) {

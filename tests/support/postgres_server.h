@@ -1,7 +1,6 @@
 #pragma once
 
-#include <sys/types.h>
-
+#include <cstdio>
 #include <filesystem>
 #include <string>
 
@@ -35,8 +34,7 @@ class PostgresServer {
 
   std::filesystem::path folder_;
   int port_ = 0;
-  int lifeline_ = -1;  ///< the server ends when the last copy of this pipe end is closed
-  pid_t keeper_ = -1;
+  std::FILE* lifeline_ = nullptr;  ///< the server ends when the last copy of this pipe end is closed
   int databases_ = 0;
 };
 

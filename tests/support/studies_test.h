@@ -64,10 +64,13 @@ class StudiesTest {
   std::int32_t scenario_ = 0;
 };
 
-/// A suite that every engine has to pass.
-class EachEngine : public ::testing::TestWithParam<Engine>, protected StudiesTest {
- protected:
-  EachEngine() : StudiesTest(GetParam()) {}
-};
+/// The page of this class in an editor.
+template <class TabType>
+TabType& Page(const session::StudySession& session) {
+  for (Tab* tab : session.HeaderAndTabs()) {
+    if (auto* page = dynamic_cast<TabType*>(tab)) return *page;
+  }
+  throw Error(ErrorNumber::InvalidArgument, "no such page");
+}
 
 }  // namespace kiv::test

@@ -31,4 +31,11 @@ class TempFolder {
   std::filesystem::path path_;
 };
 
+/// One that every user may enter and write.
+struct OpenFolder : TempFolder {
+  OpenFolder() : TempFolder(std::filesystem::temp_directory_path()) {
+    std::filesystem::permissions(Path(), std::filesystem::perms::all);
+  }
+};
+
 }  // namespace kiv::test

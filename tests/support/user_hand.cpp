@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPixmap>
 #include <QPointer>
 #include <QTabBar>
@@ -26,6 +28,7 @@ constexpr int kSettleMs = 60;  // layouts and closed editors catch up
 
 /// Without a window manager nobody gives the focus back when a dialog has closed; then this does.
 QWidget* ActiveWindow() {
+  if (QWidget* menu = QApplication::activePopupWidget()) return menu;
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
   if (QWidget* window = QApplication::activeWindow()) return window;
   for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -34,13 +37,6 @@ QWidget* ActiveWindow() {
     return window;
   }
   Fail(QStringLiteral("no window is open"));
-}
-
-/// The widget that the keyboard goes to.
-QWidget* FocusWidget() {
-  QWidget* window = ActiveWindow();
-  if (QWidget* widget = window->focusWidget()) return widget;
-  return window;
 }
 
 }  // namespace
@@ -54,12 +50,16 @@ QWidget* UserHand::Find(const QString& name) const {
   Fail(QStringLiteral("nothing visible is named ") + name);
 }
 
+QString UserHand::TextOf(const QString& name) const {
+  const QWidget* widget = Find(name);
+  const bool isList = qobject_cast<const QComboBox*>(widget) != nullptr;
+  return widget->property(isList ? "currentText" : "text").toString();
+}
+
 void UserHand::Click(const QString& name) const {
   QWidget* widget = Find(name);
   if (!widget->isEnabled()) Fail(name + QStringLiteral(" cannot be used now"));
-  // The left edge: a click beside a check box's caption would miss.
-  const int fromLeft = std::min(widget->width(), widget->height()) / 2;
-  QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(fromLeft, widget->height() / 2));
+  QTest::mouseClick(widget, Qt::LeftButton, {}, EdgeOf(*widget));
 }
 
 void UserHand::ClickTab(const QString& tabWidget, int index) const {
@@ -86,11 +86,33 @@ void UserHand::Choose(const QString& name, const QString& entry) const {
 }
 
 void UserHand::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
-  QTest::keyClick(FocusWidget(), key, modifiers);
+  QTest::keyClick(KeyTarget(), key, modifiers);
 }
 
 void UserHand::Type(const QString& text) const {
-  for (const QChar character : text) QTest::keyClick(FocusWidget(), character.toLatin1());
+  for (const QChar character : text) QTest::keyClick(KeyTarget(), character.toLatin1());
+}
+
+QWidget* UserHand::KeyTarget() const {
+  QWidget* window = ActiveWindow();
+  QWidget* focused = window->focusWidget();
+  return focused && focused->isVisible() ? focused : window;
+}
+
+QPoint UserHand::EdgeOf(const QWidget& widget) {
+  return {std::min(widget.width(), widget.height()) / 2, widget.height() / 2};
+}
+
+bool UserHand::Drop(QWidget& target, const char* format) {
+  QMimeData data;
+  data.setData(QLatin1String(format), "x");
+  const QPoint where(20, 40);
+  QDragEnterEvent enter(where, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&target, &enter);
+  if (!enter.isAccepted()) return false;
+  QDropEvent drop(where, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&target, &drop);
+  return true;
 }
 
 void UserHand::During(const std::function<void()>& action, const InDialog& inDialog) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPoint>
 #include <QString>
 #include <Qt>
 #include <functional>
@@ -18,6 +19,8 @@ class UserHand {
 
   /// The visible widget of this object name in the active window.
   QWidget* Find(const QString& name) const;
+  /// What a box, a label or a drop-down list shows.
+  QString TextOf(const QString& name) const;
   void Click(const QString& name) const;
   /// Picks a page of the tab widget of this name.
   void ClickTab(const QString& tabWidget, int index) const;
@@ -28,6 +31,12 @@ class UserHand {
   /// Presses a key wherever the focus is.
   void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const;
   void Type(const QString& text) const;
+  /// Where keys go: the widget with the focus, or the window itself.
+  QWidget* KeyTarget() const;
+  /// The left edge of a widget: a click beside a check box's caption would miss.
+  static QPoint EdgeOf(const QWidget& widget);
+  /// Drops something of a format; whether the widget took it.
+  static bool Drop(QWidget& target, const char* format);
 
   using InDialog = std::function<void(QWidget& dialog)>;
   /// Runs an action that opens dialogs, and meanwhile what the user does with each of them.

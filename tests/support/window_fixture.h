@@ -1,43 +1,40 @@
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QLabel>
 #include <QTabWidget>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
+#include <vector>
 
-#include "client/window/main_window.h"
-#include "client/window/window_program.h"
-#include "client/window/window_settings.h"
-#include "support/temp_folder.h"
+#include "support/program_window.h"
 #include "support/user_hand.h"
 
 namespace kiv::client {
 
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
 /// The program's window and a user in front of it, with a database file of their own.
 class Window : public ::testing::Test {
  protected:
-  Window() {
-    program_ = std::make_unique<Program>();
-    StartWithWindow(*program_);
-    WindowSettings(program_->Settings()).clear();
-    window_ = std::make_unique<MainWindow>(*program_);
-    window_->show();
-    QApplication::setActiveWindow(window_.get());
-  }
-
   void Open() { window_->OpenDatabase(database_, Program::WhenMissing::Create); }
-  /// Chooses an entry of a menu.
-  void Trigger(const QString& text) const {
-    for (auto* action : window_->findChildren<QAction*>()) {
-      if (action->text().remove('&') == text) return action->trigger();
+  /// The action or the button that reads so.
+  template <class Chosen>
+  static Chosen& Reading(const QWidget& window, const QString& text) {
+    for (auto* found : window.findChildren<Chosen*>()) {
+      if (found->text().remove('&') == text) return *found;
     }
-    ADD_FAILURE() << "no action " << text.toStdString();
+    throw std::runtime_error("nothing reads " + text.toStdString());
+  }
+  void Trigger(const QString& text) const { Reading<QAction>(*window_, text).trigger(); }
+  static void PressButton(const QWidget& dialog, const QString& text) {
+    Reading<QAbstractButton>(dialog, text).click();
   }
   /// A new HOM study with valid input.
   void StartStudy() {
@@ -63,24 +60,22 @@ class Window : public ::testing::Test {
     const QWidget* focused = window_->focusWidget();
     return focused ? focused->objectName().toStdString() : "";
   }
-  QString Preview() const { return qobject_cast<QLabel*>(user_.Find("lblPreview"))->text(); }
-  QString StartText() const { return window_->findChild<QLabel*>("startText")->text(); }
+  std::string TextOf(const QString& name) const { return user_.TextOf(name).toStdString(); }
+  template <class Widget>
+  Widget& The(const QString& name) const {
+    return *qobject_cast<Widget*>(user_.Find(name));
+  }
+  std::vector<store::StudySummary> Stored() const { return program_->Store().List(); }
   /// Presses the button of a question that an action asks.
   void Answer(const std::function<void()>& action, const QString& button) {
     user_.During(action, [&](QWidget& dialog) { PressButton(dialog, button); });
   }
-  static void PressButton(QWidget& dialog, const QString& text) {
-    for (auto* button : dialog.findChildren<QAbstractButton*>()) {
-      if (button->text().remove('&') == text) return button->click();
-    }
-    ADD_FAILURE() << "no button " << text.toStdString();
-    dialog.close();
-  }
 
   test::TempFolder folder_;
   std::string database_ = folder_.File("studies.db");
-  std::unique_ptr<Program> program_;
-  std::unique_ptr<MainWindow> window_;
+  test::ProgramWindow shown_;
+  Program* const program_ = &shown_.program;
+  std::unique_ptr<MainWindow>& window_ = shown_.window;
   UserHand user_{qEnvironmentVariable("KIV_PICTURES")};
 };
 

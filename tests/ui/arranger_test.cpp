@@ -7,6 +7,7 @@
 
 #include "editor/study_tabs.h"
 #include "support/fake_host.h"
+#include "support/test_page.h"
 #include "ui/caption.h"
 #include "ui/control_traits.h"
 #include "ui/control_visitor.h"
@@ -17,8 +18,15 @@ namespace {
 /// A platform whose characters are all alike.
 class PlainMeasures : public PageMeasures {
  public:
-  Size Least(const PlanItem& item) const override { return Measured(item, true); }
-  Size Preferred(const PlanItem& item) const override { return Measured(item, false); }
+  Size Least(const PlanItem& item) const override {
+    if (IsText(item)) return {item.wraps ? std::min(TextWidth(item), kWrapped) : TextWidth(item), kLine};
+    const bool isTall = item.growsDown || TraitsOf(*item.control).role == Role::List;
+    return isTall ? Size{120, 80} : Size{24 + TextWidth(item), 22};
+  }
+  Size Preferred(const PlanItem& item) const override {
+    const Size least = Least(item);
+    return {IsText(item) ? TextWidth(item) : 2 * least.width, least.height};
+  }
   int HeightFor(const PlanItem& text, int width) const override {
     return kLine * std::max(1, (TextWidth(text) + width - 1) / std::max(width, 1));
   }
@@ -31,23 +39,12 @@ class PlainMeasures : public PageMeasures {
   static constexpr int kLine = 15;
   static constexpr int kWrapped = 20 * kCharacter;
 
+  static bool IsText(const PlanItem& item) {
+    return !item.control || TraitsOf(*item.control).role == Role::Label;
+  }
   static int TextWidth(const PlanItem& item) {
     const std::string* caption = item.control ? TraitsOf(*item.control).caption : &item.text;
     return caption ? kCharacter * static_cast<int>(PlainCaption(*caption).size()) : 0;
-  }
-  static Size Measured(const PlanItem& item, bool least) {
-    const Role role = item.control ? TraitsOf(*item.control).role : Role::Label;
-    switch (role) {
-      case Role::Text:
-        if (item.growsDown) return {110, least ? 60 : 120};
-        return {item.width == BoxWidth::Short ? 50 : least ? 60 : 140, 22};
-      case Role::List: return {least ? 120 : 250, least ? 80 : 110};
-      case Role::DropDownList: return {110, 22};
-      case Role::CheckBox:
-      case Role::RadioButton:
-      case Role::PushButton: return {24 + TextWidth(item), 22};
-      default: return {item.wraps && least ? std::min(TextWidth(item), kWrapped) : TextWidth(item), kLine};
-    }
   }
 };
 
@@ -128,9 +125,7 @@ TEST(Arranger, PlacesEveryPageWithoutOverlap) {
 }
 
 TEST(Arranger, HiddenPartsTakeNoRoomAndTextsWrap) {
-  struct Page : Container {
-    Page() : Container(nullptr, "page") {}
-    void Accept(ControlVisitor&) override {}
+  struct Page : test::TestPage {
     TextBox first{this, "first"};
     TextBox second{this, "second"};
     CheckBox check{this, "check"};

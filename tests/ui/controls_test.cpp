@@ -6,6 +6,7 @@
 #include "base/error.h"
 #include "base/utf16.h"
 #include "support/raised.h"
+#include "support/test_page.h"
 #include "ui/control_array.h"
 #include "ui/control_visitor.h"
 #include "ui/row_order.h"
@@ -13,10 +14,7 @@
 namespace kiv::ui {
 namespace {
 
-struct Page : Container {
-  Page() : Container(nullptr, "page") {}
-  void Accept(ControlVisitor&) override {}
-
+struct Page : test::TestPage {
   Frame frame{this, "frame"};
   TextBox box{&frame, "box"};
   ControlArray<CheckBox, 3> checks{&frame, "check"};

@@ -10,24 +10,24 @@ TEST_F(Focus, GoesBothWaysOnce) {
   page_->FocusChanged.Connect([&events](ui::Control& control) { events.push_back("to " + control.Name()); });
   page_->txtCount.FocusLost.Connect([&events] { events.emplace_back("lost"); });
   page_->txtCount.SetFocus();
-  EXPECT_TRUE(user_->HasFocus(page_->txtCount));
+  EXPECT_TRUE(user_->See(page_->txtCount).focused);
   user_->Focus(page_->cboKind);
   EXPECT_TRUE(page_->cboKind.HasFocus());
   user_->Click(page_->txtTo);
   EXPECT_TRUE(page_->txtTo.HasFocus());
   EXPECT_EQ(events, (std::vector<std::string>{"to txtCount", "lost", "to cboKind", "to txtTo"}));
   page_->txtTo.SetEnabled(false);
-  EXPECT_FALSE(page_->txtTo.HasFocus() || user_->HasFocus(page_->txtTo));
+  EXPECT_FALSE(page_->txtTo.HasFocus() || user_->See(page_->txtTo).focused);
 }
 
 TEST_F(Focus, AHandlerMayHoldIt) {
   page_->txtCount.SetFocus();
   page_->txtName.FocusLost.Connect([this] { page_->chkUse.SetFocus(); });
   page_->txtName.SetFocus();
-  user_->Press(Key::Tab);
+  user_->Press("Tab");
   const ui::Control* focused = page_->FocusedControl();
   ASSERT_NE(focused, nullptr);
-  EXPECT_TRUE(user_->HasFocus(*focused));
+  EXPECT_TRUE(user_->See(*focused).focused);
 }
 
 TEST_F(Focus, StaysWhileAnotherWindowOrADropDownListTakesOver) {
@@ -37,7 +37,7 @@ TEST_F(Focus, StaysWhileAnotherWindowOrADropDownListTakesOver) {
   // What a check does after its message box: the window is not active again yet.
   page_->txtTo.SetFocus();
   user_->ComeBack();
-  EXPECT_TRUE(user_->HasFocus(page_->txtTo));
+  EXPECT_TRUE(user_->See(page_->txtTo).focused);
   EXPECT_TRUE(page_->txtTo.HasFocus());
 
   const Count lost(page_->cboKind.FocusLost);
@@ -50,14 +50,14 @@ TEST_F(Focus, StaysWhileAnotherWindowOrADropDownListTakesOver) {
 
 TEST_F(Focus, ComesIntoViewAlsoOnAPageThatWasHidden) {
   user_->Resize(220, 110);
-  EXPECT_FALSE(user_->IsInView(page_->txtFrom));
+  EXPECT_FALSE(user_->See(page_->txtFrom).inView);
   page_->txtFrom.SetFocus();
-  EXPECT_TRUE(user_->IsInView(page_->txtFrom));
+  EXPECT_TRUE(user_->See(page_->txtFrom).inView);
   user_->Hide();
   page_->txtName.SetFocus();
   user_->ShowAgain();
-  EXPECT_TRUE(user_->HasFocus(page_->txtName));
-  EXPECT_TRUE(user_->IsInView(page_->txtName));
+  EXPECT_TRUE(user_->See(page_->txtName).focused);
+  EXPECT_TRUE(user_->See(page_->txtName).inView);
 }
 
 TEST_F(Focus, TheTabKeyFollowsTheLayoutAndStopsAtTheChosenOption) {
@@ -69,7 +69,7 @@ TEST_F(Focus, TheTabKeyFollowsTheLayoutAndStopsAtTheChosenOption) {
   page_->txtName.SetFocus();
   for (const ui::Control* control : order) {
     EXPECT_TRUE(control->HasFocus()) << control->Name();
-    user_->Press(Key::Tab);
+    user_->Press("Tab");
   }
   EXPECT_EQ(page_->txtLines.Text(), "");
 }
@@ -77,37 +77,34 @@ TEST_F(Focus, TheTabKeyFollowsTheLayoutAndStopsAtTheChosenOption) {
 TEST_F(Focus, TheArrowKeysMoveTheChoice) {
   page_->optRow.SetIndex(1);
   page_->optRow[1].SetFocus();
-  user_->Press(Key::Down);
+  user_->Press("Down");
   EXPECT_EQ(page_->optRow.Index(), 2);
-  user_->Press(Key::Right);
+  user_->Press("Right");
   EXPECT_EQ(page_->optRow.Index(), 0);
-  user_->Press(Key::Up);
+  user_->Press("Up");
   EXPECT_EQ(page_->optRow.Index(), 2);
-  EXPECT_TRUE(user_->HasFocus(page_->optRow[2]));
+  EXPECT_TRUE(user_->See(page_->optRow[2]).focused);
   page_->optRow.Changed.Connect([this] {
     page_->optRow.SetIndex(2);
     page_->txtName.SetFocus();
   });
-  user_->Press(Key::Up);
-  EXPECT_EQ(user_->CheckOf(page_->optRow[2]), ui::CheckState::Checked);
-  EXPECT_TRUE(user_->HasFocus(page_->txtName));
+  user_->Press("Up");
+  EXPECT_EQ(user_->See(page_->optRow[2]).check, ui::CheckState::Checked);
+  EXPECT_TRUE(user_->See(page_->txtName).focused);
 }
 
 TEST_F(Focus, MnemonicsReachFieldsAndButtons) {
   const Count clicks(page_->cmdGo.Clicked);
-  page_->txtName.SetFocus();
-  user_->Press('O', With::Alt);
-  EXPECT_TRUE(page_->txtCount.HasFocus());
-  user_->Press('A', With::Alt);
-  EXPECT_TRUE(page_->txtArea.HasFocus());
   page_->lblArea.SetCaption("&City:");
-  user_->Press('K', With::Alt);
-  EXPECT_TRUE(page_->cboKind.HasFocus());
-  user_->Press('C', With::Alt);
-  EXPECT_TRUE(page_->txtArea.HasFocus());
-  user_->Press('U', With::Alt);
+  for (const auto& [keys, control] : {std::pair<const char*, ui::Control*>{"Alt+O", &page_->txtCount},
+                                      {"Alt+K", &page_->cboKind},
+                                      {"Alt+C", &page_->txtArea}}) {
+    user_->Press(keys);
+    EXPECT_TRUE(control->HasFocus()) << keys;
+  }
+  user_->Press("Alt+U");
   EXPECT_TRUE(user_->WaitFor([this] { return page_->chkUse.Checked(); }));
-  user_->Press('G', With::Alt);
+  user_->Press("Alt+G");
   EXPECT_TRUE(user_->WaitFor([&clicks] { return clicks.raised == 1; }));
 }
 

@@ -13,15 +13,15 @@ using ui::CheckState;
 TEST_F(Input, TypedCharactersPassTheFilter) {
   user_->Focus(page_->txtCount);
   user_->Type("1a2 b3");
-  user_->Press(Key::Backspace);
+  user_->Press("Backspace");
   EXPECT_EQ(page_->txtCount.Text(), "12");
   page_->filtered = 0;
-  user_->Press(Key::Home);
-  user_->Press('9', With::Alt);
-  user_->Press('Z', With::Control);
+  user_->Press("Home");
+  user_->Press("Alt+9");
+  user_->Press("Ctrl+Z");
   EXPECT_EQ(page_->filtered, 0);
   EXPECT_NE(page_->txtCount.Text(), "912");
-  EXPECT_EQ(user_->TextOf(page_->txtCount), page_->txtCount.Text());
+  EXPECT_EQ(user_->See(page_->txtCount).text, page_->txtCount.Text());
 
   page_->txtCount.SetText("");
   user_->Commit("7é8\U0001F600");
@@ -33,24 +33,24 @@ TEST_F(Input, TypedCharactersPassTheFilter) {
 
   user_->Focus(page_->txtLines);
   user_->Type("1x2");
-  user_->Press(Key::Return);
+  user_->Press("Return");
   EXPECT_EQ(page_->txtLines.Text(), "12\n");
 }
 
 TEST_F(Input, PasteAndUndoPassTheFilterBy) {
   page_->txtCount.SetText("12");
   user_->Focus(page_->txtCount);
-  user_->Press(Key::End);
+  user_->Press("End");
   page_->filtered = 0;
   user_->PasteByMenu("x\ny\r\n");
   EXPECT_EQ(page_->txtCount.Text(), "12x y");
-  EXPECT_EQ(user_->TextOf(page_->txtCount), "12x y");
+  EXPECT_EQ(user_->See(page_->txtCount).text, "12x y");
   EXPECT_EQ(page_->filtered, 0);
 
   user_->Focus(page_->txtName);
   user_->Type("ab");
   user_->Undo();
-  EXPECT_EQ(user_->TextOf(page_->txtName), "");
+  EXPECT_EQ(user_->See(page_->txtName).text, "");
   EXPECT_EQ(page_->txtName.Text(), "");
 
   user_->Focus(page_->txtLines);
@@ -70,7 +70,7 @@ TEST_F(Input, EachActRaisesOneEvent) {
   user_->Type("ab");
   user_->Click(page_->chkUse);
   user_->Focus(page_->cboKind);
-  user_->Press(Key::Down);
+  user_->Press("Down");
   user_->Click(page_->cmdGo);
   const auto raised = [&] {
     return std::vector{text.raised, lines.raised, box.raised, list.raised, button.raised};
@@ -89,26 +89,26 @@ TEST_F(Input, ShowsWhatTheModelMadeOfIt) {
   page_->chkUse.SetState(CheckState::Grayed);
   user_->Focus(page_->chkUse);
   for (int i = 0; i < 2; ++i) {
-    user_->Press(Key::Space);
-    EXPECT_EQ(user_->CheckOf(page_->chkUse), CheckState::Unchecked);
+    user_->Press("Space");
+    EXPECT_EQ(user_->See(page_->chkUse).check, CheckState::Unchecked);
   }
   page_->cboKind.SetListIndex(1);
   page_->cboKind.Changed.Connect([this] { page_->cboKind.SetListIndex(1); });
   user_->Focus(page_->cboKind);
-  user_->Press(Key::Up);
-  EXPECT_EQ(user_->TextOf(page_->cboKind), "Large");
+  user_->Press("Up");
+  EXPECT_EQ(user_->See(page_->cboKind).text, "Large");
   page_->optRow.SetIndex(2);
   page_->optRow.Changed.Connect([this] { page_->optRow.SetIndex(2); });
   user_->Click(page_->optRow[0]);
-  EXPECT_EQ(user_->CheckOf(page_->optRow[0]), CheckState::Unchecked);
-  EXPECT_EQ(user_->CheckOf(page_->optRow[2]), CheckState::Checked);
+  EXPECT_EQ(user_->See(page_->optRow[0]).check, CheckState::Unchecked);
+  EXPECT_EQ(user_->See(page_->optRow[2]).check, CheckState::Checked);
 
   // A model that became unusable takes no text at all.
   page_->txtArea.SetText("kept");
   user_->Focus(page_->txtArea);
   page_->txtArea.SetEnabled(false);
   user_->Type("x");
-  EXPECT_EQ(user_->TextOf(page_->txtArea), "kept");
+  EXPECT_EQ(user_->See(page_->txtArea).text, "kept");
 }
 
 TEST_F(Input, TheCaretStaysWithItsCharactersWhateverTheModelMakesOfThem) {
@@ -124,16 +124,16 @@ TEST_F(Input, TheCaretStaysWithItsCharactersWhateverTheModelMakesOfThem) {
     page_->txtName.SetText(kept);
   });
   user_->Type("x.y");
-  EXPECT_EQ(user_->TextOf(page_->txtName), "AXYBC");
-  EXPECT_EQ(user_->CaretOf(page_->txtName), 3U);
+  EXPECT_EQ(user_->See(page_->txtName).text, "AXYBC");
+  EXPECT_EQ(user_->See(page_->txtName).caret, 3);
 
   page_->txtLines.SetText("7\n8");
   user_->Focus(page_->txtLines);
-  user_->Press(Key::End, With::Control);
+  user_->Press("Ctrl+End");
   page_->txtLines.Changed.Connect([this] { page_->txtLines.SetText("7\n8"); });  // takes nothing any more
   user_->Type("9");
-  EXPECT_EQ(user_->TextOf(page_->txtLines), "7\n8");
-  EXPECT_EQ(user_->CaretOf(page_->txtLines), 3U);
+  EXPECT_EQ(user_->See(page_->txtLines).text, "7\n8");
+  EXPECT_EQ(user_->See(page_->txtLines).caret, 3);
 }
 
 TEST_F(Input, TheWheelPassesAListThatIsNotInUse) {
@@ -148,7 +148,7 @@ TEST_F(Input, AnErrorGoesToTheReporter) {
   page_->chkUse.Changed.Connect([] { throw std::runtime_error("no luck"); });
   user_->Click(page_->chkUse);
   EXPECT_EQ(host.errors->reports, std::vector<std::string>{"no luck"});
-  EXPECT_EQ(user_->CheckOf(page_->chkUse), CheckState::Checked);
+  EXPECT_EQ(user_->See(page_->chkUse).check, CheckState::Checked);
 }
 
 }  // namespace

@@ -14,14 +14,14 @@ TEST_F(Life, APageOutlivesItsModel) {
   for (const ui::Control* gone : keyed) {
     user_->Focus(*gone);
     user_->Type("1");
-    user_->Press(Key::Down);
+    user_->Press("Down");
   }
   user_->PasteByMenu("x");
   for (const ui::Control* gone : clicked) {
     user_->Click(*gone);
-    user_->Press(Key::Down);
+    user_->Press("Down");
   }
-  for (const std::size_t i : {0U, 1U}) EXPECT_EQ(user_->CheckOf(*clicked[i]), ui::CheckState::Unchecked);
+  for (const std::size_t i : {0U, 1U}) EXPECT_EQ(user_->See(*clicked[i]).check, ui::CheckState::Unchecked);
   user_->ShowMarks({});
   user_->UseLargeFont();
   user_->Hide();

@@ -1,14 +1,14 @@
+#include <gtest/gtest.h>
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
-#include <QDropEvent>
 #include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QPixmap>
 #include <QPlainTextEdit>
 #include <QPointer>
@@ -16,15 +16,14 @@
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QTest>
-#include <QTextDocument>
 #include <QTextDocumentFragment>
 #include <QTreeView>
 #include <QWheelEvent>
-#include <algorithm>
 #include <stdexcept>
 
 #include "qt/page_view.h"
 #include "qt/text.h"
+#include "support/user_hand.h"
 #include "ui/caption.h"
 #include "views/view_driver.h"
 
@@ -35,18 +34,33 @@ namespace {
 using qt::FromQt;
 using qt::ToQt;
 
-Qt::Key ToQtKey(Key key) {
-  static constexpr Qt::Key kKeys[] = {Qt::Key_Tab,    Qt::Key_Return, Qt::Key_Space, Qt::Key_Backspace,
-                                      Qt::Key_Delete, Qt::Key_Home,   Qt::Key_End,   Qt::Key_Up,
-                                      Qt::Key_Down,   Qt::Key_Left,   Qt::Key_Right};
-  static_assert(std::size(kKeys) == static_cast<std::size_t>(Key::Right) + 1);
-  return kKeys[static_cast<std::size_t>(key)];
+ui::CheckState CheckOf(const QWidget& widget) {
+  const auto* box = qobject_cast<const QCheckBox*>(&widget);
+  if (box && box->checkState() == Qt::PartiallyChecked) return ui::CheckState::Grayed;
+  return widget.property("checked").toBool() ? ui::CheckState::Checked : ui::CheckState::Unchecked;
 }
 
-Qt::KeyboardModifiers ToQtModifiers(With with) {
-  static constexpr Qt::KeyboardModifier kModifiers[] = {Qt::NoModifier, Qt::ShiftModifier,
-                                                        Qt::ControlModifier, Qt::AltModifier};
-  return kModifiers[static_cast<std::size_t>(with)];
+std::string TextOf(const QWidget& widget) {
+  for (const char* name : {"currentText", "plainText", "title", "text"}) {
+    const QVariant text = widget.property(name);
+    if (text.isValid()) return FromQt(text.toString());
+  }
+  return {};
+}
+
+int CaretOf(const QWidget& widget) {
+  const auto* area = qobject_cast<const QPlainTextEdit*>(&widget);
+  return area ? area->textCursor().position() : widget.property("cursorPosition").toInt();
+}
+
+bool IsCutOff(const QWidget& widget) {
+  const QSize least = widget.minimumSizeHint();
+  return widget.width() < least.width() || widget.height() < least.height() ||
+         !widget.parentWidget()->rect().contains(widget.geometry());
+}
+
+std::string PlainText(const QString& text) {
+  return FromQt(Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text);
 }
 
 class QtDriver final : public ViewDriver {
@@ -79,8 +93,9 @@ class QtDriver final : public ViewDriver {
   void ShowMarks(const std::vector<ui::Mark>& marks) override { view_->ShowMarks(marks); }
 
   void Focus(const Control& control) override { WidgetOf(control).setFocus(); }
-  void Press(Key key, With with) override { QTest::keyClick(KeyTarget(), ToQtKey(key), ToQtModifiers(with)); }
-  void Press(char key, With with) override { QTest::keyClick(KeyTarget(), key, ToQtModifiers(with)); }
+  void Press(const char* keys) override {
+    QTest::keySequence(KeyTarget(), QKeySequence(QLatin1String(keys)));
+  }
   void Type(const std::string& text) override { QTest::keyClicks(KeyTarget(), ToQt(text)); }
   void Commit(const std::string& text) override {
     QInputMethodEvent commit;
@@ -101,9 +116,7 @@ class QtDriver final : public ViewDriver {
   void Undo() override { QMetaObject::invokeMethod(KeyTarget(), "undo"); }
   void Click(const Control& control) override {
     QWidget& widget = WidgetOf(control);
-    // The left edge: a click beside a caption would miss.
-    const int fromLeft = std::min(widget.width(), widget.height()) / 2;
-    QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(fromLeft, widget.height() / 2));
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, client::UserHand::EdgeOf(widget));
   }
   void TurnWheel(const Control& control) override {
     QWidget& widget = WidgetOf(control);
@@ -125,17 +138,8 @@ class QtDriver final : public ViewDriver {
     tree.setFocus();
     tree.setCurrentIndex(tree.model()->index(position, 0));
   }
-  bool Drop(const Control& list, const std::string& format) override {
-    QMimeData data;
-    data.setData(ToQt(format), "x");
-    const QPoint where(20, 40);
-    QWidget* target = The<QTreeView>(list).viewport();
-    QDragEnterEvent enter(where, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(target, &enter);
-    if (!enter.isAccepted()) return false;
-    QDropEvent drop(where, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(target, &drop);
-    return true;
+  bool Drop(const Control& list, const char* format) override {
+    return client::UserHand::Drop(*The<QTreeView>(list).viewport(), format);
   }
   void GoToOtherWindow() override { Activate(other_); }
   void ComeBack() override { Activate(pages_); }
@@ -145,60 +149,56 @@ class QtDriver final : public ViewDriver {
   }
 
   bool Shows(const Control& control) const override { return view_->WidgetOf(control) != nullptr; }
-  std::string TextOf(const Control& control) const override {
-    for (const char* name : {"currentText", "plainText", "title", "text"}) {
-      const QVariant text = WidgetOf(control).property(name);
-      if (text.isValid()) return FromQt(text.toString());
+  Seen See(const Control& control) const override {
+    const QWidget& widget = WidgetOf(control);
+    return {.text = TextOf(widget),
+            .caret = CaretOf(widget),
+            .check = CheckOf(widget),
+            .enabled = widget.isEnabled(),
+            .visible = widget.isVisible(),
+            .focused = widget.hasFocus(),
+            .inView = widget.visibleRegion().contains(QRect(0, 0, 10, widget.height() - 1)),
+            .cutOff = IsCutOff(widget),
+            .place = PlaceIn(widget),
+            .name = FromQt(widget.accessibleName()),
+            .description = FromQt(widget.accessibleDescription()),
+            .id = FromQt(widget.objectName()),
+            .tip = PlainText(widget.toolTip())};
+  }
+  SeenRows SeeRows(const Control& list) const override {
+    const auto& tree = The<QTreeView>(list);
+    const QAbstractItemModel& model = *tree.model();
+    SeenRows seen;
+    for (int column = 0; column < model.columnCount(); ++column) {
+      const auto picture = model.headerData(column, Qt::Horizontal, Qt::DecorationRole).value<QPixmap>();
+      seen.pictures.push_back(picture.isNull() ? 0 : picture.toImage().pixel(0, 0));
+      seen.columns.emplace_back();
+      for (int row = 0; row < model.rowCount(); ++row) {
+        seen.columns.back().push_back(FromQt(model.index(row, column).data().toString()));
+      }
     }
-    throw std::runtime_error("a control is shown without a text");
-  }
-  std::size_t CaretOf(const Control& control) const override {
-    const auto* box = qobject_cast<const QLineEdit*>(&WidgetOf(control));
-    return static_cast<std::size_t>(box ? box->cursorPosition()
-                                        : The<QPlainTextEdit>(control).textCursor().position());
-  }
-  ui::CheckState CheckOf(const Control& control) const override {
-    const auto* box = qobject_cast<const QCheckBox*>(&WidgetOf(control));
-    if (box && box->checkState() == Qt::PartiallyChecked) return ui::CheckState::Grayed;
-    return The<QAbstractButton>(control).isChecked() ? ui::CheckState::Checked : ui::CheckState::Unchecked;
-  }
-  bool IsEnabled(const Control& control) const override { return WidgetOf(control).isEnabled(); }
-  bool IsVisible(const Control& control) const override { return WidgetOf(control).isVisible(); }
-  bool HasFocus(const Control& control) const override {
-    return QApplication::focusWidget() == &WidgetOf(control);
-  }
-  bool IsInView(const Control& control) const override {
-    const QWidget& widget = WidgetOf(control);
-    return widget.visibleRegion().contains(QRect(0, 0, 10, widget.height() - 1));
-  }
-  bool IsCutOff(const Control& control) const override {
-    const QWidget& widget = WidgetOf(control);
-    const QSize least = widget.minimumSizeHint();
-    return widget.width() < least.width() || widget.height() < least.height() ||
-           !widget.parentWidget()->rect().contains(widget.geometry());
+    for (int row = 0; row < model.rowCount(); ++row) {
+      seen.checks.push_back(model.index(row, 0).data(Qt::CheckStateRole).toInt() == Qt::Checked);
+      if (tree.selectionModel()->isRowSelected(row)) seen.selected.push_back(row);
+    }
+    const QHeaderView& header = *tree.header();
+    const bool rises = header.sortIndicatorOrder() == Qt::AscendingOrder;
+    if (header.isSortIndicatorShown()) {
+      seen.sorted = {header.sortIndicatorSection(),
+                     rises ? ui::SortDirection::Ascending : ui::SortDirection::Descending};
+    }
+    return seen;
   }
   bool Scrolls() const override {
     const auto* area = view_->findChild<QScrollArea*>();
     return area->verticalScrollBar()->isVisible() || area->horizontalScrollBar()->isVisible();
   }
-  ui::Rect PlaceOf(const Control& control) const override { return PlaceIn(WidgetOf(control)); }
   Look LookOfText(const std::string& text) const override {
     const QLabel* label = LabelOf(text);
     if (!label) return Look::Absent;
     return label->isEnabled() ? Look::Enabled : Look::Disabled;
   }
   ui::Rect PlaceOfText(const std::string& text) const override { return PlaceIn(*LabelOf(text)); }
-  std::string NameOf(const Control& control) const override {
-    return FromQt(WidgetOf(control).accessibleName());
-  }
-  std::string DescriptionOf(const Control& control) const override {
-    return FromQt(WidgetOf(control).accessibleDescription());
-  }
-  std::string IdOf(const Control& control) const override { return FromQt(WidgetOf(control).objectName()); }
-  std::string TipOf(const Control& control) const override {
-    const QString tip = WidgetOf(control).toolTip();
-    return FromQt(Qt::mightBeRichText(tip) ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip);
-  }
   std::map<std::string, ui::Rect> MarkIcons() const override {
     std::map<std::string, ui::Rect> icons;
     for (const QLabel* label : view_->findChildren<QLabel*>()) {
@@ -207,41 +207,6 @@ class QtDriver final : public ViewDriver {
       }
     }
     return icons;
-  }
-
-  std::vector<std::string> CellsOf(const Control& list, int column) const override {
-    const QAbstractItemModel& model = *The<QTreeView>(list).model();
-    std::vector<std::string> cells;
-    for (int row = 0; row < model.rowCount(); ++row) {
-      cells.push_back(FromQt(model.index(row, column).data().toString()));
-    }
-    return cells;
-  }
-  std::vector<int> SelectedRowsOf(const Control& list) const override {
-    std::vector<int> rows;
-    for (const QModelIndex& row : The<QTreeView>(list).selectionModel()->selectedRows()) {
-      rows.push_back(row.row());
-    }
-    std::sort(rows.begin(), rows.end());
-    return rows;
-  }
-  std::vector<bool> ChecksOf(const Control& list) const override {
-    const QAbstractItemModel& model = *The<QTreeView>(list).model();
-    std::vector<bool> checks;
-    for (int row = 0; row < model.rowCount(); ++row) {
-      checks.push_back(model.index(row, 0).data(Qt::CheckStateRole).toInt() == Qt::Checked);
-    }
-    return checks;
-  }
-  Sorted SortOf(const Control& list, int column) const override {
-    const QHeaderView& header = *The<QTreeView>(list).header();
-    if (!header.isSortIndicatorShown() || header.sortIndicatorSection() != column) return Sorted::No;
-    return header.sortIndicatorOrder() == Qt::AscendingOrder ? Sorted::Ascending : Sorted::Descending;
-  }
-  std::uint32_t PictureOf(const Control& list, int column) const override {
-    const QAbstractItemModel& model = *The<QTreeView>(list).model();
-    const auto picture = model.headerData(column, Qt::Horizontal, Qt::DecorationRole).value<QPixmap>();
-    return picture.isNull() ? 0 : picture.toImage().pixel(0, 0);
   }
 
  private:
@@ -290,3 +255,10 @@ std::unique_ptr<ViewDriver> MakeViewDriver() {
 }
 
 }  // namespace kiv::test
+
+int main(int argc, char** argv) {
+  ::testing::InitGoogleTest(&argc, argv);
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}

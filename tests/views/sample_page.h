@@ -5,8 +5,8 @@
 namespace kiv::test {
 
 /// Every kind of control but lists, in groups inside groups, and rows of a box and an option each.
-struct SamplePage : ui::Container {
-  SamplePage() : Container(nullptr, "page") {
+struct SamplePage : TestPage {
+  SamplePage() {
     lblArea.SetCaption("&Area code:");
     fraOuter.SetCaption("Outer");
     fraInner.SetCaption("Inner");
@@ -29,7 +29,6 @@ struct SamplePage : ui::Container {
       lblRow[i].SetCaption("note");
     }
   }
-  void Accept(ui::ControlVisitor&) override {}
 
   ui::LayoutItem Layout() {
     using namespace ui;

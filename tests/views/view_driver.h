@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ui/arranger.h"
@@ -11,8 +12,33 @@
 
 namespace kiv::test {
 
-enum class Key { Tab, Return, Space, Backspace, Delete, Home, End, Up, Down, Left, Right };
-enum class With { Nothing, Shift, Control, Alt };
+/// What is to be seen of a control.
+struct Seen {
+  std::string text;
+  int caret = 0;
+  ui::CheckState check = ui::CheckState::Unchecked;
+  bool enabled = false;
+  bool visible = false;
+  bool focused = false;
+  bool inView = false;
+  bool cutOff = false;
+  ui::Rect place;  ///< in the page's coordinates
+  // What a screen reader says, and what a script finds the control by.
+  std::string name;
+  std::string description;
+  std::string id;
+  std::string tip;
+};
+
+/// What is to be seen of the rows of a list.
+struct SeenRows {
+  std::vector<std::vector<std::string>> columns;
+  std::vector<bool> checks;
+  std::vector<int> selected;
+  std::vector<std::uint32_t> pictures;  ///< by their first pixels, 0 where the head of a column has none
+  /// By the view's own arrow.
+  std::pair<int, ui::SortDirection> sorted = {ui::ListView::kUnsorted, ui::SortDirection::Ascending};
+};
 
 /// A page that some toolkit shows, the hand of a user who works it, and the eye that looks at it. One suite
 /// of tests is run with each toolkit's driver. Only the address of a control counts, so that what shows a
@@ -36,8 +62,7 @@ class ViewDriver {
 
   // The hand. Keys go to whatever has the focus.
   virtual void Focus(const Control& control) = 0;
-  virtual void Press(Key key, With with = With::Nothing) = 0;
-  virtual void Press(char key, With with) = 0;
+  virtual void Press(const char* keys) = 0;  ///< such as "Shift+Down"
   virtual void Type(const std::string& text) = 0;
   /// Several characters at once, as an input method or a macro sends them.
   virtual void Commit(const std::string& text) = 0;
@@ -51,7 +76,7 @@ class ViewDriver {
   virtual void ClickHeader(const Control& list, int column) = 0;
   virtual void GoToRow(const Control& list, int position) = 0;
   /// Whether the list took a drop in this format.
-  virtual bool Drop(const Control& list, const std::string& format) = 0;
+  virtual bool Drop(const Control& list, const char* format) = 0;
   virtual void GoToOtherWindow() = 0;
   virtual void ComeBack() = 0;
   /// Lets the toolkit do what it has put off.
@@ -62,37 +87,15 @@ class ViewDriver {
 
   // The eye.
   virtual bool Shows(const Control& control) const = 0;  ///< whether the page holds it at all
-  virtual std::string TextOf(const Control& control) const = 0;
-  virtual std::size_t CaretOf(const Control& control) const = 0;
-  virtual ui::CheckState CheckOf(const Control& control) const = 0;
-  virtual bool IsEnabled(const Control& control) const = 0;
-  virtual bool IsVisible(const Control& control) const = 0;
-  virtual bool HasFocus(const Control& control) const = 0;
-  virtual bool IsInView(const Control& control) const = 0;
-  virtual bool IsCutOff(const Control& control) const = 0;
+  virtual Seen See(const Control& control) const = 0;
+  virtual SeenRows SeeRows(const Control& list) const = 0;
   virtual bool Scrolls() const = 0;
-  /// In the page's coordinates.
-  virtual ui::Rect PlaceOf(const Control& control) const = 0;
   /// A text as it reads, without the mark of its mnemonic.
   enum class Look { Absent, Disabled, Enabled };
   virtual Look LookOfText(const std::string& text) const = 0;
   virtual ui::Rect PlaceOfText(const std::string& text) const = 0;
-  /// What a screen reader says, and what a script finds the control by.
-  virtual std::string NameOf(const Control& control) const = 0;
-  virtual std::string DescriptionOf(const Control& control) const = 0;
-  virtual std::string IdOf(const Control& control) const = 0;
-  virtual std::string TipOf(const Control& control) const = 0;
   /// The visible icons of marks by their messages.
   virtual std::map<std::string, ui::Rect> MarkIcons() const = 0;
-
-  virtual std::vector<std::string> CellsOf(const Control& list, int column) const = 0;
-  virtual std::vector<int> SelectedRowsOf(const Control& list) const = 0;
-  virtual std::vector<bool> ChecksOf(const Control& list) const = 0;
-  enum class Sorted { No, Ascending, Descending };
-  /// By the arrow of the view's own.
-  virtual Sorted SortOf(const Control& list, int column) const = 0;
-  /// The first pixel, 0xAARRGGBB, of the picture that the header of a column has; 0 when it has none.
-  virtual std::uint32_t PictureOf(const Control& list, int column) const = 0;
 };
 
 /// The driver of the toolkit that the suite is linked with.

@@ -5,11 +5,12 @@
 #include <memory>
 #include <string>
 
+#include "support/test_page.h"
 #include "views/view_driver.h"
 
 namespace kiv::test {
 
-/// A page of a test's own and a user in front of it. `PageType` is a container with a Layout.
+/// A page and a user in front of it. `PageType` is a TestPage with a Layout.
 template <class PageType>
 class ViewTest : public ::testing::Test {
  protected:

@@ -1,7 +1,6 @@
 // A list of studies that is read page by page while the user is at work already.
 
-#include <gmock/gmock.h>
-
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
@@ -47,14 +46,13 @@ class StudyList : public Window {
   QString Shown(int row, int column) { return Shown().index(row, column).data().toString(); }
   /// What the list shows, as the database has it.
   void ExpectAllShown() {
-    const std::vector<store::StudySummary> stored = program_->Store().List();
+    const auto stored = Stored();
     ASSERT_EQ(Shown().rowCount(), static_cast<int>(stored.size()));
     for (int row = 0; row < Shown().rowCount(); ++row) {
       ASSERT_EQ(Shown(row, StudyTable::kId).toInt(), stored[std::size_t(row)].id);
       ASSERT_EQ(Shown(row, StudyTable::kName).toStdString(), stored[std::size_t(row)].name);
     }
   }
-  std::string ReadSoFar() { return qobject_cast<QLabel*>(user_.Find("studiesRead"))->text().toStdString(); }
 };
 
 TEST_F(StudyList, IsStoppedWorkedWithAndReadAgain) {
@@ -65,7 +63,8 @@ TEST_F(StudyList, IsStoppedWorkedWithAndReadAgain) {
   Reader().Stop();
   QApplication::processEvents();
   EXPECT_EQ(window_->List().StudyCount(), read);
-  EXPECT_EQ(ReadSoFar(), "Stopped at " + std::to_string(read) + " of 2,000 studies; Refresh reads all.");
+  EXPECT_EQ(TextOf("studiesRead"),
+            "Stopped at " + std::to_string(read) + " of 2,000 studies; Refresh reads all.");
 
   // One that was not read, one that was, and one that is gone.
   for (const std::int32_t id : {1900, 50}) {
@@ -83,7 +82,7 @@ TEST_F(StudyList, IsStoppedWorkedWithAndReadAgain) {
   window_->List().View().sortByColumn(StudyTable::kName, Qt::DescendingOrder);
   window_->List().findChild<QLineEdit*>()->setText("changed");
   Reader().SetPageSize(kPage);
-  qobject_cast<QPushButton*>(user_.Find("studiesStop"))->click();
+  The<QPushButton>("studiesStop").click();
   ASSERT_EQ(Reader().CurrentState(), State::Reading);
   EXPECT_EQ(window_->List().SelectedStudy(), 50);
   ReadToTheEnd();
@@ -102,7 +101,7 @@ TEST_F(StudyList, TellsOnceWhatFailsInTheMiddle) {
   Execute("ALTER TABLE kiv_study RENAME TO away");
   const QString message = user_.MessageDuring([this] { ReadToTheEnd(); });
   EXPECT_TRUE(message.contains("kiv_study")) << message.toStdString();
-  EXPECT_EQ(ReadSoFar(), "Stopped at 100 of 2,000 studies; Refresh reads all.");
+  EXPECT_EQ(TextOf("studiesRead"), "Stopped at 100 of 2,000 studies; Refresh reads all.");
   const QString again = user_.MessageDuring([this] { user_.Click("studiesStop"); });
   EXPECT_EQ(again, message);
   EXPECT_EQ(window_->List().StudyCount(), kPage);

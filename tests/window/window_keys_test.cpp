@@ -1,6 +1,7 @@
 // The window worked with the keyboard alone.
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QRadioButton>
@@ -28,8 +29,8 @@ TEST_F(Window, ModesAreChosenWithTheKeyboard) {
   user_.Find("obModeSelector(1)")->setFocus();
   user_.MessageDuring([this] { user_.Press(Qt::Key_Down); });
   EXPECT_EQ(FocusName(), "txtCarrier");
-  EXPECT_TRUE(qobject_cast<QRadioButton*>(user_.Find("obModeSelector(1)"))->isChecked());
-  EXPECT_FALSE(qobject_cast<QRadioButton*>(user_.Find("obModeSelector(2)"))->isChecked());
+  EXPECT_TRUE(The<QRadioButton>("obModeSelector(1)").isChecked());
+  EXPECT_FALSE(The<QRadioButton>("obModeSelector(2)").isChecked());
   user_.Type("x12");
   user_.Choose("cboServiceOption", "(19R4) 3G1X Data SCH 19.2 kbps RC4");
   user_.Find("obModeSelector(1)")->setFocus();

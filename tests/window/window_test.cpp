@@ -2,9 +2,6 @@
 
 #include <QAction>
 #include <QClipboard>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QTabWidget>
 #include <QTableView>
@@ -16,7 +13,6 @@
 #include "database/sqlite/sqlite_database.h"
 #include "host/constants.h"
 #include "session/study_session.h"
-#include "support/open_folder.h"
 #include "support/ordinary_user.h"
 #include "support/window_fixture.h"
 
@@ -25,25 +21,24 @@ namespace {
 
 TEST_F(Window, ARefusalIsShownAndLeadsToItsFieldOnWhateverPage) {
   Open();
+  program_->Store().Scenarios().Add("Downtown");
   window_->NewStudy("HOM Study");
   const auto refused = [this](const char* message, const char* field) {
     EXPECT_EQ(RefusalOfSave(), message);
     EXPECT_EQ(FocusName(), field);
   };
-  const auto name = [this](const char* text) {
-    return [this, text](QWidget&) {
-      user_.Type(text);
-      user_.Press(Qt::Key_Return);
-    };
-  };
   refused("Please select a scenario.", "fdocCBScenario");
-  user_.During([&] { user_.Click("cmdNewScenario"); }, name("Downtown"));
-  user_.During([&] { user_.Click("cmdNewScenario"); },
-               {name("downtown"), [](QWidget& message) {
-                  EXPECT_EQ(qobject_cast<QMessageBox*>(&message)->text(),
-                            "There is already a scenario named \"downtown\". Choose another name.");
-                  message.close();
-                }});
+  const auto name = [this](QWidget&) {
+    user_.Type("downtown");
+    user_.Press(Qt::Key_Return);
+  };
+  const auto told = [](QWidget& message) {
+    EXPECT_EQ(qobject_cast<QMessageBox*>(&message)->text(),
+              "There is already a scenario named \"downtown\". Choose another name.");
+    message.close();
+  };
+  user_.During([&] { user_.Click("cmdNewScenario"); }, {name, told});
+  user_.Choose("fdocCBScenario", "Downtown");
   user_.Fill("txtPath", QString::fromStdString(folder_.Path()));
   user_.Fill("txtFilename", "ni. ght");  // neither the dot nor the blank arrives
   user_.Fill("txtDuration", "1439");
@@ -54,11 +49,11 @@ TEST_F(Window, ARefusalIsShownAndLeadsToItsFieldOnWhateverPage) {
   EXPECT_EQ(window_->findChild<QTabWidget*>("tabs")->currentIndex(), 1);
   user_.Click("cmdTDMA");
   user_.Fill("studyName", " ");
-  EXPECT_NE(RefusalOfSave().find("Please give the study a name."), std::string::npos);
+  EXPECT_THAT(RefusalOfSave(), HasSubstr("Please give the study a name."));
   user_.Fill("studyName", "Nights");
   Save();
-  ASSERT_EQ(program_->Store().List().size(), 1U);
-  EXPECT_EQ(program_->Store().List()[0].name, "Nights");
+  ASSERT_EQ(Stored().size(), 1U);
+  EXPECT_EQ(Stored()[0].name, "Nights");
 }
 
 TEST_F(Window, UnsavedInputIsAskedAbout) {
@@ -71,24 +66,24 @@ TEST_F(Window, UnsavedInputIsAskedAbout) {
   EXPECT_TRUE(window_->isVisible());
   Answer(close, "Save");
   EXPECT_EQ(window_->CurrentEditor(), nullptr);
-  ASSERT_EQ(program_->Store().List().size(), 1U);
+  ASSERT_EQ(Stored().size(), 1U);
 
-  window_->OpenStudy(program_->Store().List()[0].id);
+  window_->OpenStudy(Stored()[0].id);
   close();  // nothing changed, nothing asked
   EXPECT_EQ(window_->CurrentEditor(), nullptr);
-  window_->OpenStudy(program_->Store().List()[0].id);
+  window_->OpenStudy(Stored()[0].id);
   user_.Fill("txtDuration", "99");
   Answer(close, "Discard");
-  EXPECT_EQ(program_->Store().List()[0].duration, 30);
+  EXPECT_EQ(Stored()[0].duration, 30);
 }
 
 TEST_F(Window, ADatabaseThatCannotBeOpenedIsExplainedAndLeavesTheOpenOne) {
   window_->OpenDatabase(database_, Program::WhenMissing::Refuse);
-  EXPECT_TRUE(StartText().contains("does not exist")) << StartText().toStdString();
+  EXPECT_THAT(TextOf("startText"), HasSubstr("does not exist"));
   EXPECT_TRUE(user_.Find("networkEmpty")->isVisible());
   EXPECT_FALSE(window_->findChild<QWidget*>("networkImport")->isVisible());
   PressButton(*window_, "Create It");
-  EXPECT_TRUE(StartText().contains(QString::fromStdString(database_)));
+  EXPECT_THAT(TextOf("startText"), HasSubstr(database_));
   StartStudy();
   const std::string foreign = folder_.File("letter.txt");
   std::ofstream(foreign) << "Dear Sir";
@@ -101,7 +96,7 @@ TEST_F(Window, ADatabaseThatCannotBeOpenedIsExplainedAndLeavesTheOpenOne) {
   }
   ASSERT_NE(window_->CurrentEditor(), nullptr);
   Save();
-  EXPECT_EQ(program_->Store().List().size(), 1U);
+  EXPECT_EQ(Stored().size(), 1U);
   EXPECT_EQ(program_->Store().Database().Name(), database_);
 }
 
@@ -114,7 +109,7 @@ TEST_F(Window, WithoutADisplayTheCommandsAreNamed) {
   const std::string message = testing::internal::GetCapturedStderr();
   qputenv("QT_QPA_PLATFORM", platform);
   EXPECT_EQ(exitCode, kRefused);
-  EXPECT_NE(message.find("kivstudy --help"), std::string::npos) << message;
+  EXPECT_THAT(message, HasSubstr("kivstudy --help"));
 }
 
 TEST_F(Window, NamesAreShownAsTheyAre) {
@@ -136,8 +131,7 @@ TEST_F(Window, AStudyWithoutDataIsTold) {
   Open();
   StoreStudy();
   program_->Store().Database().ExecuteSql("DELETE FROM KIV_HomStudy");
-  const std::string message = user_.MessageDuring([this] { window_->OpenStudy(1); }).toStdString();
-  EXPECT_NE(message.find("are missing"), std::string::npos) << message;
+  EXPECT_TRUE(user_.MessageDuring([this] { window_->OpenStudy(1); }).contains("are missing"));
   EXPECT_NE(window_->CurrentEditor(), nullptr);
 }
 
@@ -146,13 +140,13 @@ TEST_F(Window, ADeletedScenarioLeavesTheChooser) {
   StartStudy();
   program_->Store().Scenarios().Add("Harbour");
   program_->Store().Scenarios().Remove(program_->Store().Scenarios().List()[0].id);
-  EXPECT_NE(RefusalOfSave().find("Choose another one"), std::string::npos);
+  EXPECT_THAT(RefusalOfSave(), HasSubstr("Choose another one"));
   user_.Choose("fdocCBScenario", "Harbour");
   user_.Fill("txtFilename", "a$ID");
-  EXPECT_TRUE(Preview().contains("a0000000.hom")) << Preview().toStdString();
+  EXPECT_THAT(TextOf("lblPreview"), HasSubstr("a0000000.hom"));
   Save();
-  EXPECT_EQ(program_->Store().List().size(), 1U);
-  EXPECT_TRUE(Preview().contains("a0000001.hom")) << Preview().toStdString();
+  EXPECT_EQ(Stored().size(), 1U);
+  EXPECT_THAT(TextOf("lblPreview"), HasSubstr("a0000001.hom"));
 }
 
 TEST_F(Window, ALockedDatabaseCostsNoInput) {
@@ -160,12 +154,11 @@ TEST_F(Window, ALockedDatabaseCostsNoInput) {
   StartStudy();
   const auto other = database::SqliteDatabase::Open(database_, database::OpenMode::MustExist);
   other->ExecuteSql("BEGIN EXCLUSIVE");
-  const std::string message = RefusalOfSave();
-  EXPECT_NE(message.find("in use by another program"), std::string::npos) << message;
-  EXPECT_EQ(qobject_cast<QLineEdit*>(user_.Find("txtPath"))->text().toStdString(), folder_.Path());
+  EXPECT_THAT(RefusalOfSave(), HasSubstr("in use by another program"));
+  EXPECT_EQ(TextOf("txtPath"), folder_.Path());
   other->ExecuteSql("COMMIT");
   Save();
-  EXPECT_EQ(program_->Store().List().size(), 1U);
+  EXPECT_EQ(Stored().size(), 1U);
 }
 
 TEST_F(Window, AReadOnlyDatabaseCanBeReadAndSaysWhyNotWritten) {
@@ -199,7 +192,7 @@ TEST_F(Window, TheLaterOfTwoEditorsMaySaveACopy) {
   user_.Fill("txtDuration", "55");
   user_.During([this] { Save(); }, {[](QWidget& conflict) { PressButton(conflict, "Save as Copy..."); },
                                     [this](QWidget&) { user_.Press(Qt::Key_Return); }});
-  const auto studies = program_->Store().List();
+  const auto studies = Stored();
   ASSERT_EQ(studies.size(), 2U);
   EXPECT_EQ(studies[0].name, "Changed elsewhere");
   EXPECT_EQ(studies[1].duration, 55);
@@ -207,9 +200,7 @@ TEST_F(Window, TheLaterOfTwoEditorsMaySaveACopy) {
 
 TEST_F(Window, StudiesAreFoundSortedAndDeleted) {
   Open();
-  for (const char* name : {"Bravo", "alpha", "Charlie"}) {
-    StoreStudy(name);
-  }
+  for (const char* name : {"Bravo", "alpha", "Charlie"}) StoreStudy(name);
   const QAbstractItemModel& shown = *window_->List().View().model();
   const auto name = [&](int row) { return shown.index(row, StudyTable::kName).data().toString(); };
   window_->List().View().sortByColumn(StudyTable::kName, Qt::AscendingOrder);
@@ -220,7 +211,7 @@ TEST_F(Window, StudiesAreFoundSortedAndDeleted) {
   EXPECT_EQ(name(0), "Charlie");
   window_->List().SelectStudy(3);
   user_.Press(Qt::Key_Delete, Qt::ControlModifier);  // in the box it deletes words
-  EXPECT_EQ(program_->Store().List().size(), 3U);
+  EXPECT_EQ(Stored().size(), 3U);
   window_->OpenStudy(3);
   Editors().setCurrentIndex(0);
   window_->List().View().setFocus();
@@ -230,7 +221,7 @@ TEST_F(Window, StudiesAreFoundSortedAndDeleted) {
                  EXPECT_TRUE(text.contains("\"Charlie\"") && text.contains("open in an editor"));
                  PressButton(question, "Delete");
                });
-  EXPECT_EQ(program_->Store().List().size(), 2U);
+  EXPECT_EQ(Stored().size(), 2U);
   EXPECT_EQ(Editors().count(), 1);
 
   // Now no row is shown: no key finds one, and least of all one that is hidden.
@@ -238,7 +229,7 @@ TEST_F(Window, StudiesAreFoundSortedAndDeleted) {
   for (const Qt::Key key : {Qt::Key_C, Qt::Key_A, Qt::Key_Delete}) user_.Press(key, Qt::ControlModifier);
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Home}) user_.Press(key);
   EXPECT_EQ(QApplication::clipboard()->text(), "");
-  EXPECT_EQ(program_->Store().List().size(), 2U);
+  EXPECT_EQ(Stored().size(), 2U);
 }
 
 TEST_F(Window, SettingsAndScenariosAreChangedInTheirDialogs) {
@@ -266,7 +257,7 @@ TEST_F(Window, SettingsAndScenariosAreChangedInTheirDialogs) {
                  PressButton(dialog, "Close");
                });
   EXPECT_EQ(program_->Store().Scenarios().List()[0].name, "Harbour");
-  EXPECT_EQ(qobject_cast<QComboBox*>(user_.Find("fdocCBScenario"))->currentText(), "Harbour");
+  EXPECT_EQ(TextOf("fdocCBScenario"), "Harbour");
 }
 
 }  // namespace
@@ -274,9 +265,6 @@ TEST_F(Window, SettingsAndScenariosAreChangedInTheirDialogs) {
 
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  const kiv::test::TempFolder settings;  // Qt asks once in a process where settings are
-  qputenv("XDG_CONFIG_HOME", settings.Path().c_str());
-  const kiv::client::Application application(argc, argv);
+  const kiv::test::WindowApplication application(argc, argv);
   return RUN_ALL_TESTS();
 }

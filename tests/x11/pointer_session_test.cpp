@@ -1,5 +1,5 @@
-// What only a real pointer and a real keyboard show: drags that the X server carries, the lists that drop
-// down, the boxes in rows, and messages while a drop is under way.
+// On an X server: what only a real pointer and a real keyboard show: drags that the X server carries, the
+// lists that drop down, the boxes in rows, and messages while a drop is under way.
 
 #include <gmock/gmock.h>
 
@@ -7,17 +7,15 @@
 #include <QApplication>
 #include <QPixmap>
 #include <QScreen>
-#include <memory>
+#include <optional>
 #include <string>
+#include <thread>
 
 #include "client/window/entity_tree.h"
-#include "client/window/main_window.h"
-#include "client/window/window_program.h"
-#include "client/window/window_settings.h"
 #include "database/open.h"
 #include "database/sql_connection.h"
 #include "store/network/network_import.h"
-#include "support/temp_folder.h"
+#include "support/program_window.h"
 #include "x11/real_hand.h"
 
 namespace kiv::test {
@@ -36,34 +34,27 @@ class WindowSession : public ::testing::Test {
     const auto report = store::ImportNetwork(*database, KIV_SAMPLE_NETWORK);
     EXPECT_EQ(report.outcome, store::NetworkReport::Outcome::Imported);
     InWindows([&] {
-      program_ = std::make_unique<client::Program>();
-      client::StartWithWindow(*program_);
-      client::WindowSettings(program_->Settings()).clear();
-      window_ = std::make_unique<client::MainWindow>(*program_);
-      window_->setGeometry(0, 0, 1500, 1150);  // every row of an ECP in sight
-      window_->show();
-      window_->activateWindow();
-      window_->OpenDatabase(file, client::Program::WhenMissing::Refuse);
-      window_->NewStudy("VCSA Study");
+      client::MainWindow& window = *shown_.emplace().window;
+      window.setGeometry(0, 0, 1500, 1150);  // every row of an ECP in sight
+      window.activateWindow();
+      window.OpenDatabase(file, client::Program::WhenMissing::Refuse);
+      window.NewStudy("VCSA Study");
     });
-    user_.isDragging = [this] { return !program_->Drag().DraggedNodes().empty(); };
-    WaitUntil("the window is active", [this] { return QApplication::activeWindow() == window_.get(); });
+    user_.isDragging = [this] { return !shown_->program.Drag().DraggedNodes().empty(); };
+    WaitUntil("the window is active", [this] { return shown_->window->isActiveWindow(); });
   }
   ~WindowSession() override {
     if (HasFailure()) {
       InWindows([] { QGuiApplication::primaryScreen()->grabWindow(0).save("x11_test-failure.png"); });
     }
     EXPECT_NO_THROW(user_.LetGo());
-    InWindows([this] {
-      window_.reset();
-      program_.reset();
-    });
+    InWindows([this] { shown_.reset(); });
   }
 
   /// The row of an element in the tree.
   RealHand::Place Element(std::int32_t instance) const {
     return RealHand::Row("network", [=, this] {
-      const QItemSelection row = window_->Network().Model().RowsOf({instance});
+      const QItemSelection row = shown_->window->Network().Model().RowsOf({instance});
       return row.isEmpty() ? QModelIndex() : QModelIndex(row.front().topLeft());
     });
   }
@@ -91,8 +82,7 @@ class WindowSession : public ::testing::Test {
 
  private:
   TempFolder folder_;
-  std::unique_ptr<client::Program> program_;
-  std::unique_ptr<client::MainWindow> window_;
+  std::optional<ProgramWindow> shown_;
 };
 
 /// Cells of ECP 1-1 in the sample network, by instance: the first of the tree, one amid them, and the last.
@@ -135,3 +125,17 @@ TEST_F(WindowSession, CellsAreDraggedFromTheTreeAndTheirPartsChosen) {
 
 }  // namespace
 }  // namespace kiv::test
+
+int main(int argc, char** argv) {
+  ::testing::InitGoogleTest(&argc, argv);
+  const kiv::test::WindowApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  std::thread user([] {
+    const int failed = RUN_ALL_TESTS();
+    QMetaObject::invokeMethod(
+        qApp, [failed] { QApplication::exit(failed); }, Qt::QueuedConnection);
+  });
+  const int result = QApplication::exec();
+  user.join();
+  return result;
+}
