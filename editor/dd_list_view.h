@@ -44,6 +44,9 @@ class XDDListView : public EntityListView {
   /// Raises error 5 for a column that the list does not have.
   void SetSortOptions(SortSettings settings) { SortBy(settings.column, settings.direction); }
 
+  /// What is wrong with the collection as a whole, though no drop could make it so; empty when nothing is.
+  std::string LimitFault() const;
+
   /// Accepts or refuses nodes as if they had been dropped.
   void DropNodes(const std::vector<host::DraggedNode>& nodes);
   void RemoveSelected();
@@ -68,5 +71,8 @@ class XDDListView : public EntityListView {
   kiv::EntityType entityType_ = kiv::EntityType::None;
   std::int32_t maxRows_ = 0;
 };
+
+/// The lists of a page that take entities of the network.
+std::vector<XDDListView*> DropListsOf(const ui::Container& page);
 
 }  // namespace kiv

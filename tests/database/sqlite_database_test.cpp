@@ -60,7 +60,7 @@ TEST_F(SqliteDatabaseTest, TextComesAsUtf8AndBytesAsTheyAre) {
   EXPECT_EQ(test::ValueOf(*wide, "SELECT name FROM t"), Variant("ü€😀"));
 }
 
-TEST_F(SqliteDatabaseTest, FunctionFailsTheCallingStatement) {
+TEST_F(SqliteDatabaseTest, FunctionFailsTheCallingStatementAndMayQueryWithinItsTimeOut) {
   database_->RegisterTextFunction("odd \"name\"", [](const std::string&) -> std::string {
     throw std::runtime_error("the network table is empty");
   });
@@ -69,9 +69,7 @@ TEST_F(SqliteDatabaseTest, FunctionFailsTheCallingStatement) {
   database_->RegisterTextFunction("odd \"name\"", [](const std::string& text) { return "[" + text + "]"; });
   EXPECT_EQ(database_->CallStoredFunction("odd \"name\"", "5"), "[5]");
   EXPECT_EQ(ValueOf("SELECT \"odd \"\"name\"\"\"(NULL)"), Variant("[]"));
-}
 
-TEST_F(SqliteDatabaseTest, FunctionMayQueryWithinTheTimeOutOfItsCaller) {
   SqliteDatabase* const database = database_.get();
   database_->ExecuteSql("CREATE TABLE cell (id TEXT, tech TEXT)");
   database_->ExecuteSql("INSERT INTO cell VALUES ('5', 'CDMA')");

@@ -143,29 +143,23 @@ TEST_F(Current, ANewStudyCollectsNothingAndThenItsDirectoryAndNameAreChecked) {
   EXPECT_EQ(host_.editor->changes.size(), 3U);
   EXPECT_EQ(Refusal(), "OMP-FX Directory is a required field.");
   EXPECT_TRUE(tab_.txtCurStdPath.HasFocus());
-  tab_.txtCurStdPath.SetText("- x");
-  EXPECT_EQ(Refusal(), "OMP-FX Directory cannot begin with '-'.");
-  for (const char forbidden : std::string(" *!~?+;\"'${}<>[]()^&|\\#")) {
-    tab_.txtCurStdPath.SetText(std::string("/a") + forbidden + "b");
-    EXPECT_EQ(
-        Refusal(),
-        "OMP-FX Directory cannot include any of the following characters:  *!~?+;\"'${}<>[]()^&|\\# <blank>");
+  ExpectRefusals(tab_.txtCurStdPath, {{"- x", "OMP-FX Directory cannot begin with '-'."}});
+  const std::string forbidden =
+      "OMP-FX Directory cannot include any of the following characters:  *!~?+;\"'${}<>[]()^&|\\# <blank>";
+  for (const char character : std::string(" *!~?+;\"'${}<>[]()^&|\\#")) {
+    ExpectRefusals(tab_.txtCurStdPath, {{std::string("/a") + character + "b", forbidden}});
   }
   tab_.txtCurStdPath.SetText("/omp/data-1_%@:,.=");
   const std::string tooLong =
       "OMP-FX Filename must have at least 1 but no more than 11 characters\r\n"
       "and cannot include any of the following characters: \\ / : * ? \" < > |";
-  const std::pair<const char*, std::string> names[] = {
-      {"  ", "OMP-FX Filename is a required field."},
-      {" abc", "OMP-FX Filename cannot contain spaces."},
-      {"_abc", "The first character of the OMP-FX Filename must be AlphaNumeric. "},
-      {"abcdefghijkl", tooLong},
-      {"a|b", tooLong},
-      {"c$YY$MM$DD$HH$MI", ""}};
-  for (const auto& [name, message] : names) {
-    tab_.txtCurStdDatafile.SetText(name);
-    EXPECT_EQ(Refusal(), message) << name;
-  }
+  ExpectRefusals(tab_.txtCurStdDatafile,
+                 {{"  ", "OMP-FX Filename is a required field."},
+                  {" abc", "OMP-FX Filename cannot contain spaces."},
+                  {"_abc", "The first character of the OMP-FX Filename must be AlphaNumeric. "},
+                  {"abcdefghijkl", tooLong},
+                  {"a|b", tooLong},
+                  {"c$YY$MM$DD$HH$MI", ""}});
 }
 
 TEST_F(Current, TheExtensionIsAddedAndTakenOff) {

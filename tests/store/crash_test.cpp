@@ -11,7 +11,6 @@
 #include <string>
 #include <thread>
 
-#include "database/open.h"
 #include "store/store_error.h"
 #include "support/child_process.h"
 #include "support/engine_and_kind.h"
@@ -31,7 +30,7 @@ constexpr int kNewVariant = 2;
 class Crash : public ::testing::TestWithParam<test::EngineAndKind> {
  protected:
   Crash() {
-    test::TestStore store(Open());
+    test::TestStore store(*database_);
     store::Study study = store->New(std::get<std::string>(GetParam()));
     test::Fill(study, kNewVariant);
     store->Save(study, "ann");
@@ -43,13 +42,10 @@ class Crash : public ::testing::TestWithParam<test::EngineAndKind> {
     EXPECT_NE(oldContent_, newContent_);
   }
 
-  std::shared_ptr<database::Connection> Open() {
-    return database::OpenStudyDatabase(database_->Name(), database::OpenMode::CreateIfMissing);
-  }
-  std::string StoredContent() { return test::Content(test::TestStore(Open())->Load(id_)); }
+  std::string StoredContent() { return test::Content(test::TestStore(*database_)->Load(id_)); }
   /// Stores the other variant; something is done before each call to the database.
   void Change(const std::function<void()>& atStart, const std::function<void()>& beforeCall) {
-    const auto connection = std::make_shared<test::WatchedConnection>(Open());
+    const auto connection = std::make_shared<test::WatchedConnection>(database_->Connect());
     test::TestStore store(connection);
     store::Study study = store->Load(id_);
     test::Fill(study, test::Content(study) == oldContent_ ? kNewVariant : kOldVariant);
@@ -139,7 +135,7 @@ TEST_P(FullDisk, LeavesTheOldStudyAndIsToldOnce) {
   const auto size = std::filesystem::file_size(database_->Name());
   for (const rlim_t limit : {rlim_t{0}, rlim_t{1000}, rlim_t{size}, rlim_t{size + 5000}}) {
     {
-      test::TestStore store(Open());
+      test::TestStore store(*database_);
       store::Study study = store->Load(id_);
       test::Fill(study, kLargeVariant);
       std::string message;
@@ -156,7 +152,7 @@ TEST_P(FullDisk, LeavesTheOldStudyAndIsToldOnce) {
     }
     EXPECT_EQ(StoredContent(), oldContent_) << limit;
   }
-  test::TestStore store(Open());
+  test::TestStore store(*database_);
   store::Study study = store->Load(id_);
   test::Fill(study, kLargeVariant);
   store->Save(study, "bob");

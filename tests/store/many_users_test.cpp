@@ -11,7 +11,6 @@
 #include <random>
 #include <string>
 
-#include "database/open.h"
 #include "database/statement_error.h"
 #include "database/transaction.h"
 #include "store/store_error.h"
@@ -41,17 +40,13 @@ struct Seen {
 class ManyUsers : public ::testing::TestWithParam<test::Engine> {
  protected:
   ManyUsers() : kinds_(test::RichKinds()) {
-    test::TestStore store(Open());
+    test::TestStore store(*database_);
     for (std::int32_t number = 0; number < kStudies; ++number) {
       store::Study study = store->New(kinds_[static_cast<std::size_t>(number) % kinds_.size()]);
       SetCount(study, 0);
       store->Save(study, "ann");
       EXPECT_EQ(study.record->ID(), number + 1);
     }
-  }
-
-  std::shared_ptr<database::Connection> Open() {
-    return database::OpenStudyDatabase(database_->Name(), database::OpenMode::CreateIfMissing);
   }
 
   /// Content that tells how often a study was changed.
@@ -70,7 +65,7 @@ class ManyUsers : public ::testing::TestWithParam<test::Engine> {
   }
 
   void Work(std::size_t user, Seen& seen) {
-    test::TestStore store(Open());
+    test::TestStore store(*database_);
     std::mt19937 random(static_cast<std::mt19937::result_type>(user));
     for (int save = 0; save < kSavesOfUser; ++save) {
       const auto id = static_cast<std::int32_t>(random() % kStudies) + 1;
@@ -101,7 +96,7 @@ TEST_P(ManyUsers, NoSaveIsLostOrMixedWithAnother) {
   for (test::ChildProcess& user : users) EXPECT_EQ(user.Wait(), 0);
   EXPECT_LT(Clock::now() - start, kLongestRun);
 
-  test::TestStore store(Open());
+  test::TestStore store(*database_);
   int saves = 0;
   for (std::int32_t number = 0; number < kStudies; ++number) {
     const store::Study study = store->Load(number + 1);
@@ -120,7 +115,7 @@ TEST_P(ManyUsers, NoSaveIsLostOrMixedWithAnother) {
 
 TEST_P(ManyUsers, ABusyStudyIsWaitedForAndThenReported) {
   const auto other = database_->Connect();
-  test::TestStore store(Open());
+  test::TestStore store(*database_);
   store::Study study = store->Load(1);
   SetCount(study, 1);
   {

@@ -9,7 +9,6 @@
 #include <fstream>
 
 #include "client/texts/import_text.h"
-#include "database/open.h"
 #include "store/exchange/study_json.h"
 #include "store/studies/study_export.h"
 #include "support/engine_and_kind.h"
@@ -27,7 +26,7 @@ class RoundTrip : public ::testing::TestWithParam<test::EngineAndKind> {};
 TEST_P(RoundTrip, GivesTheSameBytesAgain) {
   const auto& [engine, kind] = GetParam();
   const auto database = engine.start();
-  test::TestStore store(database::OpenStudyDatabase(database->Name(), database::OpenMode::CreateIfMissing));
+  test::TestStore store(*database);
   store::Study study = store->New(kind);
   test::Fill(study, 2);
   study.name = "It's \"quoted\" \\ ; -- \n \u20AC";

@@ -4,6 +4,8 @@
 
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "core/study_data.h"
 #include "core/study_kinds.h"
@@ -43,6 +45,14 @@ class StudyTest : public ::testing::Test {
     EXPECT_EQ(valid, text.empty());
     return text;
   }
+  /// A text for a box, and the message of the refusal that it meets, if any.
+  using Refused = std::pair<std::string, std::string>;
+  void ExpectRefusals(Tab& tab, auto& box, const std::vector<Refused>& cases) {
+    for (const auto& [text, message] : cases) {
+      box.SetText(text);
+      EXPECT_EQ(RefusalOf(tab), message) << text;
+    }
+  }
 
   FakeHost host_;
   std::shared_ptr<CKivStudyData> study_;
@@ -60,6 +70,9 @@ class TabTest : public StudyTest {
     LoadNew();
   }
   std::string Refusal() { return RefusalOf(tab_); }
+  void ExpectRefusals(auto& box, const std::vector<Refused>& cases) {
+    StudyTest::ExpectRefusals(tab_, box, cases);
+  }
 
   TabType tab_;
 };

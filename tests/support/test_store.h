@@ -2,9 +2,10 @@
 
 #include <memory>
 
-#include "database/connection.h"
+#include "database/open.h"
 #include "store/studies/error_log.h"
 #include "store/studies/study_store.h"
+#include "support/engine.h"
 #include "support/fake_host.h"
 
 namespace kiv::test {
@@ -16,6 +17,9 @@ class TestStore {
       : scope_({.openDatabase = [connection] { return connection; }, .errorReporter = errors_},
                host::Rest::AsBefore),
         store_(connection, errors_) {}
+
+  explicit TestStore(const TestDatabase& studies)
+      : TestStore(database::OpenStudyDatabase(studies.Name(), database::OpenMode::CreateIfMissing)) {}
 
   store::StudyStore* operator->() { return &store_; }
 

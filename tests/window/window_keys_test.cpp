@@ -1,12 +1,10 @@
 // The window worked with the keyboard alone.
 
-#include <QGroupBox>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QRadioButton>
 #include <QRegularExpression>
-#include <QTabWidget>
 #include <map>
 
 #include "client/window/editor_view.h"
@@ -61,14 +59,12 @@ class Mnemonics {
   /// Takes what is visible of a window.
   void TakeAll(const MainWindow& window) {
     for (const auto* action : window.menuBar()->actions()) Take(action->text());
-    for (const auto* label : window.findChildren<QLabel*>()) {
-      if (label->isVisible() && label->buddy()) Take(label->text());
-    }
-    for (const auto* group : window.findChildren<QGroupBox*>()) {
-      if (group->isVisible()) Take(group->title());
-    }
-    for (const auto* button : window.findChildren<QAbstractButton*>()) {
-      if (button->isVisible()) Take(button->text());
+    for (const auto* widget : window.findChildren<QWidget*>()) {
+      const auto* label = qobject_cast<const QLabel*>(widget);
+      const bool names = label ? label->buddy() != nullptr : widget->inherits("QAbstractButton");
+      if (!widget->isVisible()) continue;
+      if (names) Take(widget->property("text").toString());
+      if (widget->inherits("QGroupBox")) Take(widget->property("title").toString());
     }
   }
   std::size_t Count() const { return taken_.size(); }

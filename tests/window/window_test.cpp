@@ -1,9 +1,7 @@
 // The whole program through its window, with a user's keys and clicks, on real database files.
 
-#include <QAction>
 #include <QClipboard>
 #include <QMessageBox>
-#include <QTabWidget>
 #include <QTableView>
 #include <array>
 #include <filesystem>

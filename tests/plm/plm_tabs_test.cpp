@@ -1,6 +1,6 @@
-#include "plm/tdma_tab.h"
-
+#include "plm/cdma_tab.h"
 #include "plm/mode_names.h"
+#include "plm/tdma_tab.h"
 #include "support/tab_test.h"
 
 namespace kiv {
@@ -19,12 +19,17 @@ std::string Stored(const CKivPlmMode& mode) {
   return text;
 }
 
-class PlmTdma : public test::TabTest<XKivPlmTdma> {
+template <class TabType>
+class PlmTab : public test::TabTest<TabType> {
  protected:
-  PlmTdma() : TabTest(kPlmStudy) {}
+  PlmTab() : test::TabTest<TabType>(kPlmStudy) {}
 
-  CKivPlmData& Data() { return *study_->PlmData(); }
+  CKivPlmData& Data() { return *this->study_->PlmData(); }
   CKivPlmMode& Mode(std::int32_t number) { return *Data().ReturnMode(MKivStudyCtls::ModeName(number)); }
+};
+
+class PlmTdma : public PlmTab<XKivPlmTdma> {
+ protected:
   void Check(std::int32_t number) { tab_.chkMode[std::size_t(number) - 1].Click(); }
   void Choose(std::int32_t number) { tab_.obModeSelector[std::size_t(number) - 1].Click(); }
   /// The numbers of the modes whose panels are visible.
@@ -211,8 +216,9 @@ TEST_F(PlmTdma, AStoredModeComesBackAsItWas) {
   Mode(6).Initialize(5, 6, -1, -1, -1, "Manual", -1, -1, -1, "", "", "", -1, -1, "", false);
   LoadStored();
   EXPECT_EQ(Refusal(), "") << "a mode that is not shown holds nobody up";
-  ASSERT_EQ(tab_.Problems().size(), 1U);
-  EXPECT_EQ(tab_.Problems().front().message, "Mode 6: You must enter at least one channel.");
+  EXPECT_TRUE(tab_.Problems().empty());
+  ASSERT_FALSE(tab_.Findings().empty());
+  EXPECT_EQ(tab_.Findings().back().message, "Mode 6: You must enter at least one channel.");
   Data().RemoveMode("Mode 6");
   EXPECT_TRUE(tab_.chkMode[1].Checked() && tab_.chkMode[4].Checked());
   EXPECT_EQ(tab_.CurrentMode(), "Mode 1");
@@ -226,34 +232,6 @@ TEST_F(PlmTdma, AStoredModeComesBackAsItWas) {
   EXPECT_TRUE(host_.editor->changes.empty());
   EXPECT_EQ(Stored(Mode(2)), "2|Manual|0|3|0|Restrict|Channel|End|0|9|Y|12");
   EXPECT_EQ(Stored(Mode(5)), "5|Lottery|1|1|2|Expand|Weight|Middle|1|2|N|");  // unknown words stay
-}
-
-TEST_F(PlmTdma, SwitchingRefusesAndUncheckingKeeps) {
-  LoadNew();
-  Check(2);
-  tab_.XMode2.txtTotal.SetText("1");
-  Choose(3);
-  EXPECT_EQ(host_.TakeMessage(), std::string("Mode 2  ") + kOverTotal);
-  EXPECT_EQ(tab_.obModeSelector.Index(), 1);
-  EXPECT_EQ(Panels(), "2");
-  Check(3);
-  EXPECT_NE(host_.TakeMessage(), "");
-  EXPECT_FALSE(tab_.chkMode[2].Checked());
-  EXPECT_EQ(Data().ModeCount(), 1);
-
-  Check(2);  // out, in spite of what is wrong with it
-  EXPECT_EQ(Data().ModeCount(), 0);
-  Check(3);
-  EXPECT_EQ(tab_.CurrentMode(), "Mode 3");
-  tab_.XMode3.XChannelList1.txtChannelList.Type("4\n5");
-  Check(3);
-  Check(2);  // in again, as it was left
-  EXPECT_EQ(tab_.XMode2.txtTotal.Text(), "1");
-  tab_.XMode2.txtTotal.SetText("10");
-  Check(3);
-  EXPECT_EQ(tab_.XMode3.XChannelList1.txtChannelList.Text(), "4\n5\n");
-  EXPECT_EQ(Refusal(), "");
-  EXPECT_EQ(Data().ModeCount(), 2);
 }
 
 TEST_F(PlmTdma, UnsoundDefaultsAreToldInThePanelsOwnWords) {
@@ -282,23 +260,18 @@ TEST_F(PlmTdma, EveryEntryOfAChannelListIsChecked) {
   auto& channels = tab_.XMode3.XChannelList1;
   const std::string range = " must be between 1 and 1999 inclusive.";
   const std::string letters = " is not a valid channel number. Please fix it.";
-  const std::pair<const char*, std::string> lists[] = {
-      {"", "You must enter at least one channel."},
-      {" ,;\n\n", "You must enter at least one channel."},
-      {"1\n1999", ""},
-      {"12\n12", "Channel 12 is a duplicate."},
-      {"05 5", "Channel 5 is a duplicate."},
-      {"0\nx", "Channel 0" + range},
-      {"x\n0", "Channel x" + letters},
-      {"2500", "Channel 2500" + range},
-      {"-7", "Channel -7" + range},
-      {"99999999999999999999", "Channel 99999999999999999999" + range},
-      {"12a", "Channel 12a" + letters},
-      {"1999.4", ""}};
-  for (const auto& [text, message] : lists) {
-    channels.txtChannelList.SetText(text);
-    EXPECT_EQ(Refusal(), message) << text;
-  }
+  ExpectRefusals(channels.txtChannelList, {{"", "You must enter at least one channel."},
+                                           {" ,;\n\n", "You must enter at least one channel."},
+                                           {"1\n1999", ""},
+                                           {"12\n12", "Channel 12 is a duplicate."},
+                                           {"05 5", "Channel 5 is a duplicate."},
+                                           {"0\nx", "Channel 0" + range},
+                                           {"x\n0", "Channel x" + letters},
+                                           {"2500", "Channel 2500" + range},
+                                           {"-7", "Channel -7" + range},
+                                           {"99999999999999999999", "Channel 99999999999999999999" + range},
+                                           {"12a", "Channel 12a" + letters},
+                                           {"1999.4", ""}});
   EXPECT_EQ(Mode(3).GetChannelList(), "1999");
   channels.txtChannelList.SetText("3 1,2");
   CKivPlmMode other;
@@ -308,6 +281,173 @@ TEST_F(PlmTdma, EveryEntryOfAChannelListIsChecked) {
   EXPECT_EQ(Mode(3).GetChannelList(), "3;1;2");
   EXPECT_EQ((*Mode(3).ChannelList()->begin())->Key(), "Channel:3");
   EXPECT_EQ(channels.lblCount.Caption(), "3 channels");
+}
+
+class PlmCdma : public PlmTab<XKivPlmCdma> {
+ protected:
+  /// A stored mode, as loading leaves it.
+  void Store(std::int32_t number, std::int32_t carrier, std::int32_t option, std::int32_t type) {
+    const auto mode = std::make_shared<CKivPlmMode>();
+    mode->Initialize(5, number, carrier, option, type, "", -1, -1, -1, "", "", "", -1, -1, "", false);
+    Data().AddMode(MKivStudyCtls::ModeName(number), mode);
+  }
+  std::string Checked() {
+    std::string boxes;
+    for (const auto& box : tab_.chkMode) boxes += box.Checked() ? 'x' : '-';
+    return boxes;
+  }
+  static std::string ValuesOf(const ui::ComboBox& list) {
+    std::string values;
+    for (const auto& item : list.Items()) values += std::to_string(item.data) + " ";
+    return values;
+  }
+};
+
+TEST_F(PlmCdma, EachModeShowsWhatItHas) {
+  LoadNew();
+  for (std::size_t i = 0; i < XKivPlmCdma::kModes; ++i) {
+    tab_.obModeSelector[i].Click();
+    EXPECT_TRUE(tab_.lblDescription.Caption().starts_with(tab_.CurrentMode() + ":  ")) << i;
+    EXPECT_EQ(tab_.cboServiceOption.Enabled(), i < 2);
+    EXPECT_EQ(tab_.Label1[0].Enabled(), i < 2);
+    EXPECT_EQ(tab_.cboGenerationType.Enabled(), i > 3);
+    EXPECT_EQ(tab_.Label1[1].Enabled(), i > 3);
+    EXPECT_EQ(tab_.cboServiceOption.Items().empty(), i > 1);
+  }
+  EXPECT_EQ(tab_.lblDescription.Caption(), "Mode 15 CPLM7:  Soft handoff period for all traffic channels.");
+  EXPECT_EQ(ValuesOf(tab_.cboGenerationType), "0 1 2 3 ");
+  tab_.obModeSelector[0].Click();
+  EXPECT_EQ(ValuesOf(tab_.cboServiceOption), "0 1 2 17 3 4 5 18 6 7 8 9 10 ");  // by value, not in order
+  EXPECT_EQ(tab_.cboServiceOption.Items()[7].text, "(3GSMV) 3G Voice Selectable Mode Vocoder RC3");
+  tab_.obModeSelector[1].Click();
+  EXPECT_EQ(ValuesOf(tab_.cboServiceOption), "1 7 8 9 10 11 12 13 14 15 ");
+  EXPECT_TRUE(host_.editor->changes.empty());  // looking around is no edit
+  EXPECT_EQ(Refusal(), "");                    // nothing is checked, nothing is wrong
+  EXPECT_EQ(Data().Modes()->Count(), 0);
+}
+
+TEST_F(PlmCdma, AtMostTwoModesAreChecked) {
+  LoadNew();
+  tab_.chkMode[0].Click();
+  tab_.chkMode[4].Click();
+  tab_.chkMode[8].Click();
+  ASSERT_EQ(host_.messages->shown.size(), 1U);
+  EXPECT_EQ(host_.messages->shown[0].title, "PLM Editor");
+  EXPECT_EQ(host_.TakeMessage(), "Only two CDMA modes are allowed for one study.");
+  EXPECT_EQ(Checked(), "x---x----");
+  EXPECT_EQ(tab_.CurrentMode(), "Mode 11 CPLM3");
+  EXPECT_EQ(Data().ModeCount(), 2);
+  tab_.chkMode[0].Click();
+  tab_.chkMode[8].Click();
+  EXPECT_EQ(Checked(), "----x---x");
+  EXPECT_EQ(Data().ModeCount(), 2);
+  EXPECT_EQ(host_.editor->changes.size(), 4U);
+}
+
+TEST_F(PlmCdma, AModeIsLeftOnlyWhenItIsInOrder) {
+  LoadNew();
+  tab_.chkMode[0].Click();
+  const std::pair<const char*, std::vector<const char*>> refusals[] = {
+      {"Carrier must be numeric.", {"", " ", "x4"}},
+      {"Carrier must be between 1 and 18 inclusive.", {"0", "19", "-1", "18.6", "99999999999999999999"}},
+      {"Service Option is a required value.", {"18"}}};
+  for (const auto& [message, carriers] : refusals) {
+    for (const std::string carrier : carriers) {
+      tab_.txtCarrier.SetText(carrier);
+      tab_.obModeSelector[3].Click();
+      EXPECT_EQ(host_.TakeMessage(), message) << carrier;
+      EXPECT_EQ(tab_.obModeSelector.Index(), 0);
+      EXPECT_EQ(tab_.txtCarrier.Text(), carrier);
+      EXPECT_EQ(Refusal(), message);
+      ASSERT_EQ(tab_.Problems().size(), carrier == "18" ? 1U : 2U);
+      EXPECT_EQ(tab_.Problems()[0].message, message);
+    }
+  }
+  EXPECT_TRUE(tab_.cboServiceOption.HasFocus());
+  tab_.cboServiceOption.Select(3);
+  tab_.obModeSelector[3].Click();
+  EXPECT_EQ(tab_.CurrentMode(), "Mode 10 CPLM2");
+  EXPECT_EQ(Mode(7).Carrier(), 18);
+  EXPECT_EQ(Mode(7).ServiceOption(), 17);  // by its value, not its place
+  EXPECT_EQ(Mode(7).GenerationType(), -1);
+  EXPECT_EQ(tab_.lblModeSelector[0].Caption(), "carrier 18 (2GSMV)");
+  tab_.txtCarrier.SetText("");
+  tab_.txtCarrier.Type("1a-2.");
+  EXPECT_EQ(tab_.txtCarrier.Text(), "12");
+}
+
+TEST_F(PlmCdma, NothingTypedIsLostByCheckingAndUnchecking) {
+  LoadNew();
+  tab_.chkMode[0].Click();
+  tab_.cboServiceOption.Select(1);
+  tab_.txtCarrier.SetText("abc");
+  tab_.chkMode[4].Click();  // the record could not keep this
+  EXPECT_EQ(host_.TakeMessage(), "Carrier must be numeric.");
+  EXPECT_EQ(Checked(), "x--------");
+  EXPECT_EQ(tab_.txtCarrier.Text(), "abc");
+  tab_.txtCarrier.SetText("33");
+  tab_.chkMode[4].Click();  // this it can, and says so until it is corrected
+  EXPECT_EQ(host_.TakeMessage(), "");
+  EXPECT_EQ(Mode(7).Carrier(), 33);
+  tab_.txtCarrier.SetText("7");
+  tab_.cboGenerationType.Select(2);
+  ASSERT_EQ(tab_.Problems().size(), 1U);
+  EXPECT_EQ(tab_.Problems()[0].control, &tab_.obModeSelector[0]);
+  EXPECT_EQ(Refusal(), "Mode   7 FER1 carrier must be between 1 and 18 inclusive.");
+
+  tab_.txtCarrier.SetText("x");
+  tab_.chkMode[4].Click();  // out, in spite of what is wrong with it
+  EXPECT_FALSE(Mode(11).Checked());
+  EXPECT_TRUE(tab_.lblHint.Visible());
+  tab_.txtCarrier.SetText("8");  // typed while the study does not run the mode
+  tab_.obModeSelector[0].Click();
+  EXPECT_EQ(tab_.txtCarrier.Text(), "33");
+  tab_.txtCarrier.SetText("5");
+  tab_.chkMode[4].Click();  // and in again
+  EXPECT_EQ(tab_.txtCarrier.Text(), "8");
+  EXPECT_EQ(tab_.cboGenerationType.ListIndex(), 2);
+  EXPECT_EQ(Refusal(), "");
+  EXPECT_EQ(Mode(7).Carrier(), 5);
+  EXPECT_EQ(Mode(11).Carrier(), 8);
+  EXPECT_EQ(Data().ModeCount(), 2);
+}
+
+TEST_F(PlmCdma, AStoredStudyShowsItsModesAndChecksThemInTheOrderOfItsCollection) {
+  Store(12, -1, -1, 3);
+  Store(8, 2, 0, -1);  // 0 is none of its service options
+  Store(3, -1, -1, -1);
+  LoadStored();
+  EXPECT_EQ(Checked(), "-x---x---");
+  EXPECT_EQ(Data().ModeCount(), 2);
+  EXPECT_EQ(tab_.CurrentMode(), "Mode   7 FER1");
+  EXPECT_EQ(tab_.obModeSelector.Index(), 0);
+  EXPECT_TRUE(tab_.Problems().empty());  // an unset carrier and any set option pass in records
+  EXPECT_EQ(Refusal(), "");
+  tab_.obModeSelector[5].Click();
+  EXPECT_EQ(tab_.cboGenerationType.ListIndex(), 3);
+  EXPECT_EQ(tab_.txtCarrier.Text(), "");
+  EXPECT_TRUE(host_.editor->changes.empty());
+  tab_.txtCarrier.SetText("9");
+  tab_.obModeSelector[1].Click();
+  EXPECT_EQ(tab_.cboServiceOption.ListIndex(), ui::kNoSelection);
+  EXPECT_EQ(Refusal(), "Service Option is a required value.");
+  tab_.SaveData();
+  EXPECT_EQ(Mode(12).Carrier(), 9);
+  EXPECT_EQ(Mode(12).ID(), study_->ID());
+
+  tab_.cboServiceOption.Select(0);
+  tab_.obModeSelector[0].Click();
+  Mode(8).SetCarrier(50);
+  Mode(12).SetCarrier(40);
+  ASSERT_EQ(tab_.Problems().size(), 2U);
+  EXPECT_EQ(tab_.Problems()[0].message, "Mode 12 CPLM4 carrier must be between 1 and 18 inclusive.");
+  EXPECT_EQ(tab_.Problems()[1].message, "Mode   8 FER2 carrier must be between 1 and 18 inclusive.");
+  EXPECT_EQ(Refusal(), tab_.Problems()[0].message);
+  EXPECT_TRUE(tab_.obModeSelector[5].HasFocus());
+  Mode(12).SetCarrier(4);
+  Mode(8).SetCarrier(4);
+  Mode(8).SetServiceOption(-1);
+  EXPECT_EQ(Refusal(), "Mode   8 FER2 'Service Option' is a required value.");
 }
 
 }  // namespace
