@@ -73,7 +73,8 @@ class RowReader {
   }
   Variant Value(std::size_t field) const { return rows_.FieldAt(indexes_[field]); }
   std::int32_t Number(std::size_t field) const { return ToInt32(Value(field)); }
-  std::string Text(std::size_t field) const { return ToText(Value(field)); }
+  /// The number as decimal text, however the database delivers it.
+  std::string NumberText(std::size_t field) const { return std::to_string(Number(field)); }
 
  private:
   const host::Recordset& rows_;
@@ -216,8 +217,8 @@ void LoadCarrierList(std::int32_t listId, const EntityCollection& cells) {
     CCell& cell = AsCell(entity);
     ForEachRow(CellListQuery(kCarrierList, listId, cell, kCarrierId),
                {kInstanceId, kSystemId, kEcpId, kCellId, kCarrierId, kSelected}, [&](const RowReader& row) {
-                 cell.AddCarrier(row.Number(0), row.Text(1), row.Text(2), row.Text(3), row.Text(4),
-                                 database.FieldToBoolean(row.Value(5)));
+                 cell.AddCarrier(row.Number(0), row.NumberText(1), row.NumberText(2), row.NumberText(3),
+                                 row.NumberText(4), database.FieldToBoolean(row.Value(5)));
                });
   }
 }
@@ -250,7 +251,7 @@ void LookupConfigCarriers(CCell& cell) {
   const std::string ecpId = std::to_string(cell.EcpID());
   const std::string cellId = std::to_string(cell.CellID());
   const auto addCarrier = [&](const RowReader& row) {
-    cell.AddCarrier(0, systemId, ecpId, cellId, row.Text(0), false);
+    cell.AddCarrier(0, systemId, ecpId, cellId, row.NumberText(0), false);
   };
   ForEachRow("SELECT cdma_carr_id FROM luc_cfg_cdma_car_chans WHERE system_id=" + systemId +
                  " AND ecp=" + ecpId + " AND cell=" + cellId + " ORDER BY keyid",

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "base/ascii.h"
-#include "base/drive_type.h"
 #include "base/utf16.h"
+#include "core/drive_type.h"
 #include "host/services.h"
 
 namespace kiv::MKivStudyCtls {
@@ -46,7 +46,10 @@ std::int32_t GetDriveTypeName(const std::string& path, std::string& description)
 }
 
 bool IsAlphaNumeric(std::string_view text) {
-  const std::u16string characters = ToUtf16(text);
+  return IsAlphaNumeric(std::u16string_view(ToUtf16(text)));
+}
+
+bool IsAlphaNumeric(std::u16string_view characters) {
   return std::all_of(characters.begin(), characters.end(), [](char16_t character) {
     const auto lowByte = static_cast<char16_t>(character & 0xFF);
     return IsAsciiDigit(lowByte) || IsAsciiLetter(lowByte);

@@ -23,6 +23,8 @@ std::int32_t GetDriveTypeName(const std::string& path, std::string& description)
 
 /// Whether every character's low byte is an ASCII letter or digit; true for the empty text.
 bool IsAlphaNumeric(std::string_view text);
+/// The same of characters as they are counted, of which half a pair is one.
+bool IsAlphaNumeric(std::u16string_view characters);
 
 /// False only when a set collection lacks the key; an unset collection counts as holding it.
 template <class T>

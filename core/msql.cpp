@@ -14,16 +14,22 @@ std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql) {
   return Database().OpenQuery(sql, host::kQueryTimeoutSeconds);
 }
 
-std::shared_ptr<host::Recordset> OpenStudyRow(const std::string& sql, std::string_view kind,
-                                              const char* routine, const std::string& message) {
+void ReadStudyRow(const std::string& sql, std::string_view kind, const char* routine,
+                  const std::string& message, const std::function<void(const host::Recordset&)>& read) {
+  const auto report = [&] {
+    host::TheErrorReporter().ReportError(std::string(kind), kModuleName, routine, message);
+  };
   std::shared_ptr<host::Recordset> rows;
   try {
     rows = OpenQuery(sql);
+    if (rows) {
+      read(*rows);
+      rows->Close();
+    }
   } catch (const host::DatabaseError&) {
-    // Told like a missing result set.
+    return report();
   }
-  if (!rows) host::TheErrorReporter().ReportError(std::string(kind), kModuleName, routine, message);
-  return rows;
+  if (!rows) report();
 }
 
 bool TrapErrors(std::string_view kind, const char* routine,

@@ -20,10 +20,11 @@ host::Database& Database();
 /// Opens a query with the time-out that every query of the library has; null when no result set came back.
 std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql);
 
-/// Opens the query of a study's own row. When the database fails or no result set comes back, the message is
-/// reported under the study kind and the routine's name, and null returned.
-std::shared_ptr<host::Recordset> OpenStudyRow(const std::string& sql, std::string_view kind,
-                                              const char* routine, const std::string& message);
+/// Runs the query of a study's own row, gives the result set to `read` and closes it. When no result set
+/// comes back, or the database fails at any of that, the message is reported under the study kind and the
+/// routine's name; a failure while it is being handled, so that a reporter can tell the driver's reason too.
+void ReadStudyRow(const std::string& sql, std::string_view kind, const char* routine,
+                  const std::string& message, const std::function<void(const host::Recordset&)>& read);
 
 /// Runs a write routine that keeps its failures to itself: they are reported under the study kind and the
 /// routine's name. False when it failed.

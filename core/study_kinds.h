@@ -9,16 +9,17 @@
 #include <vector>
 
 #include "core/sub_record.h"
+#include "host/constants.h"
 
 namespace kiv {
 
 class Tab;
 
-/// Exact names of the study kinds of this library.
-inline constexpr std::string_view kHomStudy = "HOM Study";
-inline constexpr std::string_view kPlmStudy = "PLM Study";
-inline constexpr std::string_view kRfcStudy = "RF Call Trace Study";
-inline constexpr std::string_view kVcsStudy = "VCSA Study";
+/// The study kinds of this library.
+using host::category::kHomStudy;
+using host::category::kPlmStudy;
+using host::category::kRfcStudy;
+using host::category::kVcsStudy;
 
 /// Where the user chooses the scenario of a study.
 enum class ScenarioChoice {

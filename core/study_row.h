@@ -21,14 +21,12 @@ struct StudyTable {
 template <class Record>
 void LoadStudyRow(const StudyTable& table, const char* routine, std::int32_t id, Record& record) {
   const std::string name(table.name);
-  const auto rows = OpenStudyRow("SELECT * FROM " + name + " WHERE Id = " + std::to_string(id), table.kind,
-                                 routine, "Unable to load study types data from " + name);
-  if (!rows) return;
-  if (rows->RecordCount() > 0) {
-    const auto fields = Record::Fields();
-    LoadFields(record, *rows, fields, FindOptionalFields(Database(), table.name, fields), id);
-  }
-  rows->Close();
+  ReadStudyRow("SELECT * FROM " + name + " WHERE Id = " + std::to_string(id), table.kind, routine,
+               "Unable to load study types data from " + name, [&](const host::Recordset& rows) {
+                 if (rows.RecordCount() <= 0) return;
+                 const auto fields = Record::Fields();
+                 LoadFields(record, rows, fields, FindOptionalFields(Database(), table.name, fields), id);
+               });
 }
 
 /// Both write routines report their own failures; false when the row was not written.

@@ -13,8 +13,6 @@ namespace kiv {
 
 namespace {
 
-enum MenuItem : std::size_t { kRemove, kRemoveAll, kSelectAll };
-
 /// The type word of an entity's key, in lower case and as messages write it.
 struct TypeWord {
   std::string_view inKey;
@@ -40,12 +38,15 @@ std::string PathText(const CEntity& entity) {
 }  // namespace
 
 XDDListView::XDDListView(ui::Container* parent, std::string name) : EntityListView(parent, std::move(name)) {
+  if (const auto& images = host::CurrentServices().images) {
+    SetSortImages({images->Find(host::image::kSortAscending), images->Find(host::image::kSortDescending)});
+  }
   SetDropRule([this](const ui::DragData& data) { return OffersFormat(data); });
   Dropped.Connect([this](const ui::DragData&) { DropNodes(host::TheDragSource().DraggedNodes()); });
   MenuItemChosen.Connect([this](std::size_t item) {
-    if (item == kRemove) RemoveSelected();
-    if (item == kRemoveAll) RemoveAll();
-    if (item == kSelectAll) {
+    if (item == host::menu::kRemove) RemoveSelected();
+    if (item == host::menu::kRemoveAll) RemoveAll();
+    if (item == host::menu::kSelectAll) {
       std::vector<std::size_t> every(RowCount());
       for (std::size_t row = 0; row < every.size(); ++row) every[row] = row;
       SetSelectedRows(std::move(every));
@@ -88,32 +89,49 @@ void XDDListView::DropNodes(const std::vector<host::DraggedNode>& nodes) {
                       word);
     return;
   }
-  EntityCollection& collection = Required(TheCollection());
-  bool changed = false;
-  for (const host::DraggedNode& node : nodes) {
-    const auto entity = MakeEntity(node);
-    if (collection.Contains(entity->Key())) {
-      host::ShowMessage(std::string(word) + " " + PathText(*entity) +
-                        " is already in the list and will not be added.");
-      continue;
+  const auto collection = TheCollection();  // a handler may set another one
+  Change([&](bool& changed) {
+    for (const host::DraggedNode& node : nodes) {
+      const auto entity = MakeEntity(node);
+      if (Required(collection).Contains(entity->Key())) {
+        host::ShowMessage(std::string(word) + " " + PathText(*entity) +
+                          " is already in the list and will not be added.");
+      } else if (MayAdd(entity)) {
+        changed |= TakeIn(*collection, entity);
+      } else if (entityType_ != EntityType::Ecp) {
+        break;  // a limit on cells ends the drop
+      }
     }
-    if (!MayAdd(entity)) {
-      if (entityType_ == EntityType::Ecp) continue;
-      break;  // a limit on cells ends the drop
-    }
-    collection.Add(entity);
-    try {
-      EntityAdded.Raise(entity);
-    } catch (...) {
-      if (collection.Contains(entity->Key())) collection.Remove(entity->Key());  // half an entity is none
-      Display();
-      if (changed) CollectionChanged.Raise();
-      throw;
-    }
-    changed = changed || collection.Contains(entity->Key());
+  });
+}
+
+/// Whether the entity is there after all who listen were told of it.
+bool XDDListView::TakeIn(EntityCollection& collection, const std::shared_ptr<CEntity>& entity) {
+  collection.Add(entity);
+  try {
+    EntityAdded.Raise(entity);
+  } catch (...) {
+    if (collection.Contains(entity->Key())) collection.Remove(entity->Key());  // half an entity is none
+    throw;
   }
-  Display();
-  if (changed) CollectionChanged.Raise();
+  return collection.Contains(entity->Key());
+}
+
+/// Changes the collection. The list then shows what came of it and its host is told, also of a change that
+/// failed half-way.
+void XDDListView::Change(const std::function<void(bool& changed)>& change) {
+  bool changed = false;
+  const auto show = [&] {
+    Display();
+    if (changed) CollectionChanged.Raise();
+  };
+  try {
+    change(changed);
+  } catch (...) {
+    show();
+    throw;
+  }
+  show();
 }
 
 bool XDDListView::MayAdd(const std::shared_ptr<CEntity>& entity) const {
@@ -212,12 +230,17 @@ void XDDListView::RemoveAll() {
 
 void XDDListView::Remove(const std::vector<std::shared_ptr<CEntity>>& entities) {
   if (entities.empty()) return;
-  for (const auto& entity : entities) {
-    TheCollection()->Remove(entity->Key());
-    EntityRemoved.Raise(entity);
-  }
-  Display();
-  CollectionChanged.Raise();
+  const auto collection = TheCollection();
+  Change([&](bool& changed) {
+    for (const auto& shown : entities) {
+      // A collection that was set since need not have what the list still shows.
+      if (!Required(collection).Contains(shown->Key())) continue;
+      const auto entity = collection->Item(shown->Key());
+      collection->Remove(entity->Key());
+      changed = true;
+      EntityRemoved.Raise(entity);
+    }
+  });
 }
 
 }  // namespace kiv

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,6 +14,14 @@ namespace kiv {
 
 /// What a drop list accepts.
 enum class EntityType : std::int32_t { None = 0, Ecp = 1, RfcCell = 2, VcsCell = 3 };
+
+/// By which column, and in which direction, a list is sorted.
+struct SortSettings {
+  int column = ui::ListView::kDefaultColumn;  ///< kUnsorted for the order of the collection
+  ui::SortDirection direction = ui::SortDirection::Ascending;
+
+  friend bool operator==(const SortSettings&, const SortSettings&) = default;
+};
 
 /// What the user is told who chose no cell.
 inline constexpr const char* kNoCellText = "Please select at least one cell for the study.";
@@ -29,7 +38,11 @@ class XDDListView : public EntityListView {
   std::int32_t MaxRows() const { return maxRows_; }
   void SetMaxRows(std::int32_t maxRows) { maxRows_ = maxRows; }
   /// Whether a right click opens the menu with Remove, Remove All and Select All.
+  bool UsePopupMenu() const { return !MenuItems().empty(); }
   void SetUsePopupMenu(bool use);
+  SortSettings SortOptions() const { return {SortColumn(), Direction()}; }
+  /// Raises error 5 for a column that the list does not have.
+  void SetSortOptions(SortSettings settings) { SortBy(settings.column, settings.direction); }
 
   /// What is wrong with the collection as a whole, though no drop could make it so; empty when nothing is.
   std::string LimitFault() const;
@@ -51,6 +64,8 @@ class XDDListView : public EntityListView {
   bool PassesVcsCellLimit(const CEntity& cell) const;
   bool PassesRfcCellCheck(const CEntity& cell) const;
   void Remove(const std::vector<std::shared_ptr<CEntity>>& entities);
+  bool TakeIn(EntityCollection& collection, const std::shared_ptr<CEntity>& entity);
+  void Change(const std::function<void(bool& changed)>& change);
 
   std::optional<std::uint16_t> format_;  // of the tree's nodes, once a drag asked for it
   kiv::EntityType entityType_ = kiv::EntityType::None;

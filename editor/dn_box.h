@@ -7,7 +7,7 @@
 
 namespace kiv {
 
-/// Entry box for a directory number (DN), shown by the pattern of the host's setting "Phone Number Mask".
+/// Entry box for a directory number (DN), shown by the pattern of the host's setting kPhoneNumberMask.
 /// A DN with more digits than the pattern has places, or with other characters, is shown as it is.
 class XDnBox : public ui::Container {
  public:

@@ -40,7 +40,7 @@ CheckList FileNameChecks(ui::TextBox& box, const std::function<std::int32_t()>& 
   checks.Add(
       box, [&box] { return box.Text().find(' ') == std::string::npos; }, std::move(texts.noBlanks));
   checks.Add(
-      box, [&box] { return IsAlphaNumeric(ToUtf8(ToUtf16(box.Text()).substr(0, 1))); },
+      box, [&box] { return IsAlphaNumeric(ToUtf16(box.Text()).substr(0, 1)); },
       std::move(texts.firstCharacter));
   checks.Add(
       box,

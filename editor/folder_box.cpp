@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "base/drive_type.h"
+#include "core/drive_type.h"
 #include "core/kiv_study_ctls.h"
 #include "core/numeric_text.h"
 #include "host/services.h"
@@ -18,7 +18,7 @@ namespace {
 bool IsOnHardDiskOrNetwork(std::string_view path) {
   std::string description;
   const std::int32_t type = MKivStudyCtls::GetDriveTypeName(std::string(path), description);
-  return type == kDriveFixed || type == kDriveRemote;
+  return type == host::drive::kFixed || type == host::drive::kRemote;
 }
 
 bool IsExistingFolder(std::string_view path) {

@@ -11,6 +11,7 @@
 #include "host/drag_source.h"
 #include "host/error_reporter.h"
 #include "host/file_names.h"
+#include "host/images.h"
 #include "host/message_box.h"
 #include "host/session.h"
 #include "host/settings.h"
@@ -29,6 +30,7 @@ struct Services {
   std::shared_ptr<FolderChooser> folderChooser = {};
   std::shared_ptr<Beeper> beeper = {};
   std::shared_ptr<DragSource> dragSource = {};
+  std::shared_ptr<Images> images = {};  ///< without it views draw their own
 };
 
 /// What happens at a host. The host raises it; who listens need not know which service is behind it, and

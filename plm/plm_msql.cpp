@@ -43,14 +43,12 @@ void Insert(const std::string& table, const Record& record) {
 }  // namespace
 
 void LoadPlmData(std::int32_t id, CKivPlmData& record) {
-  const auto rows = OpenStudyRow("Select * From Kiv_PlmStudy Where ID = " + std::to_string(id), kPlmStudy,
-                                 "LoadPlmData", "Unable to load study data from " + kStudyTable);
-  if (!rows) return;
-  if (!rows->EndOfFile()) {
-    const auto fields = CKivPlmData::Fields();
-    LoadFields(record, *rows, fields, FindOptionalFields(Database(), kStudyTable, fields), id);
-  }
-  rows->Close();
+  ReadStudyRow("Select * From Kiv_PlmStudy Where ID = " + std::to_string(id), kPlmStudy, "LoadPlmData",
+               "Unable to load study data from " + kStudyTable, [&](const host::Recordset& rows) {
+                 if (rows.EndOfFile()) return;
+                 const auto fields = CKivPlmData::Fields();
+                 LoadFields(record, rows, fields, FindOptionalFields(Database(), kStudyTable, fields), id);
+               });
 }
 
 void LoadPlmModes(std::int32_t id, CKivPlmData& record) {

@@ -2,8 +2,10 @@
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QHeaderView>
+#include <QImage>
 #include <QMenu>
 #include <QMimeData>
+#include <QPixmap>
 #include <QPointer>
 #include <QScrollBar>
 #include <QTreeView>
@@ -48,7 +50,7 @@ class RowModel final : public QAbstractTableModel {
       return ToQt(list_.Text(position, static_cast<std::size_t>(index.column())));
     }
     if (role == Qt::TextAlignmentRole) return QVariant::fromValue(AlignmentOf(index.column()));
-    if (role == Qt::CheckStateRole && list_.Checkboxes() && index.column() == 0) {
+    if (role == Qt::CheckStateRole && HasCheckBox(index)) {
       return list_.Checked(position) ? Qt::Checked : Qt::Unchecked;
     }
     return {};
@@ -63,17 +65,31 @@ class RowModel final : public QAbstractTableModel {
   Qt::ItemFlags flags(const QModelIndex& index) const override {
     if (!hasIndex(index.row(), index.column())) return Qt::NoItemFlags;
     const Qt::ItemFlags usual = QAbstractTableModel::flags(index) | Qt::ItemNeverHasChildren;
-    return list_.Checkboxes() && index.column() == 0 ? usual | Qt::ItemIsUserCheckable : usual;
+    return HasCheckBox(index) ? usual | Qt::ItemIsUserCheckable : usual;
   }
 
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
     if (role == Qt::DisplayRole) return ToQt(list_.Columns()[static_cast<std::size_t>(section)].caption);
     if (role == Qt::TextAlignmentRole) return QVariant::fromValue(AlignmentOf(section));
+    if (role == Qt::DecorationRole && section == list_.SortColumn()) return PictureOf(list_.SortImage());
     return {};
   }
 
  private:
+  bool HasCheckBox(const QModelIndex& index) const {
+    return list_.Checkboxes() && index.column() == ui::ListView::kDefaultColumn;
+  }
+
+  static QVariant PictureOf(const std::shared_ptr<const Image>& image) {
+    if (!image) return {};
+    QImage picture(image->width, image->height, QImage::Format_ARGB32);
+    for (int y = 0; y < image->height; ++y) {
+      for (int x = 0; x < image->width; ++x) picture.setPixel(x, y, image->At(x, y));
+    }
+    return QPixmap::fromImage(picture);
+  }
+
   Qt::Alignment AlignmentOf(int column) const {
     const bool right = list_.Columns()[static_cast<std::size_t>(column)].alignment == ui::Alignment::Right;
     return (right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
@@ -117,6 +133,7 @@ class ListViewView final : public QTreeView, public ControlView {
   void ShowAppearance() override {
     ControlView::ShowAppearance();
     setSelectionMode(list_.MultiSelect() ? ExtendedSelection : SingleSelection);
+    ShowSorting();
     if (std::exchange(checkboxes_, list_.Checkboxes()) != checkboxes_) ShowRows();
   }
 
@@ -186,11 +203,16 @@ class ListViewView final : public QTreeView, public ControlView {
     header()->setStretchLastSection(!columns.empty() && columns.back().alignment != ui::Alignment::Right);
   }
 
-  void ShowRows() {
-    header()->setSortIndicatorShown(list_.SortColumn() != ui::ListView::kUnsorted);
+  void ShowSorting() {
+    header()->setSortIndicatorShown(list_.SortColumn() != ui::ListView::kUnsorted && !list_.SortImage());
     header()->setSortIndicator(list_.SortColumn(), list_.Direction() == ui::SortDirection::Ascending
                                                        ? Qt::AscendingOrder
                                                        : Qt::DescendingOrder);
+    header()->viewport()->update();
+  }
+
+  void ShowRows() {
+    ShowSorting();
     const int top = verticalScrollBar()->value();
     const int current = currentIndex().row();
     showing_ = true;

@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "base/utf16.h"
 #include "core/entity_lists.h"
 #include "core/kiv_study_ctls.h"
 #include "core/stored_reader.h"
@@ -24,7 +23,7 @@ constexpr std::string_view kDnIdentity[] = {"Dn"};
 bool IsTagCharacter(char16_t character) {
   constexpr std::u16string_view kAlsoInTags = u"._";
   return kAlsoInTags.find(character) != std::u16string_view::npos ||
-         MKivStudyCtls::IsAlphaNumeric(ToUtf8({&character, 1}));
+         MKivStudyCtls::IsAlphaNumeric({&character, 1});
 }
 
 std::span<const RecordField<CKivRfcData>> CKivRfcData::Fields() {

@@ -9,6 +9,7 @@
 #include "core/msql.h"
 #include "core/study_kinds.h"
 #include "core/study_row.h"
+#include "host/constants.h"
 
 namespace kiv::MSQL {
 
@@ -23,9 +24,10 @@ struct FafFlag {
   bool FafRow::*flag;
 };
 
-constexpr FafFlag kFafFlags[] = {{"F121", &FafRow::F121}, {"F161", &FafRow::F161}, {"F276", &FafRow::F276},
-                                 {"F297", &FafRow::F297}, {"F368", &FafRow::F368}, {"F430", &FafRow::F430},
-                                 {"F465", &FafRow::F465}, {"F545", &FafRow::F545}, {"F559", &FafRow::F559}};
+using namespace host::feature;
+constexpr FafFlag kFafFlags[] = {{kF121, &FafRow::F121}, {kF161, &FafRow::F161}, {kF276, &FafRow::F276},
+                                 {kF297, &FafRow::F297}, {kF368, &FafRow::F368}, {kF430, &FafRow::F430},
+                                 {kF465, &FafRow::F465}, {kF545, &FafRow::F545}, {kF559, &FafRow::F559}};
 
 }  // namespace
 

@@ -54,6 +54,15 @@ if grep -rnE '#include <Q' database store session client/*.* client/cli client/t
   failed=1
 fi
 
+# What the library shares with a host has its name in host/constants.h and nowhere else. (Remembered values have
+# the names of columns, too.)
+shared=$(sed '/^namespace remembered/,/^}/d' host/constants.h | grep -oE '"[^"]+"')
+if grep -rnF "$shared" base host ui core editor $kinds store session client qt --include='*.h' --include='*.cpp' |
+  grep -vE '^host/constants.h:|:#include'; then
+  echo "Names that a host shares stand in host/constants.h only." >&2
+  failed=1
+fi
+
 # Nobody is forgotten: each folder of sources has rules, each kind stands in the list.
 for folder in $(git ls-files '*/*.h' | cut -d/ -f1 | sort -u); do
   case $folder in bench | examples | tests) continue ;; esac

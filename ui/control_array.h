@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "base/error.h"
 #include "ui/control.h"
 
 namespace kiv::ui {
@@ -16,8 +17,9 @@ class ControlArray {
   ControlArray(Container* parent, const std::string& name)
       : ControlArray(parent, name, std::make_index_sequence<Count>()) {}
 
-  Element& operator[](std::size_t index) { return elements_.at(index); }
-  const Element& operator[](std::size_t index) const { return elements_.at(index); }
+  /// Raises error 5 where no element is.
+  Element& operator[](std::size_t index) { return elements_[Checked(index)]; }
+  const Element& operator[](std::size_t index) const { return elements_[Checked(index)]; }
   static constexpr std::size_t Size() { return Count; }
 
   auto begin() { return elements_.begin(); }
@@ -26,6 +28,11 @@ class ControlArray {
   auto end() const { return elements_.end(); }
 
  private:
+  static std::size_t Checked(std::size_t index) {
+    if (index < Count) return index;
+    throw Error(ErrorNumber::InvalidArgument, "There is no control " + std::to_string(index) + ".");
+  }
+
   template <std::size_t... Index>
   ControlArray(Container* parent, const std::string& name, std::index_sequence<Index...>)
       : elements_{Element(parent, name + "(" + std::to_string(Index) + ")")...} {}

@@ -54,6 +54,16 @@ void ListView::SortBy(int column, SortDirection direction) {
   RowsChanged.Raise();
 }
 
+void ListView::SetSortImages(ui::SortImages images) {
+  sortImages_ = std::move(images);
+  RaiseAppearanceChanged();
+}
+
+std::shared_ptr<const Image> ListView::SortImage() const {
+  if (sortColumn_ == kUnsorted) return nullptr;
+  return direction_ == SortDirection::Ascending ? sortImages_.ascending : sortImages_.descending;
+}
+
 void ListView::SetMultiSelect(bool multiSelect) {
   if (multiSelect_ == multiSelect) return;
   multiSelect_ = multiSelect;

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "base/image.h"
 #include "ui/control.h"
 #include "ui/row_order.h"
 
@@ -39,6 +40,11 @@ struct DragData {
   std::vector<std::uint16_t> formats;
 };
 
+struct SortImages {
+  std::shared_ptr<const Image> ascending;
+  std::shared_ptr<const Image> descending;
+};
+
 /// Rows with column headers. Its flags and menu belong to its appearance. A row has its number in the source
 /// and its position on the screen, which differ once the list is sorted.
 class ListView : public Control {
@@ -57,12 +63,20 @@ class ListView : public Control {
   std::string Text(std::size_t position, std::size_t column) const;
   bool Checked(std::size_t position) const;
 
+  /// The column that names a row, and has its check box.
+  static constexpr int kDefaultColumn = 0;
   /// kUnsorted: the rows stand in the order of their source.
   static constexpr int kUnsorted = -1;
   int SortColumn() const { return sortColumn_; }
   SortDirection Direction() const { return direction_; }
   /// Raises error 5 for what is neither a column nor kUnsorted.
   void SortBy(int column, SortDirection direction);
+  /// The host's arrows for the header of the sorted column; a view draws its own in place of one that is
+  /// unset.
+  const ui::SortImages& SortImages() const { return sortImages_; }
+  void SetSortImages(ui::SortImages images);
+  /// The one that belongs to the way in which the list is sorted; null while it is unsorted.
+  std::shared_ptr<const Image> SortImage() const;
 
   bool MultiSelect() const { return multiSelect_; }
   /// Without it only the first of several selected rows stays selected.
@@ -112,6 +126,7 @@ class ListView : public Control {
   std::vector<std::uint32_t> order_;  // row numbers by position; empty while unsorted
   int sortColumn_ = kUnsorted;
   SortDirection direction_ = SortDirection::Ascending;
+  ui::SortImages sortImages_;
   bool multiSelect_ = false;
   bool checkboxes_ = false;
   std::vector<std::string> menuItems_;

@@ -58,7 +58,7 @@ void PrintList(const StoredList& list, const std::string& indent, std::ostream& 
 void PrintStudies(const store::StudyStore& store, OutputFormat format, std::ostream& out) {
   if (format == OutputFormat::Json) {
     store::Json list = store::Json::array();
-    store.ForEach([&list](const store::StudySummary& study) {
+    store.ForEach([&list](const store::StudyLine& study) {
       list.push_back({{"id", study.id},
                       {"kind", study.kind},
                       {"name", study.name},
@@ -72,7 +72,7 @@ void PrintStudies(const store::StudyStore& store, OutputFormat format, std::ostr
   }
   TextTable table(7);
   table.AddLine({"ID", "KIND", "NAME", "SCENARIO", "MINUTES", "CHANGED BY", "CHANGED AT"});
-  store.ForEach([&table](const store::StudySummary& study) {
+  store.ForEach([&table](const store::StudyLine& study) {
     table.AddLine({std::to_string(study.id), study.kind, study.name, study.scenario,
                    MinutesText(study.duration), study.modifiedBy, study.modifiedAt});
   });

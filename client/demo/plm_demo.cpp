@@ -5,6 +5,7 @@
 #include "client/demo/demo.h"
 #include "client/window/editor_view.h"
 #include "core/conversions.h"
+#include "core/study_kinds.h"
 
 namespace kiv::client {
 
@@ -14,7 +15,7 @@ constexpr int kCdmaPage = 1;
 constexpr int kTdmaPage = 2;
 
 void CreateStudy(MainWindow& window, const UserHand& user, const QString& dataFolder) {
-  window.NewStudy("PLM Study");
+  window.NewStudy(std::string(kPlmStudy));
   user.Fill("studyName", "Error rates downtown");
   user.Choose("fdocCBScenario", "Downtown at night");
   user.Fill("txtPath", dataFolder);

@@ -3,6 +3,7 @@
 #include "client/demo/demo.h"
 #include "client/window/editor_view.h"
 #include "core/conversions.h"
+#include "core/study_kinds.h"
 
 namespace kiv::client {
 
@@ -14,7 +15,7 @@ constexpr int kDns = 5;
 constexpr int kEcp = 1;  // below its system
 
 void CreateStudy(MainWindow& window, const UserHand& user) {
-  window.NewStudy("RF Call Trace Study");
+  window.NewStudy(std::string(kRfcStudy));
   user.Fill("studyName", "Dropped calls");
   user.Choose("fdocCBScenario", "Downtown at night");
   const QString message =

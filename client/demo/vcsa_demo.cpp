@@ -4,6 +4,7 @@
 #include "client/demo/demo.h"
 #include "client/window/editor_view.h"
 #include "core/conversions.h"
+#include "core/study_kinds.h"
 
 namespace kiv::client {
 
@@ -13,7 +14,7 @@ constexpr int kDetailPage = 1;
 constexpr int kFirstCell = 2;  // below its system and its ECP
 
 void CreateStudy(MainWindow& window, const UserHand& user, const QString& dataFolder) {
-  window.NewStudy("VCSA Study");
+  window.NewStudy(std::string(kVcsStudy));
   user.Fill("studyName", "Events at the harbour");
   user.Choose("fdocCBScenario", "Downtown at night");
   AddFromNetwork(user, "1-1-", kFirstCell, 2);

@@ -16,6 +16,7 @@
 #include "client/window/cut_text_tips.h"
 #include "client/window/messages.h"
 #include "client/window/plain_table.h"
+#include "core/study_kinds.h"
 #include "qt/text.h"
 #include "store/times.h"
 
@@ -224,7 +225,7 @@ class DeletedStudiesDialog : public QDialog {
         list_(new TextTable(
             {QStringLiteral("ID"), QStringLiteral("Kind"), QStringLiteral("Name"),
              QStringLiteral("Deleted by"), QStringLiteral("Deleted at")},
-            {QStringLiteral("100000"), QStringLiteral("RF Call Trace Study"),
+            {QStringLiteral("100000"), qt::ToQt(std::string(kRfcStudy)),
              QStringLiteral("A study of the handoffs downtown"), QStringLiteral("postgres_user")},
             this)),
         nothing_(new QLabel(QStringLiteral("No study was deleted since the history is kept."), this)),

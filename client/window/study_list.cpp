@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "client/window/cut_text_tips.h"
+#include "core/study_kinds.h"
 
 namespace kiv::client {
 
@@ -61,7 +62,7 @@ StudyListPage::StudyListPage(Program& program, QWidget* parent)
     return view_->fontMetrics().horizontalAdvance(QLatin1String(text)) + 24;
   };
   const std::array<const char*, StudyTable::kColumnCount> typical = {"100000",
-                                                                     "RF Call Trace Study",
+                                                                     kRfcStudy.data(),
                                                                      "A study of the handoffs downtown",
                                                                      "Downtown at night",
                                                                      "Minutes",

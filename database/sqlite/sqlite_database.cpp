@@ -3,6 +3,8 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -81,6 +83,21 @@ void AppendRow(RowBuffer& rows, sqlite3_stmt* statement, int fieldCount) {
       default: rows.AppendText(BytesAt(statement, i, sqlite3_column_blob(statement, i)));
     }
   }
+}
+
+/// Room for the decimal digits of any integer and its sign.
+using NumberText = std::array<char, 20>;
+
+/// A value of a row as text, empty for NULL. An integer is written into `number`: SQLite's own way costs
+/// more. So does asking the statement again and again; without SQLite's locking a value needs no protection.
+std::string_view TextOf(sqlite3_value* value, NumberText& number) {
+  if (sqlite3_value_type(value) == SQLITE_INTEGER) {
+    const auto end =
+        std::to_chars(number.data(), number.data() + number.size(), sqlite3_value_int64(value)).ptr;
+    return {number.data(), static_cast<std::size_t>(end - number.data())};
+  }
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 void CallTextFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
@@ -188,9 +205,11 @@ void SqliteDatabase::Visit(const std::string& sql, int timeoutSeconds, const Row
   int code = sqlite3_step(statement.get());
   const int fieldCount = sqlite3_column_count(statement.get());
   std::vector<std::string_view> row(static_cast<std::size_t>(fieldCount));
+  std::vector<NumberText> numbers(row.size());
   for (; code == SQLITE_ROW; code = sqlite3_step(statement.get())) {
     for (int i = 0; i < fieldCount; ++i) {
-      row[static_cast<std::size_t>(i)] = BytesAt(statement.get(), i, sqlite3_column_text(statement.get(), i));
+      const auto field = static_cast<std::size_t>(i);
+      row[field] = TextOf(sqlite3_column_value(statement.get(), i), numbers[field]);
     }
     visit(row);
   }

@@ -1,5 +1,7 @@
 #include "store/network/network_tables.h"
 
+#include "host/constants.h"
+
 namespace kiv::store {
 
 namespace {
@@ -66,9 +68,10 @@ const std::array<NetworkTable, kNetworkTableCount>& NetworkTables() {
        {}},
       {NetworkTableId::Features,
        "KIV_FAF",
-       {Number("InstanceId", 1), Text("OmpHostName", WhenEmpty::Null), Feature("F121"), Feature("F161"),
-        Feature("F276"), Feature("F297"), Feature("F368"), Feature("F430"), Feature("F465"), Feature("F545"),
-        Feature("F559")},
+       {Number("InstanceId", 1), Text("OmpHostName", WhenEmpty::Null), Feature(host::feature::kF121),
+        Feature(host::feature::kF161), Feature(host::feature::kF276), Feature(host::feature::kF297),
+        Feature(host::feature::kF368), Feature(host::feature::kF430), Feature(host::feature::kF465),
+        Feature(host::feature::kF545), Feature(host::feature::kF559)},
        {{{0}}},
        {}},
   }};

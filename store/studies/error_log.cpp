@@ -4,11 +4,28 @@
 
 namespace kiv::store {
 
+namespace {
+
+/// What is to be raised for a message that was reported while this exception was handled.
+std::exception_ptr FailureBehind(const std::exception_ptr& handled, const std::string& message) {
+  if (!handled) return std::make_exception_ptr(StoreError(message));
+  try {
+    std::rethrow_exception(handled);
+  } catch (const std::exception& error) {
+    if (message != error.what()) {
+      return std::make_exception_ptr(StoreError(message + " (" + error.what() + ")"));
+    }
+  } catch (...) {
+    // It says nothing that could be told.
+  }
+  return handled;  // which tells more than its text
+}
+
+}  // namespace
+
 void ErrorLog::ReportError(const std::string&, const std::string&, const std::string&,
                            const std::string& message) {
-  // A write routine reports from its handler: the exception tells more than its text.
-  const std::exception_ptr handled = std::current_exception();
-  Take(handled ? handled : std::make_exception_ptr(StoreError(message)));
+  Take(FailureBehind(std::current_exception(), message));
 }
 
 void ErrorLog::ReportError() {

@@ -19,6 +19,7 @@ class ErrorLog : public host::ErrorReporter {
   /// Until it is set, what nobody watches goes untold.
   void SetTeller(Teller teller) { teller_ = std::move(teller); }
 
+  /// What failed and, where the library told a text of its own for it, the reason that the driver gave.
   void ReportError(const std::string& caption, const std::string& module, const std::string& routine,
                    const std::string& message) override;
   void ReportError() override;

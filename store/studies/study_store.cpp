@@ -42,18 +42,16 @@ std::int32_t ReadableNumber(std::string_view text) {
 
 /// Visits the lines of the list that a condition and an order leave.
 void VisitSummaries(database::Connection& connection, const std::string& which, const SummaryVisitor& visit) {
-  StudySummary study;
-  const auto take = [&](std::span<const std::string_view> row) {
+  const auto take = [&visit](std::span<const std::string_view> row) {
     auto next = row.begin();
     const auto text = [&next] { return *next++; };
-    study.id = ReadableNumber(text());
-    study.kind = text();
-    study.name = text();
-    study.scenario = text();
-    study.duration = ReadableNumber(text());
-    study.modifiedBy = text();
-    study.modifiedAt = text();
-    visit(study);
+    visit({.id = ReadableNumber(text()),
+           .kind = text(),
+           .name = text(),
+           .scenario = text(),
+           .duration = ReadableNumber(text()),
+           .modifiedBy = text(),
+           .modifiedAt = text()});
   };
   connection.VisitRows(
       "SELECT s.id, s.kind, s.name, c.name AS scenario, s.duration, s.modified_by, s.modified_at "
@@ -64,7 +62,10 @@ void VisitSummaries(database::Connection& connection, const std::string& which, 
 
 std::vector<StudySummary> Summaries(database::Connection& connection, const std::string& which) {
   std::vector<StudySummary> studies;
-  VisitSummaries(connection, which, [&studies](const StudySummary& study) { studies.push_back(study); });
+  VisitSummaries(connection, which, [&studies](const StudyLine& line) {
+    studies.push_back({line.id, std::string(line.kind), std::string(line.name), std::string(line.scenario),
+                       line.duration, std::string(line.modifiedBy), std::string(line.modifiedAt)});
+  });
   return studies;
 }
 

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "database/connection.h"
@@ -18,19 +19,23 @@
 namespace kiv::store {
 
 /// One line of the list of studies.
-struct StudySummary {
+template <typename Text>
+struct SummaryWith {
   std::int32_t id = 0;
-  std::string kind;
-  std::string name;
-  std::string scenario;                              ///< empty when the study has none
+  Text kind{};
+  Text name{};
+  Text scenario{};                                   ///< empty when the study has none
   std::int32_t duration = CKivStudyData::kNotGiven;  ///< also when the stored one is no number
-  std::string modifiedBy;
-  std::string modifiedAt;  ///< UTC, such as 2026-03-09T13:05:00Z
+  Text modifiedBy{};
+  Text modifiedAt{};  ///< UTC, such as 2026-03-09T13:05:00Z
 
-  friend bool operator==(const StudySummary&, const StudySummary&) = default;
+  friend bool operator==(const SummaryWith&, const SummaryWith&) = default;
 };
 
-using SummaryVisitor = std::function<void(const StudySummary&)>;
+using StudySummary = SummaryWith<std::string>;
+/// Its texts live until the visitor returns.
+using StudyLine = SummaryWith<std::string_view>;
+using SummaryVisitor = std::function<void(const StudyLine&)>;
 
 /// The studies in the program's database. Database failures are raised as host::DatabaseError.
 class StudyStore {

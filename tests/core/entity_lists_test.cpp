@@ -57,11 +57,13 @@ TEST_F(EntityLists, ListsAreLoadedCellByCell) {
          {"KIV_LIST_ID", "INSTANCEID", "SYSTEMID", "ECPID", "CELLID", "ANTENNAID", "SELECTED"},
          {{7, 912, 1, 2, 37, 4, "Y"}, {7, 913, 1, 2, 37, 5, "y"}});
   Answer("SELECT * FROM KIV_Carrier_List WHERE KIV_List_Id = 7 AND CellId = 37 ORDER BY CarrierId",
-         {"InstanceId", "SystemId", "EcpId", "CellId", "CarrierId", "Selected"}, {{0, 1, 2, 37, 5, "Y"}});
+         {"InstanceId", "SystemId", "EcpId", "CellId", "CarrierId", "Selected"},
+         {{0, 1, 2, 37, 5, "Y"}, {0, "01", 2.0, "37.0", " 5", "N"}});  // told in other ways, the same one
   MSQL::LoadAntennaList(7, cells);
   MSQL::LoadCarrierList(7, cells);
   EXPECT_TRUE(cell_->Antennas()->Item("Antenna:912")->Selected());
   EXPECT_FALSE(cell_->Antennas()->Item("Antenna:913")->Selected());
+  EXPECT_EQ(cell_->Carriers()->Count(), 1);
   EXPECT_TRUE(cell_->Carriers()->Item("Carrier:1-2-37-5")->Selected());
   EXPECT_EQ(host_.database->timeouts, (std::vector<int>{60, 60}));
 }
@@ -74,11 +76,12 @@ TEST_F(EntityLists, TheConfigurationIsAskedForAntennasAndCarriers) {
       "SELECT Instance_Id, rfpi FROM luc_cfg_ceqsu2 "
       "WHERE dsetup='y' AND system_id=1 AND ecp=2 AND cell=37 ORDER BY rfpi",
       {"Instance_Id", "rfpi"}, {{912, 4}, {912, 4}});
-  Answer(carriers, {"cdma_carr_id"}, {{5}, {5}, {6}});
+  Answer(carriers, {"cdma_carr_id"}, {{5}, {"05"}, {1e6}});
   MSQL::LookupConfigAntennas(*cell_);
   MSQL::LookupConfigCarriers(*cell_);
   EXPECT_EQ(cell_->Antennas()->Item("Antenna:912")->AntennaID(), 4);
   EXPECT_EQ(cell_->Carriers()->Count(), 2);
+  EXPECT_EQ(cell_->Carriers()->Item("Carrier:1-2-37-1000000")->CarrierID(), 1'000'000);
   EXPECT_EQ(host_.database->queries.back(), carriers);  // those of its CGSA only when it has none of its own
   Answer("select * from vzn_instance_context where context_id=2 and fullkey='1-2-37'", {"ParentInstance_Id"},
          {{88}, {99}});

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "base/drive_type.h"
+#include "core/drive_type.h"
 #include "support/fake_host.h"
 
 namespace kiv::MKivStudyCtls {
@@ -72,11 +72,13 @@ TEST(CommonFunctions, LengthsOfExpandedNames) {
 }
 
 TEST(DriveTypes, ByFileSystemAndMedium) {
-  const std::tuple<const char*, Medium, int> places[] = {
-      {"ext4", Medium::Fixed, kDriveFixed},         {"overlay", Medium::Fixed, kDriveFixed},
-      {"vfat", Medium::Removable, kDriveRemovable}, {"nfs4", Medium::Fixed, kDriveRemote},
-      {"fuse.sshfs", Medium::Fixed, kDriveRemote},  {"iso9660", Medium::Removable, kDriveCdRom},
-      {"tmpfs", Medium::Fixed, kDriveRamDisk}};
+  const std::tuple<const char*, Medium, int> places[] = {{"ext4", Medium::Fixed, host::drive::kFixed},
+                                                         {"overlay", Medium::Fixed, host::drive::kFixed},
+                                                         {"vfat", Medium::Removable, host::drive::kRemovable},
+                                                         {"nfs4", Medium::Fixed, host::drive::kRemote},
+                                                         {"fuse.sshfs", Medium::Fixed, host::drive::kRemote},
+                                                         {"iso9660", Medium::Removable, host::drive::kCdRom},
+                                                         {"tmpfs", Medium::Fixed, host::drive::kRamDisk}};
   for (const auto& [system, medium, type] : places)
     EXPECT_EQ(ClassifyFileSystem(system, medium), type) << system;
   std::string descriptions;
@@ -97,10 +99,10 @@ TEST(DriveTypes, AreAskedOfTheFirstCharacter) {
 TEST(DriveTypes, OfRealPlaces) {
   std::string description;
 #ifdef _WIN32
-  EXPECT_EQ(GetDriveTypeName("c:\\not\\there", description), kDriveFixed);
+  EXPECT_EQ(GetDriveTypeName("c:\\not\\there", description), host::drive::kFixed);
   EXPECT_EQ(description, "Fixed Drive");
 #else
-  EXPECT_EQ(GetDriveTypeName("/dev/shm/not/there", description), kDriveRamDisk);
+  EXPECT_EQ(GetDriveTypeName("/dev/shm/not/there", description), host::drive::kRamDisk);
   EXPECT_EQ(description, "RAM Disk");
 #endif
   std::string current;

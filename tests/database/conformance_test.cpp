@@ -79,15 +79,16 @@ TEST_P(ConnectionConformance, TextsComeBackUnchanged) {
 }
 
 TEST_P(ConnectionConformance, RowsAreShownAsTheyCome) {
+  constexpr auto kSmallest = std::numeric_limits<std::int64_t>::min();
   Insert({1, "O'Neill", {}, {}});
-  Insert({2, {}, {}, 1});
-  const std::string query = "SELECT Name, Id, Parent FROM Sample ORDER BY Id";
+  Insert({kSmallest, {}, 0.5, 1});
+  const std::string query = "SELECT Name, Id, Weight, Parent FROM Sample ORDER BY Id DESC";
   std::string seen;
   connection_->BeginReading();
   connection_->VisitRows(query, host::kQueryTimeoutSeconds, [&seen](std::span<const std::string_view> row) {
     for (const std::string_view text : row) seen.append(text).append("|");
   });
-  EXPECT_EQ(seen, "O'Neill|1|||2|1|");
+  EXPECT_EQ(seen, "O'Neill|1||||-9223372036854775808|0.5|1|");
   EXPECT_THROW(connection_->VisitRows(query, host::kQueryTimeoutSeconds,
                                       [](auto) { throw std::runtime_error("no more"); }),
                std::runtime_error);
@@ -95,7 +96,7 @@ TEST_P(ConnectionConformance, RowsAreShownAsTheyCome) {
   connection_->Commit();
   EXPECT_THROW(connection_->VisitRows("SELECT no_such FROM Sample", host::kQueryTimeoutSeconds, [](auto) {}),
                host::DatabaseError);
-  EXPECT_EQ(Ids(), "1;2;");
+  EXPECT_EQ(Ids(), "-9223372036854775808;1;");
 }
 
 TEST_P(ConnectionConformance, NumbersAndNullKeepTheirTypes) {

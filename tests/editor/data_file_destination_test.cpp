@@ -55,6 +55,7 @@ TEST_F(Destination, NamesFollowTheirRulesInOrder) {
   EXPECT_EQ(ShownForName(" $a"), "Data File Destination Filename cannot contain spaces.");
   EXPECT_EQ(ShownForName("$YY$MM"), "The first character of the filename must be AlphaNumeric. ");
   EXPECT_EQ(ShownForName("v$YY$MM$DD$HH$MI"), "");
+  EXPECT_EQ(ShownForName("\U0001D441"), "");  // a pair whose first half has the low byte of '5'
   EXPECT_EQ(ShownForName("vv$YY$MM$DD$HH$MI"), tooLong);
   EXPECT_EQ(ShownForName("a<b"), tooLong);
   EXPECT_TRUE(dest_.txtFilename.HasFocus());

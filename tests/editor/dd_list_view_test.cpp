@@ -106,7 +106,9 @@ TEST_F(DropList, RfcCellsStayBelowTheLimitAndOnOneEcp) {
 TEST_F(DropList, SortsNumbersByValueAndRemovesWhatIsSelected) {
   Accepts(EntityType::VcsCell, 0);
   list_.SetMultiSelect(true);
+  EXPECT_FALSE(list_.UsePopupMenu());
   list_.SetUsePopupMenu(true);
+  EXPECT_TRUE(list_.UsePopupMenu());
   Drop({Cell(1, 2, 30), Cell(2, 2, 4), Cell(3, 2, 100)});
   list_.ClickHeader(2);
   EXPECT_EQ(Shown(), "4 30 100 ");
@@ -123,6 +125,51 @@ TEST_F(DropList, SortsNumbersByValueAndRemovesWhatIsSelected) {
   EXPECT_EQ(list_.TheCollection()->Count(), 0);
   list_.ClearDisplay();
   EXPECT_EQ(list_.RowCount(), 0U);
+}
+
+TEST_F(DropList, IsSortedAsItsHostSays) {
+  Accepts(EntityType::VcsCell, 0);
+  Drop({Cell(1, 2, 30), Cell(2, 2, 4)});
+  EXPECT_EQ(list_.SortOptions().column, ui::ListView::kUnsorted);
+  EXPECT_EQ(list_.SortImage(), nullptr);  // the host has none
+  list_.SetSortOptions({2, ui::SortDirection::Descending});
+  EXPECT_EQ(Shown(), "30 4 ");
+  list_.SetSortOptions({});
+  EXPECT_EQ(list_.SortOptions(), (SortSettings{0, ui::SortDirection::Ascending})) << "by the default column";
+  EXPECT_THROW(list_.SetSortOptions({3}), Error);
+
+  const auto up = std::make_shared<Image>();
+  const auto down = std::make_shared<Image>();
+  host_.images->images = {{101, up}, {102, down}};
+  XDDListView other(&page_, "other");
+  other.AddColumns({SystemColumn("System")});
+  EXPECT_EQ(other.SortImage(), nullptr);
+  other.ClickHeader(0);
+  EXPECT_EQ(other.SortImage(), up);
+  other.ClickHeader(0);
+  EXPECT_EQ(other.SortImage(), down);
+}
+
+TEST_F(DropList, ListAndCollectionAgreeWhateverARemovalMeets) {
+  Accepts(EntityType::VcsCell, 0);
+  list_.SetMultiSelect(true);
+  Drop({Cell(1, 2, 30), Cell(2, 2, 4), Cell(3, 2, 100)});
+  const auto others = std::make_shared<EntityCollection>();
+  for (const int cell : {4, 5}) others->Add(MakeCell(0, cell == 4 ? 2 : 5, 1, 2, cell));
+  list_.SetTheCollection(others);  // and not shown yet
+  list_.SelectPositions({0, 1});
+  list_.RemoveSelected();
+  EXPECT_EQ(Shown(), "5 ");
+  EXPECT_EQ(others->Count(), 1);
+
+  Drop({Cell(6, 2, 6)});
+  events_.clear();
+  Connection failing = list_.EntityRemoved.Connect(
+      [](const auto&) { throw Error(ErrorNumber::ObjectNotSet, "nobody to tell"); });
+  EXPECT_THROW(list_.RemoveAll(), Error);
+  EXPECT_EQ(Shown(), "6 ");
+  EXPECT_EQ(others->Count(), 1);
+  EXPECT_EQ(events_, "-Cell:5!") << "the host has to know of what is gone";
 }
 
 TEST_F(DropList, AnEntityThatCannotBeCompletedIsNotAdded) {

@@ -286,6 +286,13 @@ TEST(HomRecord, LoadsTheFirstRow) {
   host.database->missingColumns = {"KIV_HOMSTUDY.COLLECTDATA"};
   data.GetData(12);
   EXPECT_EQ(data.CollectData() + data.StartOnFail() + data.CurStdDatafile() + data.CurStdPath(), "NN");
+
+  data.SetPath("/mine");
+  host.database->questionFailure = "connection lost";
+  data.GetData(12);  // a question that fails is told as the query that fails
+  EXPECT_EQ(host.errors->reports,
+            Statements{"HOM Study|MSQL|LoadHomData|Unable to load study types data from KIV_HomStudy"});
+  EXPECT_EQ(data.Path(), "/mine");
 }
 
 constexpr const char* kModesQuery = "SELECT * FROM KIV_PlmMode WHERE Id = 12 ORDER BY PlmMode";

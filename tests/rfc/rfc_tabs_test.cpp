@@ -147,10 +147,10 @@ TEST_F(RfcGeneral, SavesItsTagAndTheEntitiesOfTheChosenType) {
   tab_.dlvwEntity.DropNodes({Ecp(2)});
   tab_.chkClearLog.Click();
   ExpectRefusals(tab_.txtTag, {{".x", "Tag cannot start with a '.'"}, {"", "Tag is a required field."}});
-  tab_.txtTag.Type("a-b c_1.Z$\bY");
-  EXPECT_EQ(host_.beeper->beeps, 3);
+  tab_.txtTag.Type("a-b c_1.Z$\b\U0001D441\U0001D440Y");  // pairs with the low bytes of 5A and 5@
+  EXPECT_EQ(host_.beeper->beeps, 4);
   tab_.SaveData();
-  EXPECT_EQ(Data().UseEcp() + Data().ClearLog() + Data().Tag(), "YNabc_1.Y");
+  EXPECT_EQ(Data().UseEcp() + Data().ClearLog() + Data().Tag(), "YNabc_1.\U0001D441Y");
   EXPECT_TRUE(Data().Entities()->Contains("Ecp:102"));
   for (const int type : {ui::kNoSelection, 1}) {  // what is no ECP is cells
     tab_.optEntityType.SetIndex(type);

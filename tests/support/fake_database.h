@@ -56,7 +56,8 @@ class FakeDatabase : public host::Database {
   std::set<std::string> missingColumns;      // "TABLE.COLUMN"
   std::map<std::string, std::map<std::string, std::string>> functions;  // results by name and argument
   bool noResultSet = false;
-  std::string failure;  // when set, queries and statements raise it
+  std::string failure;          // when set, queries and statements raise it
+  std::string questionFailure;  // when set, questions for columns raise it
 
   std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql, int timeoutSeconds) override {
     queries.push_back(sql);
@@ -76,6 +77,7 @@ class FakeDatabase : public host::Database {
     return host::RenderAssignmentList(assignments);
   }
   bool ColumnExists(const std::string& table, const std::string& column) override {
+    if (!questionFailure.empty()) throw host::DatabaseError(questionFailure, {});
     columnQuestions.push_back(table + "." + column);
     return !missingColumns.contains(columnQuestions.back());
   }

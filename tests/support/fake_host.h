@@ -138,6 +138,15 @@ struct FakeDragSource : host::DragSource {
   }
 };
 
+struct FakeImages : host::Images {
+  std::map<std::int32_t, std::shared_ptr<const Image>> images;
+
+  std::shared_ptr<const Image> Find(std::int32_t number) const override {
+    const auto found = images.find(number);
+    return found == images.end() ? nullptr : found->second;
+  }
+};
+
 struct FakeEditor : host::EditorContext {
   std::vector<std::string> changes;
   std::vector<std::string> broughtForward;
@@ -159,6 +168,7 @@ struct FakeHost {
   std::shared_ptr<FakeFolderChooser> folders = std::make_shared<FakeFolderChooser>();
   std::shared_ptr<FakeBeeper> beeper = std::make_shared<FakeBeeper>();
   std::shared_ptr<FakeDragSource> dragSource = std::make_shared<FakeDragSource>();
+  std::shared_ptr<FakeImages> images = std::make_shared<FakeImages>();
   std::shared_ptr<FakeEditor> editor = std::make_shared<FakeEditor>();
 
   host::Scope scope{{.openDatabase = [opened = database] { return opened; },
@@ -170,7 +180,8 @@ struct FakeHost {
                      .fileNameRules = std::make_shared<FakeFileNameRules>(),
                      .folderChooser = folders,
                      .beeper = beeper,
-                     .dragSource = dragSource}};
+                     .dragSource = dragSource,
+                     .images = images}};
 
   /// The text of the only message shown so far; the messages are forgotten.
   std::string TakeMessage() {

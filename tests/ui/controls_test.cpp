@@ -5,6 +5,7 @@
 
 #include "base/error.h"
 #include "base/utf16.h"
+#include "support/raised.h"
 #include "support/test_page.h"
 #include "ui/control_array.h"
 #include "ui/control_visitor.h"
@@ -45,6 +46,7 @@ TEST(Controls, AreFoundByNameAtAnyDepth) {
   EXPECT_EQ(page.FindControl("box"), &page.box);
   EXPECT_EQ(page.FindControl("Check(2)"), &page.checks[2]);
   EXPECT_EQ(page.FindControl("check(3)"), nullptr);
+  EXPECT_EQ(test::NumberRaisedBy([&page] { page.checks[3].Click(); }), ErrorNumber::InvalidArgument);
 }
 
 TEST(Controls, FocusLeavesWhatIsOutOfReach) {

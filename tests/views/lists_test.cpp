@@ -70,6 +70,18 @@ TEST_F(Lists, SortAndSelectWithMouseAndKeys) {
   EXPECT_EQ(Shown(), Cells{});
 }
 
+TEST_F(Lists, ShowTheHostsArrowsInPlaceOfTheirOwn) {
+  using Pictures = std::vector<std::uint32_t>;
+  constexpr std::uint32_t kUp = 0xFF102030;
+  page_->list.SetSortImages({std::make_shared<Image>(Image{2, 2, {kUp, kUp}}), nullptr});
+  user_->ClickHeader(page_->list, 1);
+  EXPECT_EQ(user_->SeeRows(page_->list).pictures, (Pictures{0, kUp, 0}));
+  EXPECT_EQ(user_->SeeRows(page_->list).sorted.first, ui::ListView::kUnsorted);
+  user_->ClickHeader(page_->list, 1);  // the host has no arrow down
+  EXPECT_EQ(user_->SeeRows(page_->list).pictures, (Pictures{0, 0, 0}));
+  EXPECT_EQ(user_->SeeRows(page_->list).sorted, std::pair(1, ui::SortDirection::Descending));
+}
+
 TEST_F(Lists, CheckBoxesShowTheChoiceOfTheModel) {
   AntennaChoiceList& choices = page_->choices;
   const auto cell = MakeCell(0, 1, 1, 2, 3);

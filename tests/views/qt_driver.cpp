@@ -9,6 +9,7 @@
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPixmap>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QScrollArea>
@@ -169,6 +170,8 @@ class QtDriver final : public ViewDriver {
     const QAbstractItemModel& model = *tree.model();
     SeenRows seen;
     for (int column = 0; column < model.columnCount(); ++column) {
+      const auto picture = model.headerData(column, Qt::Horizontal, Qt::DecorationRole).value<QPixmap>();
+      seen.pictures.push_back(picture.isNull() ? 0 : picture.toImage().pixel(0, 0));
       seen.columns.emplace_back();
       for (int row = 0; row < model.rowCount(); ++row) {
         seen.columns.back().push_back(FromQt(model.index(row, column).data().toString()));

@@ -35,6 +35,8 @@ struct SeenRows {
   std::vector<std::vector<std::string>> columns;
   std::vector<bool> checks;
   std::vector<int> selected;
+  std::vector<std::uint32_t> pictures;  ///< by their first pixels, 0 where the head of a column has none
+  /// By the view's own arrow.
   std::pair<int, ui::SortDirection> sorted = {ui::ListView::kUnsorted, ui::SortDirection::Ascending};
 };
 

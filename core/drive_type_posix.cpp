@@ -2,7 +2,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "base/drive_type.h"
+#include "core/drive_type.h"
 
 namespace kiv {
 

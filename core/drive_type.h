@@ -4,18 +4,9 @@
 #include <string>
 #include <string_view>
 
-namespace kiv {
+#include "host/constants.h"
 
-/// Drive types by the classic codes of the operating system.
-enum DriveType : std::int32_t {
-  kDriveUnknown = 0,
-  kDriveNoRoot = 1,
-  kDriveRemovable = 2,
-  kDriveFixed = 3,
-  kDriveRemote = 4,
-  kDriveCdRom = 5,
-  kDriveRamDisk = 6,
-};
+namespace kiv {
 
 /// Type of the drive that holds a path, as the system tells it. An empty path asks for the current drive, a
 /// missing one for the drive that would hold it.
@@ -31,6 +22,6 @@ std::string DriveRoot(std::string_view path);
 /// Type by the kind of file system mounted on a device, for systems without drive letters. A local file
 /// system on a device that the user can take out is a removable drive.
 enum class Medium { Fixed, Removable };
-DriveType ClassifyFileSystem(std::string_view fileSystem, Medium medium);
+std::int32_t ClassifyFileSystem(std::string_view fileSystem, Medium medium);
 
 }  // namespace kiv

@@ -1,6 +1,6 @@
 #include <windows.h>
 
-#include "base/drive_type.h"
+#include "core/drive_type.h"
 
 namespace kiv {
 
