@@ -8,12 +8,14 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <variant>
 #include <vector>
 
 #include "base/ascii.h"
 #include "core/conversions.h"
+#include "core/field_rule.h"
 #include "core/sub_record.h"
 #include "host/database.h"
 
@@ -55,6 +57,14 @@ struct RecordField {
   FieldRole role = FieldRole::Stored;
   std::string_view whenAbsent = {};  ///< text of an optional field that the database lacks
   unsigned generation = 1;           ///< of an optional field: which later layout brought its column
+  FieldRule rule = {};               ///< the values that pages can make
+
+  /// The same field with a rule.
+  RecordField Allowing(FieldRule allowed) const {
+    RecordField field = *this;
+    field.rule = std::move(allowed);
+    return field;
+  }
 
   bool IsText() const { return member.index() == 1 || member.index() == 2; }
   /// Whether a study can differ in it: neither its number nor the same in all.
@@ -205,6 +215,33 @@ std::vector<NamedValue> ListFields(const Record& record, std::span<const RecordF
     values.push_back({field.name, field.Get(record)});
   }
   return values;
+}
+
+/// Adds the values of a record that break the rules of their fields.
+template <class Record>
+void AddFaults(std::vector<RecordFault>& faults, const Record& record,
+               std::span<const RecordField<Record>> fields) {
+  for (const RecordField<Record>& field : fields) {
+    const Variant value = field.Get(record);
+    if (!field.rule.Holds(value)) faults.push_back({field.name, field.rule.FaultText(field.name, value)});
+  }
+}
+
+/// The field that a property of the record sets, found by setting it; empty when it sets none.
+template <class Record, class Value>
+std::string_view FieldSetBy(void (Record::*set)(Value)) {
+  using Plain = std::remove_cvref_t<Value>;
+  const Record before;
+  Record after;
+  if constexpr (std::is_same_v<Plain, std::string>) {
+    (after.*set)("?");
+  } else {
+    (after.*set)(Plain{1});
+  }
+  for (const RecordField<Record>& field : Record::Fields()) {
+    if (field.Get(before) != field.Get(after)) return field.name;
+  }
+  return {};
 }
 
 }  // namespace kiv

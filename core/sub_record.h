@@ -48,6 +48,14 @@ bool operator==(const StoredEntry& left, const StoredEntry& right);
 
 class StoredReader;
 
+/// A value of a record that no page of an editor can make.
+struct RecordFault {
+  std::string_view field;                     ///< the field of the record, or its list
+  std::string text;                           ///< which value, and what it must be
+  std::int32_t number = 0;                    ///< that tells the entry of a list
+  std::vector<std::string_view> others = {};  ///< further fields that it depends on
+};
+
 /// The part of a study that belongs to its kind: what the study record asks of it.
 class ISubRecord : public Object {
  public:
@@ -78,6 +86,8 @@ class ISubRecord : public Object {
   virtual std::vector<StoredList> WrittenLists() const { return StoredLists(); }
   /// How the entries of each list are told apart, also of the lists inside entries.
   virtual std::vector<ListIdentity> ListIdentities() const { return {}; }
+  /// What of all this no page can make, in the order of storing.
+  virtual std::vector<RecordFault> Faults() const { return {}; }
   /// Takes over what both gave of another record of the kind.
   virtual void ReadStored(StoredReader& reader) = 0;
 };

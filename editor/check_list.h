@@ -15,6 +15,7 @@ struct Problem {
   ui::Control* control = nullptr;
   std::string message;
   host::MessageStyle style = host::MessageStyle::Critical;
+  bool needsNetwork = false;  ///< nobody can tell while the host's network is unknown
 };
 
 /// Shows a problem in the host's message box and moves the focus there.

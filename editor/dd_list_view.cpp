@@ -161,6 +161,45 @@ bool XDDListView::PassesRfcCellCheck(const CEntity& cell) const {
   return sameEcp;
 }
 
+std::string XDDListView::LimitFault() const {
+  const EntityCollection& entities = Required(TheCollection());
+  if (maxRows_ == 0 || entities.Count() == 0) return {};
+  const std::string limit = std::to_string(maxRows_);
+  const auto ofSameEcp = [&entities](const std::shared_ptr<CEntity>& entity) {
+    return std::ranges::count_if(entities,
+                                 [&entity](const auto& other) { return other->SharesEcpWith(*entity); });
+  };
+  switch (entityType_) {
+    case EntityType::Ecp:
+      return entities.Count() <= maxRows_ ? std::string() : "No more than " + limit + " ECP can be studied";
+    case EntityType::RfcCell:
+      if (entities.Count() >= maxRows_) return "Only fewer than " + limit + " cells can be studied";
+      return ofSameEcp(*entities.begin()) == entities.Count() ? std::string()
+                                                              : "All cells must belong to the same ECP";
+    case EntityType::VcsCell: {
+      const auto tooMany =
+          std::ranges::find_if(entities, [&](const auto& entity) { return ofSameEcp(entity) > maxRows_; });
+      if (tooMany == entities.end()) return {};
+      return "No more than " + limit + " cells of one ECP can be studied; the study has " +
+             std::to_string(ofSameEcp(*tooMany)) + " of ECP " + std::to_string((*tooMany)->EcpID());
+    }
+    default: return {};
+  }
+}
+
+std::vector<XDDListView*> DropListsOf(const ui::Container& page) {
+  std::vector<XDDListView*> lists;
+  for (ui::Control* child : page.Children()) {
+    auto* list = dynamic_cast<XDDListView*>(child);
+    if (list && list->EntityType() != EntityType::None) lists.push_back(list);
+    if (const auto* inner = dynamic_cast<const ui::Container*>(child)) {
+      const auto deeper = DropListsOf(*inner);
+      lists.insert(lists.end(), deeper.begin(), deeper.end());
+    }
+  }
+  return lists;
+}
+
 void XDDListView::RemoveSelected() {
   std::vector<std::shared_ptr<CEntity>> entities;
   for (const std::size_t row : SelectedRows()) entities.push_back(Shown()[row]);

@@ -31,6 +31,9 @@ class XDDListView : public EntityListView {
   /// Whether a right click opens the menu with Remove, Remove All and Select All.
   void SetUsePopupMenu(bool use);
 
+  /// What is wrong with the collection as a whole, though no drop could make it so; empty when nothing is.
+  std::string LimitFault() const;
+
   /// Accepts or refuses nodes as if they had been dropped.
   void DropNodes(const std::vector<host::DraggedNode>& nodes);
   void RemoveSelected();
@@ -53,5 +56,8 @@ class XDDListView : public EntityListView {
   kiv::EntityType entityType_ = kiv::EntityType::None;
   std::int32_t maxRows_ = 0;
 };
+
+/// The lists of a page that take entities of the network.
+std::vector<XDDListView*> DropListsOf(const ui::Container& page);
 
 }  // namespace kiv

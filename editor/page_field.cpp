@@ -17,12 +17,12 @@ void TakeRemembered(const std::string& text, bool& value) {
 
 Place<std::string> AsText(const Place<std::int32_t>& number) {
   return {[number] { return std::to_string(number.read()); },
-          [number](const std::string& text) { number.write(NumberOr(text, number.read())); }};
+          [number](const std::string& text) { number.write(NumberOr(text, number.read())); }, number.field};
 }
 
 Place<bool> AsYes(const Place<std::string>& choice) {
   return {[choice] { return YNToCheckValue(choice.read()) != 0; },
-          [choice](bool yes) { choice.write(BoolToYN(yes)); }};
+          [choice](bool yes) { choice.write(BoolToYN(yes)); }, choice.field};
 }
 
 }  // namespace kiv

@@ -40,6 +40,17 @@ class PageField {
   virtual void ShowIdentifier() {}
   virtual void Save() = 0;
 
+  /// Which field of the record it shows, and where; neither for what is no stored field of its own.
+  std::string_view Field() const { return field_; }
+  ui::Control* Control() const { return control_; }
+  void Represent(std::string_view field, ui::Control& control) {
+    field_ = field;
+    control_ = &control;
+  }
+  /// Whether it was changed since the study was shown.
+  bool Touched() const { return touched_; }
+  void SetTouched(bool touched) { touched_ = touched; }
+
   const CheckList& Rules() const { return rules_; }
   const std::vector<RememberedValue>& RememberedValues() const { return remembered_; }
   /// Whether each change of the control is reported to the editor.
@@ -49,6 +60,11 @@ class PageField {
   CheckList rules_;
   std::vector<RememberedValue> remembered_;
   bool reportsChanges_ = true;
+
+ private:
+  std::string_view field_;
+  ui::Control* control_ = nullptr;
+  bool touched_ = false;
 };
 
 /// Where a value lives: read and written in the records that the tab has at that moment.
@@ -56,6 +72,7 @@ template <class Value>
 struct Place {
   std::function<Value()> read;
   std::function<void(Value)> write;
+  std::string_view field = {};  ///< of the record, when the value is one of its stored fields
 };
 
 /// How a control shows a value and gives it back.
@@ -80,6 +97,9 @@ template <class Value>
 class ValueField : public PageField {
  public:
   ValueField(Face<Value> face, Place<Value> place) : face_(std::move(face)), place_(std::move(place)) {}
+
+  /// The field of the record that it stores; empty when it stores none of its own.
+  std::string_view StoredField() const { return place_.field; }
 
   /// What a new study starts with; without it with nothing.
   ValueField& Default(Value value) {

@@ -50,6 +50,43 @@ std::vector<Problem> Tab::Problems() const {
   return problems;
 }
 
+std::vector<Problem> Tab::Findings() {
+  std::vector<Problem> findings;
+  if (!study_ || !study_->SubRecord()) return findings;
+  for (const RecordFault& fault : study_->SubRecord()->Faults()) {
+    if (auto finding = FindingOf(fault)) findings.push_back(std::move(*finding));
+  }
+  AddFindings(findings);
+  return findings;
+}
+
+const PageField* Tab::FieldOf(std::string_view name) const {
+  const auto found = std::find_if(fields_.begin(), fields_.end(),
+                                  [name](const auto& field) { return field->Field() == name; });
+  return found == fields_.end() ? nullptr : found->get();
+}
+
+bool Tab::Represents(std::string_view field) const {
+  return FieldOf(field) != nullptr;
+}
+
+std::optional<Problem> Tab::FindingOf(const RecordFault& fault) const {
+  const auto isTouched = [this](std::string_view name) {
+    const PageField* field = FieldOf(name);
+    return field && field->Touched();
+  };
+  if (isTouched(fault.field) || std::ranges::any_of(fault.others, isTouched)) return std::nullopt;
+  const PageField* field = FieldOf(fault.field);
+  if (!field) return std::nullopt;
+  return Problem{field->Control(), fault.text};
+}
+
+void Tab::Represent(PageField& field, std::string_view storedField, ui::Control& control, Signal<>& changed) {
+  if (storedField.empty()) return;
+  field.Represent(storedField, control);
+  changed.Connect([this, shown = &field] { shown->SetTouched(!loading_); });
+}
+
 void Tab::CheckInOrder(std::initializer_list<const PageField*> fields) {
   std::vector<const PageField*> order(fields);
   for (const PageField* field : checked_) {
@@ -84,6 +121,8 @@ void Tab::LoadData(const Variant& study, const std::string&, std::shared_ptr<hos
       if (tabName == Name()) TabShown();
     });
   }
+  const FlagGuard loading(loading_);
+  for (const auto& field : fields_) field->SetTouched(false);
   if (study_->IsNew()) {
     for (const auto& field : fields_) field->ShowNew();
     ShowRememberedValues();
@@ -131,7 +170,10 @@ void Tab::RememberValues() const {
 ValueField<std::string>& Tab::Bind(ui::TextBox& box, Place<std::string> text) {
   Face<std::string> face = {[&box](std::string shown) { box.SetText(std::move(shown)); },
                             [&box] { return box.Text(); }};
-  return Adopt(std::make_unique<ValueField<std::string>>(std::move(face), std::move(text)), box.Changed);
+  auto& field =
+      Adopt(std::make_unique<ValueField<std::string>>(std::move(face), std::move(text)), box.Changed);
+  Represent(field, field.StoredField(), box, box.Changed);
+  return field;
 }
 
 ValueField<std::string>& Tab::Bind(ui::TextBox& box, const Place<std::int32_t>& number) {
@@ -141,7 +183,9 @@ ValueField<std::string>& Tab::Bind(ui::TextBox& box, const Place<std::int32_t>& 
 
 ValueField<bool>& Tab::Bind(ui::CheckBox& box, const Place<std::string>& choice) {
   Face<bool> face = {[&box](bool checked) { box.SetChecked(checked); }, [&box] { return box.Checked(); }};
-  return Adopt(std::make_unique<ValueField<bool>>(std::move(face), AsYes(choice)), box.Changed);
+  auto& field = Adopt(std::make_unique<ValueField<bool>>(std::move(face), AsYes(choice)), box.Changed);
+  Represent(field, field.StoredField(), box, box.Changed);
+  return field;
 }
 
 ValueField<std::string>& Tab::Bind(XDnBox& box, Place<std::string> dn) {

@@ -10,6 +10,7 @@
 #include "base/error.h"
 #include "base/flag_guard.h"
 #include "core/entities.h"
+#include "core/fields.h"
 #include "core/study_data.h"
 #include "editor/check_list.h"
 #include "editor/dyna_tab_control.h"
@@ -28,6 +29,12 @@ class DocumentChooser;
 class EntityListView;
 class XDnBox;
 
+/// Records that tell their stored fields in a table.
+template <class Record>
+concept HasFields = requires {
+  Record::Fields();
+};
+
 /// What every tab of a study editor has in common: its study, its fields with their rules and remembered
 /// values, its change reports.
 ///
@@ -43,6 +50,11 @@ class Tab : public ui::Container, public IDynaTabControl {
   virtual ui::LayoutItem Layout() = 0;
   /// Every failing check, the first one of each control, told without a message box; none before LoadData.
   std::vector<Problem> Problems() const;
+  /// What cannot be right although the checks let it pass, such as a stored value that the page cannot make.
+  /// What the user changed since the study was shown is right.
+  std::vector<Problem> Findings();
+  /// Whether faults of this field of the record are told by Findings.
+  virtual bool Represents(std::string_view field) const;
   /// Shows the identifier that a new study got; the host calls it after a study was stored.
   void ShowIdentifier();
 
@@ -86,6 +98,8 @@ class Tab : public ui::Container, public IDynaTabControl {
   Kind& Adopt(std::unique_ptr<Kind> field);
   template <class Kind>
   Kind& Adopt(std::unique_ptr<Kind> field, Signal<>& changed);
+  /// What is wrong with this field of the record is told at this control, until the control changes.
+  void Represent(PageField& field, std::string_view storedField, ui::Control& control, Signal<>& changed);
 
   /// Checks these fields first, in this order; without it fields are checked as they are declared.
   void CheckInOrder(std::initializer_list<const PageField*> fields);
@@ -106,6 +120,10 @@ class Tab : public ui::Container, public IDynaTabControl {
   virtual bool Validate();
   /// Adds what is wrong beside the rules of the page.
   virtual void AddProblems(std::vector<Problem>& /*problems*/) const {}
+  /// Where a fault of the record shows; nothing when it shows elsewhere or is mended on the page.
+  virtual std::optional<Problem> FindingOf(const RecordFault& fault) const;
+  /// Adds what cannot be right beside the faults of the record.
+  virtual void AddFindings(std::vector<Problem>& /*findings*/) {}
 
   /// Writes the tab's values to the user's remembered ones.
   void RememberValues() const;
@@ -130,12 +148,18 @@ class Tab : public ui::Container, public IDynaTabControl {
   static auto PlaceIn(const std::shared_ptr<Record>& record, Got (Record::*get)() const,
                       void (Record::*set)(Taken)) {
     using Value = std::remove_cvref_t<Got>;
-    return Place<Value>{[&record, get] { return Value((Required(record).*get)()); },
-                        [&record, set](Value value) { (Required(record).*set)(std::move(value)); }};
+    Place<Value> place = {[&record, get] { return Value((Required(record).*get)()); },
+                          [&record, set](Value value) { (Required(record).*set)(std::move(value)); }};
+    if constexpr (HasFields<Record> && (std::is_same_v<Value, std::string> || std::is_integral_v<Value>)) {
+      place.field = FieldSetBy<Record>(set);
+    }
+    return place;
   }
 
  private:
   void ShowRememberedValues();
+  /// Null when the page has none of the name.
+  const PageField* FieldOf(std::string_view name) const;
 
   std::string title_;
   std::vector<std::unique_ptr<PageField>> fields_;
@@ -144,6 +168,7 @@ class Tab : public ui::Container, public IDynaTabControl {
   std::shared_ptr<CKivStudyData> study_;
   ScopedConnection tabShow_;
   bool filling_ = false;
+  bool loading_ = false;
 };
 
 template <class Kind>

@@ -13,8 +13,7 @@ namespace {
 constexpr const char* kSelectAll = "Select All";
 constexpr const char* kClearAll = "Clear All";
 
-/// Modes by their index in the list.
-enum Mode : int { kNormal = 0, kTdmaHeat = 1, kCdmaHeat = 2 };
+using namespace hom_mode;
 
 enum class Access { Locked, Usable };
 
@@ -89,14 +88,17 @@ XKivHomDetail::XKivHomDetail()
   cmdCDMA.SetCaption(kSelectAll);
   for (const BoxField& field : BoxField::All()) Box(field).SetCaption(field.caption);
 
-  Bind({.showNew = [this] { cboModeSelection.SetListIndex(kNormal); },
-        .showStored = [this] { ShowStoredMode(); },
-        .save =
-            [this] {
-              // A stored mode that the list does not know stays as it is until the user picks one.
-              const int mode = cboModeSelection.ListIndex();
-              if (mode != ui::kNoSelection) SubRecord()->SetHomMode(mode);
-            }});
+  CustomField& modeField = Bind({.showNew = [this] { cboModeSelection.SetListIndex(kNormal); },
+                                 .showStored = [this] { ShowStoredMode(); },
+                                 .save =
+                                     [this] {
+                                       // A stored mode that the list does not know stays as it is until the
+                                       // user picks one.
+                                       const int mode = cboModeSelection.ListIndex();
+                                       if (mode != ui::kNoSelection) SubRecord()->SetHomMode(mode);
+                                     }});
+  Represent(modeField, At(&CKivHomData::HomMode, &CKivHomData::SetHomMode).field, cboModeSelection,
+            cboModeSelection.Changed);
   for (const BoxField& field : BoxField::All()) {
     auto& box = Bind(Box(field), At(field.get, field.set)).Default(field.group == BoxField::Group::Amps);
     if (field.group != BoxField::Group::Amps) box.Unreported();  // one click may change many of them

@@ -9,6 +9,11 @@
 
 namespace kiv {
 
+/// The modes of a HOM study, as they are stored and in the order of the detail tab's list.
+namespace hom_mode {
+enum : std::int32_t { kNormal, kTdmaHeat, kCdmaHeat };
+}  // namespace hom_mode
+
 /// What a HOM (handoff) study records and where it goes; one row of KIV_HomStudy.
 /// Selections are the texts "Y" and "N".
 class CKivHomData : public SubRecord {
@@ -69,6 +74,7 @@ class CKivHomData : public SubRecord {
   bool InsertNew() override;
   void Update() override;
   std::vector<NamedValue> StoredFields() const override;
+  std::vector<RecordFault> Faults() const override;
   void ReadStored(StoredReader& reader) override;
 
   /// The table with a row for each of these studies.

@@ -32,16 +32,13 @@ class XKivPlmCdma : public ModeTab {
   ui::ComboBox cboGenerationType;
 
  private:
-  struct Mode;
-
   void ShowDetails(const CKivPlmMode& mode) override;
   void StoreDetails(CKivPlmMode& mode) const override;
   bool MayCheckMore() override;
   const CheckList& RulesBeforeChecking() const override { return storable_; }
-  std::string RecordProblem(const CKivPlmMode& mode, Records records) const override;
+  std::string RecordProblem(const CKivPlmMode& mode) const override;
+  void AddFindings(std::vector<Problem>& findings) override;
   std::string Summary(const CKivPlmMode& mode, std::size_t index) const override;
-
-  const Mode& CurrentKind() const;
 
   CheckList storable_;
 };

@@ -14,14 +14,8 @@ namespace {
 
 using namespace MKivStudyCtls;
 
-constexpr std::string_view kExpand = "Expand";
-constexpr std::string_view kRestrict = "Restrict";
 constexpr std::size_t kExpandOption = 0;
 constexpr std::size_t kRestrictOption = 1;
-
-constexpr std::array<WordChoice, 3> kSortings = {
-    {{"Member Number", "Member"}, {"Channel Number", "Channel"}, {"Radio Number", "Radio"}}};
-constexpr std::array<WordChoice, 2> kListEnds = {{{"From the Beginning", "Begin"}, {"From the End", "End"}}};
 
 bool Holds(const NumberLimits& limits, const std::optional<std::int64_t>& number) {
   return limits.Hold(number.value_or(0));
@@ -114,9 +108,8 @@ struct DistributionPanel::Rule {
   }
 };
 
-DistributionPanel::DistributionPanel(Container* parent, std::int32_t number,
-                                     std::span<const WordChoice> methods, const DefaultsWording& wording)
-    : MethodPanel(parent, number, methods),
+DistributionPanel::DistributionPanel(Container* parent, std::int32_t number, const DefaultsWording& wording)
+    : MethodPanel(parent, number),
       fraAutomatic(this, "fraAutomatic"),
       txtAmps(&fraAutomatic, "txtAmps"),
       txtTdma(&fraAutomatic, "txtTdma"),

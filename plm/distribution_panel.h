@@ -36,8 +36,7 @@ struct DefaultsWording {
 /// manually.
 class DistributionPanel : public MethodPanel {
  public:
-  DistributionPanel(Container* parent, std::int32_t number, std::span<const WordChoice> methods,
-                    const DefaultsWording& wording);
+  DistributionPanel(Container* parent, std::int32_t number, const DefaultsWording& wording);
 
   const DistributionDefaults& Defaults() const { return defaults_; }
   /// Takes effect with the next InitControls, which checks them.

@@ -30,12 +30,11 @@ ui::LayoutItem ChannelPanel::Layout() {
   return XChannelList1.Layout();
 }
 
-MethodPanel::MethodPanel(Container* parent, std::int32_t number, std::span<const WordChoice> methods,
-                         std::string_view whenNone)
+MethodPanel::MethodPanel(Container* parent, std::int32_t number, std::string_view whenNone)
     : ModePanel(parent, number),
       cboMethod(this, "cboMethod"),
       XChannelList1(this, "XChannelList1"),
-      methods_(methods),
+      methods_(SelectionMethods(number)),
       whenNone_(whenNone) {
   checks_.Append(XChannelList1.Checks(), [this] { return Uses(selection::kManual); });
   cboMethod.Changed.Connect([this] { HandleMethodChange(); });

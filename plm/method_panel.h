@@ -28,20 +28,11 @@ class ChannelPanel : public ModePanel {
   std::optional<Problem> StoredProblem(const CKivPlmMode& mode) override;
 };
 
-/// A way of selecting channels; the words of these are stored.
-namespace selection {
-inline constexpr WordChoice kAutomatic = {"Automatic Method", "Auto"};
-inline constexpr WordChoice kManual = {"Manual Method", "Manual"};
-inline constexpr std::string_view kAllWord = "All";
-inline constexpr std::string_view kNoMethodWord = "No Selection Method";
-}  // namespace selection
-
 /// Panel of a mode that selects its channels by one of several methods, the manual one among them.
 class MethodPanel : public ModePanel {
  public:
   /// `whenNone` is stored while no method is chosen; when it is empty, the stored method stays.
-  MethodPanel(Container* parent, std::int32_t number, std::span<const WordChoice> methods,
-              std::string_view whenNone = {});
+  MethodPanel(Container* parent, std::int32_t number, std::string_view whenNone = {});
 
   void InitControls() override;
   void DataToCtls(const CKivPlmMode& mode) override;

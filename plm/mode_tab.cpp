@@ -203,28 +203,58 @@ void ModeTab::UncheckMode(std::size_t index) {
 bool ModeTab::Validate() {
   if (!Meets(checks_)) return false;
   StoreCurrent();
-  const std::vector<Problem> problems = RecordProblems(Records::Visible);
+  const std::vector<Problem> problems = RecordProblems();
   if (!problems.empty()) Refuse(problems.front());
   return problems.empty();
 }
 
 void ModeTab::AddProblems(std::vector<Problem>& problems) const {
-  for (Problem& problem : RecordProblems(Records::All)) {
+  for (Problem& problem : RecordProblems()) {
     // The shown details are newer than the record.
-    if (problem.control != &modes_.selector->Options()[current_]) problems.push_back(std::move(problem));
+    if (problem.control != &Selector(current_)) problems.push_back(std::move(problem));
   }
 }
 
+std::size_t ModeTab::IndexOf(const CKivPlmMode& mode) const {
+  return static_cast<std::size_t>(mode.PlmMode() - modes_.firstNumber);
+}
+
 /// What is wrong with the records of the checked modes, in the order of the study's collection.
-std::vector<Problem> ModeTab::RecordProblems(Records records) const {
+std::vector<Problem> ModeTab::RecordProblems() const {
   std::vector<Problem> problems;
   for (const auto& mode : *SubRecord()) {
     if (!mode->Checked() || !Owns(*mode)) continue;
-    std::string message = RecordProblem(*mode, records);
-    const auto index = static_cast<std::size_t>(mode->PlmMode() - modes_.firstNumber);
-    if (!message.empty()) problems.push_back({&modes_.selector->Options()[index], std::move(message)});
+    std::string message = RecordProblem(*mode);
+    if (!message.empty()) problems.push_back({&Selector(IndexOf(*mode)), std::move(message)});
   }
   return problems;
+}
+
+bool ModeTab::Represents(std::string_view field) const {
+  return field == CKivPlmData::kModeList || Tab::Represents(field);
+}
+
+/// Whether the page shows details of a mode that its record does not have yet.
+bool ModeTab::ShowsNewer(const CKivPlmMode& mode) const {
+  return mode.Key() == CurrentMode() && !drafts_[current_].touched.empty();
+}
+
+std::optional<Problem> ModeTab::FindingOf(const RecordFault& fault) const {
+  if (fault.field != CKivPlmData::kModeList) return Tab::FindingOf(fault);
+  const auto mode = SubRecord()->ReturnMode(MKivStudyCtls::ModeName(fault.number));
+  if (!mode->Checked() || !Owns(*mode) || ShowsNewer(*mode)) return std::nullopt;
+  return Problem{&Selector(IndexOf(*mode)), fault.text};
+}
+
+void ModeTab::AddFindings(std::vector<Problem>& findings) {
+  for (const auto& mode : *SubRecord()) {
+    if (!mode->Checked() || !Owns(*mode) || ShowsNewer(*mode)) continue;
+    ui::Control* selector = &Selector(IndexOf(*mode));
+    std::string message = RecordFinding(*mode);
+    if (!message.empty() && std::ranges::find(findings, selector, &Problem::control) == findings.end()) {
+      findings.push_back({selector, std::move(message)});
+    }
+  }
 }
 
 ui::LayoutItem ModeTab::ListLayout() {

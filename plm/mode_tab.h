@@ -62,11 +62,15 @@ class ModeTab : public TabOf<CKivPlmData> {
   virtual bool MayCheckMore() { return true; }
   /// The rules that the shown details must meet before another mode is checked.
   virtual const CheckList& RulesBeforeChecking() const { return checks_; }
-  /// Whose records are looked at: a page that is left is held up by the visible ones only.
-  enum class Records { Visible, All };
-  /// What is wrong with the record of a mode.
-  virtual std::string RecordProblem(const CKivPlmMode& mode, Records records) const = 0;
+  /// What keeps the study from being saved with this record of a mode.
+  virtual std::string RecordProblem(const CKivPlmMode& mode) const = 0;
+  /// What cannot be right in this record of a mode although it can be saved.
+  virtual std::string RecordFinding(const CKivPlmMode& /*mode*/) const { return {}; }
   virtual std::string Summary(const CKivPlmMode& mode, std::size_t index) const = 0;
+
+  void AddFindings(std::vector<Problem>& findings) override;
+  /// The option button of a mode.
+  ui::Control& Selector(std::size_t index) const { return modes_.selector->Options()[index]; }
 
   ui::LayoutItem ListLayout();
 
@@ -80,6 +84,8 @@ class ModeTab : public TabOf<CKivPlmData> {
   /// Checks the shown details and takes them into the study, then checks the other modes' records.
   bool Validate() override;
   void AddProblems(std::vector<Problem>& problems) const override;
+  bool Represents(std::string_view field) const override;
+  std::optional<Problem> FindingOf(const RecordFault& fault) const override;
   void SaveRest() override { StoreCurrent(); }
   void ShowNewStudy() override { ShowModes(); }
   void ShowStoredStudy() override;
@@ -97,7 +103,9 @@ class ModeTab : public TabOf<CKivPlmData> {
   void KeepDraft();
   void ShowState(std::size_t index);
   bool Owns(const CKivPlmMode& mode) const;
-  std::vector<Problem> RecordProblems(Records records) const;
+  std::vector<Problem> RecordProblems() const;
+  std::size_t IndexOf(const CKivPlmMode& mode) const;
+  bool ShowsNewer(const CKivPlmMode& mode) const;
 
   ModeList modes_;
   std::size_t current_ = 0;

@@ -13,7 +13,6 @@ namespace kiv {
 
 namespace {
 
-constexpr std::string_view kModes = "Modes";
 constexpr std::string_view kModeIdentity[] = {"PlmMode"};
 
 }  // namespace
@@ -84,13 +83,13 @@ std::vector<NamedValue> CKivPlmData::StoredFields() const {
 }
 
 std::vector<StoredList> CKivPlmData::StoredLists() const {
-  StoredList modes{kModes, {}};
+  StoredList modes{kModeList, {}};
   for (const auto& mode : *this) modes.entries.push_back(mode->Stored());
   return {std::move(modes)};
 }
 
 std::vector<StoredList> CKivPlmData::WrittenLists() const {
-  StoredList modes{kModes, {}};
+  StoredList modes{kModeList, {}};
   for (const auto& mode : *this) {
     if (mode->Checked()) modes.entries.push_back(mode->Stored());
   }
@@ -98,12 +97,23 @@ std::vector<StoredList> CKivPlmData::WrittenLists() const {
 }
 
 std::vector<ListIdentity> CKivPlmData::ListIdentities() const {
-  return {{kModes, kModeIdentity}};
+  return {{kModeList, kModeIdentity}};
+}
+
+std::vector<RecordFault> CKivPlmData::Faults() const {
+  std::vector<RecordFault> faults;
+  AddFaults(faults, *this, Fields());
+  for (const auto& mode : *this) {
+    for (const std::string& text : mode->Faults()) {
+      faults.push_back({kModeList, mode->Key() + ": " + text, mode->PlmMode()});
+    }
+  }
+  return faults;
 }
 
 void CKivPlmData::ReadStored(StoredReader& reader) {
   reader.Fields(*this, Fields());
-  reader.List(kModes, [this](StoredReader& entry) {
+  reader.List(kModeList, [this](StoredReader& entry) {
     const auto mode = std::make_shared<CKivPlmMode>();
     mode->ReadStored(entry);
     const std::string name = MKivStudyCtls::ModeName(mode->PlmMode());

@@ -63,8 +63,11 @@ class CKivPlmData : public SubRecord {
   /// Only the checked modes.
   std::vector<StoredList> WrittenLists() const override;
   std::vector<ListIdentity> ListIdentities() const override;
+  std::vector<RecordFault> Faults() const override;
   void ReadStored(StoredReader& reader) override;
 
+  /// The list of the modes.
+  static constexpr std::string_view kModeList = "Modes";
   /// The table with a row for each of these studies.
   static constexpr std::string_view kTable = "KIV_PlmStudy";
   /// The columns of it in the order of the insert.

@@ -3,6 +3,9 @@
 #include <array>
 
 #include "core/stored_reader.h"
+#include "plm/limits.h"
+#include "plm/mode_choices.h"
+#include "plm/mode_names.h"
 #include "plm/plm_msql.h"
 
 namespace kiv {
@@ -10,6 +13,23 @@ namespace kiv {
 namespace {
 
 constexpr std::string_view kChannels = "Channels";
+constexpr std::string_view kServiceOption = "ServiceOption";
+constexpr std::string_view kGenerationType = "GenerationType";
+constexpr std::string_view kSelectionMethod = "SelectionMethod";
+
+/// A number that must be chosen from a list, where the mode has one.
+FieldRule Offered(std::span<const NumberChoice> choices) {
+  if (!choices.empty()) return NullOr(NumberOf(choices));
+  return {[](const Variant& value) { return value.IsNull(); }, "empty in this mode"};
+}
+
+/// The method of a mode that has a choice of them.
+FieldRule OfferedMethod(std::int32_t mode) {
+  std::vector<WordChoice> methods(SelectionMethods(mode).begin(), SelectionMethods(mode).end());
+  if (methods.empty()) return {};
+  if (mode == kModeWithoutMethod) methods.push_back({{}, selection::kNoMethodWord});
+  return WordOf(methods);
+}
 
 }  // namespace
 
@@ -20,22 +40,26 @@ std::string ChannelKey(const std::string& number) {
 std::span<const RecordField<CKivPlmMode>> CKivPlmMode::Fields() {
   using enum FieldRole;
   using Mode = CKivPlmMode;
-  static const RecordField<Mode> fields[] = {
+  using Field = RecordField<Mode>;
+  const FieldRule selected = NullOr(Between(kSelectedChannels.low, kSelectedChannels.high));
+  const FieldRule inRange = NullOr(Between(0, kChannelNumbers.high));  // 0 for an empty box
+  const WordChoice distributions[] = {{{}, kExpand}, {{}, kRestrict}};
+  static const Field fields[] = {
       {"Id", &Mode::id_, Key},
-      {"PlmMode", &Mode::plmMode_},
-      {"Carrier", &Mode::carrier_, Nullable},
-      {"ServiceOption", &Mode::serviceOption_, Nullable},
-      {"GenerationType", &Mode::generationType_, Nullable},
-      {"SelectionMethod", &Mode::selectionMethod_},
-      {"AmpsDistribution", &Mode::ampsDistribution_, Nullable},
-      {"TdmaDistribution", &Mode::tdmaDistribution_, Nullable},
-      {"TotalDistribution", &Mode::totalDistribution_, Nullable},
-      {"SortBy", &Mode::sortBy_},
-      {"SelectFromList", &Mode::selectFromList_},
-      {"RangeFrom", &Mode::rangeFrom_, Nullable},
-      {"RangeTo", &Mode::rangeTo_, Nullable},
-      {"ExcludeAce", &Mode::excludeAce_},
-      {"DistributionMethod", &Mode::distributionMethod_},
+      Field{"PlmMode", &Mode::plmMode_}.Allowing(Between(1, MKivStudyCtls::kModeCount)),
+      Field{"Carrier", &Mode::carrier_, Nullable}.Allowing(NullOr(Between(kCarriers.low, kCarriers.high))),
+      {kServiceOption, &Mode::serviceOption_, Nullable},
+      {kGenerationType, &Mode::generationType_, Nullable},
+      {kSelectionMethod, &Mode::selectionMethod_},
+      Field{"AmpsDistribution", &Mode::ampsDistribution_, Nullable}.Allowing(selected),
+      Field{"TdmaDistribution", &Mode::tdmaDistribution_, Nullable}.Allowing(selected),
+      Field{"TotalDistribution", &Mode::totalDistribution_, Nullable}.Allowing(selected),
+      Field{"SortBy", &Mode::sortBy_}.Allowing(WordOf(kSortings)),
+      Field{"SelectFromList", &Mode::selectFromList_}.Allowing(WordOf(kListEnds)),
+      Field{"RangeFrom", &Mode::rangeFrom_, Nullable}.Allowing(inRange),
+      Field{"RangeTo", &Mode::rangeTo_, Nullable}.Allowing(inRange),
+      Field{"ExcludeAce", &Mode::excludeAce_}.Allowing(YesOrNo()),
+      Field{"DistributionMethod", &Mode::distributionMethod_}.Allowing(WordOf(distributions)),
   };
   return fields;
 }
@@ -91,6 +115,31 @@ StoredEntry CKivPlmMode::Stored() const {
     channels.entries.push_back({{}, {{"Channel", Variant(channel->Channel())}}, {}});
   }
   return {key_, ListFields(*this, Fields()), {std::move(channels)}};
+}
+
+/// The lists of a page differ from mode to mode.
+std::vector<std::string> CKivPlmMode::Faults() const {
+  std::vector<RecordFault> faults;
+  AddFaults(faults, *this, Fields());
+  const auto generationTypes = HasGenerationType(plmMode_) ? std::span<const NumberChoice>(kGenerationTypes)
+                                                           : std::span<const NumberChoice>();
+  const std::pair<std::string_view, FieldRule> ofThisMode[] = {
+      {kServiceOption, Offered(ServiceOptions(plmMode_))},
+      {kGenerationType, Offered(generationTypes)},
+      {kSelectionMethod, OfferedMethod(plmMode_)}};
+  for (const RecordField<CKivPlmMode>& field : Fields()) {
+    for (const auto& [name, rule] : ofThisMode) {
+      if (name != field.name || rule.Holds(field.Get(*this))) continue;
+      faults.push_back({name, rule.FaultText(name, field.Get(*this))});
+    }
+  }
+  std::vector<std::string> texts;
+  for (RecordFault& fault : faults) texts.push_back(std::move(fault.text));
+  const FieldRule number = Between(kChannelNumbers.low, kChannelNumbers.high);
+  for (const auto& channel : *channels_) {
+    if (!number.Holds(channel->Channel())) texts.push_back(number.FaultText("Channel", channel->Channel()));
+  }
+  return texts;
 }
 
 void CKivPlmMode::ReadStored(StoredReader& reader) {

@@ -104,6 +104,8 @@ class CKivPlmMode : public Object {
 
   /// The mode's fields and channels for listing.
   StoredEntry Stored() const;
+  /// What of it the mode's page cannot make.
+  std::vector<std::string> Faults() const;
   /// Takes such an entry back as a mode that the study runs.
   void ReadStored(StoredReader& reader);
 

@@ -10,12 +10,6 @@ namespace {
 
 constexpr std::int32_t kFirstTdmaMode = 1;
 
-constexpr std::array kMode2Methods = {selection::kAutomatic, selection::kManual};
-constexpr std::array kMode5Methods = {selection::kAutomatic, selection::kManual,
-                                      WordChoice{"Study All Channels (not CDMA/AMPS)", selection::kAllWord}};
-constexpr std::array kMode6Methods = {WordChoice{"Study All Channels", selection::kAllWord},
-                                      selection::kManual};
-
 const std::string kAtMost = "cannot be greater than " + std::to_string(kSelectedChannels.high) + ".";
 
 // The two panels word the same rules differently.
@@ -35,11 +29,11 @@ XKivPlmTdma::XKivPlmTdma()
       lblModeSelector(this, "lblModeSelector"),
       lblModeSummary(this, "lblModeSummary"),
       XMode1(&fraModeDetail, 1),
-      XMode2(&fraModeDetail, 2, kMode2Methods, kMode2Wording),
+      XMode2(&fraModeDetail, 2, kMode2Wording),
       XMode3(&fraModeDetail, 3),
       XMode4(&fraModeDetail, 4),
-      XMode5(&fraModeDetail, 5, kMode5Methods, kMode5Wording),
-      XMode6(&fraModeDetail, 6, kMode6Methods, selection::kNoMethodWord),
+      XMode5(&fraModeDetail, 5, kMode5Wording),
+      XMode6(&fraModeDetail, 6, selection::kNoMethodWord),
       panels_{&XMode1, &XMode2, &XMode3, &XMode4, &XMode5, &XMode6} {
   UseModes({kFirstTdmaMode,
             {chkMode.begin(), chkMode.end()},
@@ -78,9 +72,18 @@ void XKivPlmTdma::StartMode(CKivPlmMode& mode, std::size_t index) const {
   panels_[index]->DefaultsToData(mode);
 }
 
-std::string XKivPlmTdma::RecordProblem(const CKivPlmMode& mode, Records records) const {
+/// Only the mode whose panel is shown holds a save up.
+std::string XKivPlmTdma::RecordProblem(const CKivPlmMode& mode) const {
+  return StoredProblem(mode, true);
+}
+
+std::string XKivPlmTdma::RecordFinding(const CKivPlmMode& mode) const {
+  return StoredProblem(mode, false);
+}
+
+std::string XKivPlmTdma::StoredProblem(const CKivPlmMode& mode, bool ofVisiblePanel) const {
   ModePanel& panel = *panels_[static_cast<std::size_t>(mode.PlmMode() - kFirstTdmaMode)];
-  if (records == Records::Visible && !panel.Visible()) return {};
+  if (panel.Visible() != ofVisiblePanel) return {};
   const auto problem = panel.StoredProblem(mode);
   return problem ? problem->message : std::string();
 }

@@ -39,8 +39,10 @@ class XKivPlmTdma : public ModeTab {
   void ShowDetails(const CKivPlmMode& mode) override;
   void StoreDetails(CKivPlmMode& mode) const override;
   void StartMode(CKivPlmMode& mode, std::size_t index) const override;
-  std::string RecordProblem(const CKivPlmMode& mode, Records records) const override;
+  std::string RecordProblem(const CKivPlmMode& mode) const override;
+  std::string RecordFinding(const CKivPlmMode& mode) const override;
   std::string Summary(const CKivPlmMode& mode, std::size_t index) const override;
+  std::string StoredProblem(const CKivPlmMode& mode, bool ofVisiblePanel) const;
 
   std::array<ModePanel*, kModes> panels_;
 };

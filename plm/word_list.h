@@ -4,16 +4,11 @@
 #include <string>
 #include <string_view>
 
+#include "plm/mode_choices.h"
 #include "ui/combo_box.h"
 
 /// Drop-down lists whose entries are stored as words. An entry is found by its word, never by its place.
 namespace kiv {
-
-/// What is shown, and the word that is stored for it.
-struct WordChoice {
-  std::string_view text;
-  std::string_view word;
-};
 
 void FillWords(ui::ComboBox& list, std::span<const WordChoice> choices);
 

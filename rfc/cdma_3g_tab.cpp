@@ -43,9 +43,12 @@ void XKivRfcCDMA3G::SetUp(Link& link, const Place<std::int16_t>& restriction) {
       ReportChange();
     });
   }
-  Bind({.showNew = [&link] { Show(link, kNoRestriction); },
-        .showStored = [&link, restriction] { Show(link, restriction.read()); },
-        .save = [&link, restriction] { restriction.write(link.restriction); }});
+  CustomField& field = Bind({.showNew = [&link] { Show(link, kNoRestriction); },
+                             .showStored = [&link, restriction] { Show(link, restriction.read()); },
+                             .save = [&link, restriction] { restriction.write(link.restriction); }});
+  for (Signal<>* event : {&link.box.Changed, &link.rates.Changed}) {
+    Represent(field, restriction.field, link.box, *event);
+  }
 }
 
 /// A rate that there is not has no option, but it stays until the user makes a choice. Without a restriction

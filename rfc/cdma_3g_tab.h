@@ -17,7 +17,7 @@ class XKivRfcCDMA3G : public TabOf<CKivRfcData> {
  public:
   static constexpr const char* kClassName = "XKivRfcCDMA3G";
 
-  static constexpr std::size_t kRates = 5;
+  static constexpr std::size_t kRates = kSupplementalRates;
 
   XKivRfcCDMA3G();
 

@@ -3,7 +3,6 @@
 #include <string>
 #include <utility>
 
-#include "base/utf16.h"
 #include "core/entity_lists.h"
 #include "editor/kiv_study_ctls.h"
 #include "host/constants.h"
@@ -35,9 +34,7 @@ constexpr MinutesField kMinutes = {15, 240, 30, host::remembered::kRfcDuration};
 /// Lets letters, digits and a few other characters of tags pass.
 void TagKeyFilter(std::int16_t& keyCode) {
   const auto key = static_cast<char16_t>(keyCode);
-  constexpr std::u16string_view kAlsoInTags = u"._";
-  if (keyCode == ui::kBackspaceKey || kAlsoInTags.find(key) != std::u16string_view::npos) return;
-  if (IsAlphaNumeric(ToUtf8({&key, 1}))) return;
+  if (keyCode == ui::kBackspaceKey || IsTagCharacter(key)) return;
   keyCode = 0;
   host::TheBeeper().Beep();
 }
@@ -208,11 +205,24 @@ bool XKivRfcGen::CheckFeature() {
   ecp_.reset();
   const auto ecp = ChosenEcp();
   if (!ecp) return true;
-  const bool found = data.LookupFAF(ecp->InstanceID());
+  data.LookupFAF(ecp->InstanceID());
   ecp_ = ecp;
-  if (found && data.Faf().F161) return true;
-  Tell({nullptr, found ? NotActive(*ecp) : NotOnRecord(*ecp)});
-  return false;
+  const std::string fault = FeatureFault();
+  if (!fault.empty()) Tell({nullptr, fault});
+  return fault.empty();
+}
+
+std::string XKivRfcGen::FeatureFault() const {
+  if (!ecp_) return {};
+  const FafRow& features = SubRecord()->Faf();
+  if (features.InstanceId == 0) return NotOnRecord(*ecp_);
+  return features.F161 ? std::string() : NotActive(*ecp_);
+}
+
+void XKivRfcGen::AddFindings(std::vector<Problem>& findings) {
+  if (std::string fault = FeatureFault(); !fault.empty()) {
+    findings.push_back({&dlvwEntity, std::move(fault), host::MessageStyle::Critical, true});
+  }
 }
 
 ui::LayoutItem XKivRfcGen::Layout() {

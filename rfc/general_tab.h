@@ -43,6 +43,9 @@ class XKivRfcGen : public GeneralTabOf<CKivRfcData> {
   void BindFields();
   void ShowNewStudy() override { SubRecord()->InitFaF(); }
   void ShowStoredStudy() override;
+  void AddFindings(std::vector<Problem>& findings) override;
+  /// What is wrong with the features of the ECP that was looked up last; empty when nothing is.
+  std::string FeatureFault() const;
   /// What is not the ECP, no choice included, is cells.
   std::size_t ChosenType() const;
   CheckList EntityChecks();

@@ -2,7 +2,9 @@
 
 #include <array>
 
+#include "base/utf16.h"
 #include "core/entity_lists.h"
+#include "core/kiv_study_ctls.h"
 #include "core/stored_reader.h"
 #include "core/study_data.h"
 #include "core/study_kinds.h"
@@ -19,19 +21,27 @@ constexpr std::string_view kDnIdentity[] = {"Dn"};
 
 }  // namespace
 
+bool IsTagCharacter(char16_t character) {
+  constexpr std::u16string_view kAlsoInTags = u"._";
+  return kAlsoInTags.find(character) != std::u16string_view::npos ||
+         MKivStudyCtls::IsAlphaNumeric(ToUtf8({&character, 1}));
+}
+
 std::span<const RecordField<CKivRfcData>> CKivRfcData::Fields() {
   using enum FieldRole;
   using Data = CKivRfcData;
-  static const RecordField<Data> fields[] = {
+  using Field = RecordField<Data>;
+  const FieldRule rate = Between(0, kSupplementalRates);  // 0 for any
+  static const Field fields[] = {
       {"Id", &Data::id_, Key},
-      {"Tag", &Data::tag_},
+      Field{"Tag", &Data::tag_}.Allowing(MadeOf(IsTagCharacter, "letters, digits, '.' and '_'")),
       {"dBm", &Data::dbm_, InsertOnly},
-      {"ClearLog", &Data::clearLog_},
-      {"MultipleDns", &Data::multipleDns_},
-      {"UseEcp", &Data::useEcp_},
+      Field{"ClearLog", &Data::clearLog_}.Allowing(YesOrNo()),
+      Field{"MultipleDns", &Data::multipleDns_}.Allowing(YesOrNo()),
+      Field{"UseEcp", &Data::useEcp_}.Allowing(YesOrNo()),
       {"Path", &Data::path_},
-      {"F", &Data::forwardRate_, WhenPositive},
-      {"R", &Data::reverseRate_, WhenPositive},
+      Field{"F", &Data::forwardRate_, WhenPositive}.Allowing(rate),
+      Field{"R", &Data::reverseRate_, WhenPositive}.Allowing(rate),
   };
   return fields;
 }
@@ -115,6 +125,12 @@ bool CKivRfcData::InsertLists() const {
   }
   for (const auto& dn : Required(dns_)) written &= MSQL::InsertRfcDn(id_, *dn);
   return written;
+}
+
+std::vector<RecordFault> CKivRfcData::Faults() const {
+  std::vector<RecordFault> faults;
+  AddFaults(faults, *this, Fields());
+  return faults;
 }
 
 std::vector<NamedValue> CKivRfcData::StoredFields() const {

@@ -14,6 +14,12 @@
 
 namespace kiv {
 
+/// How many rates a supplemental channel can be restricted to, numbered from 1.
+inline constexpr std::int32_t kSupplementalRates = 5;
+
+/// Whether tags can have this character: letters, digits and a few others.
+bool IsTagCharacter(char16_t character);
+
 /// What an RF call trace study traces: one row of KIV_RfcStudy, its ECP or its cells, and its directory
 /// numbers. Choices are the texts "Y" and "N".
 class CKivRfcData : public SubRecord {
@@ -79,6 +85,7 @@ class CKivRfcData : public SubRecord {
   /// The entities, and the DNs with their data files.
   std::vector<StoredList> StoredLists() const override;
   std::vector<ListIdentity> ListIdentities() const override;
+  std::vector<RecordFault> Faults() const override;
   void ReadStored(StoredReader& reader) override;
 
   /// The table with a row for each of these studies.

@@ -11,6 +11,7 @@
 #include "session/study_session.h"
 #include "store/exchange/study_files.h"
 #include "store/exchange/study_json.h"
+#include "store/names.h"
 
 namespace kiv::session {
 
@@ -69,31 +70,6 @@ struct CheckedFiles {
   std::vector<store::NamedStudy> studies;
 };
 
-/// What the editor writes for a box that is checked or not; a new study may have nothing yet.
-bool IsChoice(const Variant& value) {
-  return value == Variant("Y") || value == Variant("N") || value == Variant("");
-}
-
-/// The tabs work on the record that they are given, so it is one that nobody stores.
-std::vector<std::string> ProblemsOfStored(store::StudyStore& store, store::Study study,
-                                          std::int32_t scenario) {
-  study.record->SetScenarioID(scenario);
-  study.record->SetIsNew(false);  // it is shown as it is, without what a new one is proposed
-  const auto record = study.record;
-  const std::vector<NamedValue> before = record->SubRecord()->StoredFields();
-  const StudySession session(store, std::move(study));
-  std::vector<std::string> texts;
-  for (const StudyProblem& problem : ProblemsOf(session)) texts.push_back(ProblemText(problem));
-  for (Tab* tab : session.HeaderAndTabs()) tab->SaveData();
-  const std::vector<NamedValue> after = record->SubRecord()->StoredFields();
-  for (std::size_t i = 0; i < before.size(); ++i) {
-    if (!IsChoice(before[i].value) && IsChoice(after[i].value)) {
-      texts.push_back(std::string(before[i].name) + " must be \"Y\" or \"N\"");
-    }
-  }
-  return texts;
-}
-
 void CheckFile(store::StudyStore& store, const std::string& file, PlannedScenarios& scenarios,
                CheckedFiles& checked) {
   StudyImportReport& report = checked.report;
@@ -112,9 +88,16 @@ void CheckFile(store::StudyStore& store, const std::string& file, PlannedScenari
   for (std::size_t i = 0; i < content.studies.size(); ++i) {
     store::NamedStudy& named = content.studies[i];
     report.studies.push_back({file, named.study.record->AppName(), named.study.name, 0});
-    for (std::string& problem :
-         ProblemsOfStored(store, std::move(named.study), scenarios.Find(named.scenario))) {
-      report.problems.push_back({file, content.places[i], std::move(problem)});
+    if (const std::string fault = store::NameFault(named.scenario); !fault.empty()) {
+      report.problems.push_back({file, content.places[i], "the name of the scenario " + fault});
+    }
+    // The tabs work on the record that they are given, so it is one that nobody stores; it is shown as it is,
+    // without what a new study is proposed.
+    named.study.record->SetScenarioID(scenarios.Find(named.scenario));
+    named.study.record->SetIsNew(false);
+    for (const StudyProblem& problem : CheckStudy(store, std::move(named.study))) {
+      auto& list = problem.severity == Severity::Error ? report.problems : report.warnings;
+      list.push_back({file, content.places[i], ProblemText(problem)});
     }
     checked.studies.push_back(std::move(toStore.studies[i]));
   }

@@ -29,6 +29,7 @@ struct StudyImportReport {
   std::vector<Entry> studies;
   std::vector<std::string> newScenarios;  ///< that the studies name and the database does not have
   std::vector<ImportProblem> problems;
+  std::vector<ImportProblem> warnings;  ///< what could not be looked into; they refuse nothing
 };
 
 /// Checks every study by the rules of its editor and stores nothing.

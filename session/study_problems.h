@@ -3,23 +3,33 @@
 #include <string>
 #include <vector>
 
-#include "host/message_box.h"
 #include "session/study_session.h"
 
 namespace kiv::session {
 
-/// One thing that keeps a study from being saved.
+/// Whether a problem makes a study wrong, or could not be looked into.
+enum class Severity { Error, Warning };
+
+/// One thing that is wrong with a study.
 struct StudyProblem {
   std::string tab;      ///< its title; "Study" for what belongs to no tab
   std::string control;  ///< the name of the control; empty when there is none
   std::string message;  ///< in one line
-  host::MessageStyle style = host::MessageStyle::Critical;
+  Severity severity = Severity::Error;
 };
 
-/// All of them: the name, every failing check of every tab, and missing data.
-std::vector<StudyProblem> ProblemsOf(const StudySession& session);
+/// All of them: the name, missing data, every failing check of every tab, stored values that no page makes,
+/// and what the stored network says of the study's cells. Without a network there is one warning that its
+/// cells were not looked up. A database that fails raises host::DatabaseError.
+std::vector<StudyProblem> ProblemsOf(StudySession& session);
 
-/// `Tab: message`
+/// The same of a study that nobody edits; nothing is told in message boxes.
+std::vector<StudyProblem> CheckStudy(store::StudyStore& store, store::Study study);
+
+/// `Tab: message`; a warning says so.
 std::string ProblemText(const StudyProblem& problem);
+
+/// Whether any of them makes the study wrong.
+bool HasErrors(const std::vector<StudyProblem>& problems);
 
 }  // namespace kiv::session

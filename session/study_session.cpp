@@ -7,14 +7,18 @@
 #include "editor/study_tabs.h"
 #include "host/editor_context.h"
 #include "session/scenario_strip.h"
+#include "store/names.h"
 
 namespace kiv::session {
 
 namespace {
 
-/// A study without a name would be hard to find again.
+/// A study without a name, or with one that no list can show, would be hard to find again.
 std::optional<std::string> ProblemOfName(const std::string& name) {
   if (Trimmed(name).empty()) return "Please give the study a name.";
+  if (const std::string fault = store::NameFault(name); !fault.empty()) {
+    return "The name of the study " + fault + ". Choose another name.";
+  }
   return std::nullopt;
 }
 

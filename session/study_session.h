@@ -20,6 +20,7 @@ class StudySession {
   StudySession& operator=(const StudySession&) = delete;
   ~StudySession();
 
+  store::StudyStore& Store() const { return store_; }
   const std::string& Kind() const { return study_.record->AppName(); }
   /// 0 while the study was never stored.
   std::int32_t ID() const { return study_.record->ID(); }

@@ -96,7 +96,8 @@ void XKivVcsDetail::PrepareControls() {
 
 Place<std::string> XKivVcsDetail::EventPlace(std::size_t category) {
   return {[this, category] { return SubRecord()->Event(category); },
-          [this, category](std::string value) { SubRecord()->SetEvent(category, std::move(value)); }};
+          [this, category](std::string value) { SubRecord()->SetEvent(category, std::move(value)); },
+          CKivVcsData::EventField(category)};
 }
 
 CheckList XKivVcsDetail::AnyEvent() {

@@ -18,20 +18,28 @@ constexpr std::string_view kCells = "Cells";
 
 }  // namespace
 
-std::span<const RecordField<CKivVcsData>> CKivVcsData::Fields() {
-  using Data = CKivVcsData;
-  static constexpr std::array<std::string_view, kEventCategories> eventNames = {
+std::string_view CKivVcsData::EventField(std::size_t category) {
+  static constexpr std::array<std::string_view, kEventCategories> names = {
       "EventA", "EventB", "EventC", "EventD", "EventE", "EventF", "EventG",
       "EventH", "EventI", "EventJ", "EventK", "EventL", "EventM"};
+  return names.at(category);
+}
+
+std::span<const RecordField<CKivVcsData>> CKivVcsData::Fields() {
+  using Data = CKivVcsData;
+  using Field = RecordField<Data>;
   static const auto fields = [] {
-    std::vector<RecordField<Data>> all = {
-        {"ID", &Data::id_, FieldRole::Key}, {"Path", &Data::path_}, {"DataFile", &Data::dataFile_}};
+    std::vector<Field> all;
+    all.push_back(Field{"ID", &Data::id_, FieldRole::Key});
+    all.push_back(Field{"Path", &Data::path_});
+    all.push_back(Field{"DataFile", &Data::dataFile_});
     for (std::size_t category = 0; category < kEventCategories; ++category) {
-      all.push_back({eventNames[category], TextElement<Data>::Of(&Data::events_, category)});
+      all.push_back(
+          Field{EventField(category), TextElement<Data>::Of(&Data::events_, category)}.Allowing(YesOrNo()));
     }
-    all.push_back({"SingleDn", &Data::singleDn_});
-    all.push_back({"DirectionalSetup", &Data::directionalSetup_});
-    all.push_back({"CarrierData", &Data::carrierData_});
+    all.push_back(Field{"SingleDn", &Data::singleDn_});
+    all.push_back(Field{"DirectionalSetup", &Data::directionalSetup_}.Allowing(YesOrNo()));
+    all.push_back(Field{"CarrierData", &Data::carrierData_}.Allowing(YesOrNo()));
     return all;
   }();
   return fields;
@@ -98,6 +106,12 @@ std::vector<StoredList> CKivVcsData::StoredLists() const {
 
 std::vector<NamedValue> CKivVcsData::StoredFields() const {
   return ListFields(*this, Fields());
+}
+
+std::vector<RecordFault> CKivVcsData::Faults() const {
+  std::vector<RecordFault> faults;
+  AddFaults(faults, *this, Fields());
+  return faults;
 }
 
 std::vector<ListIdentity> CKivVcsData::ListIdentities() const {

@@ -29,6 +29,8 @@ class CKivVcsData : public SubRecord {
 
   /// Whether an event category is recorded; by its letter, or by its position from A.
   const std::string& Event(std::size_t category) const { return events_.at(category); }
+  /// The name of its stored field.
+  static std::string_view EventField(std::size_t category);
   void SetEvent(std::size_t category, std::string value) { events_.at(category) = std::move(value); }
   const std::string& EventA() const { return events_[0]; }
   void SetEventA(std::string value) { events_[0] = std::move(value); }
@@ -89,6 +91,7 @@ class CKivVcsData : public SubRecord {
   /// The cells, each with its antennas and carriers.
   std::vector<StoredList> StoredLists() const override;
   std::vector<ListIdentity> ListIdentities() const override;
+  std::vector<RecordFault> Faults() const override;
   void ReadStored(StoredReader& reader) override;
 
   /// The table with a row for each of these studies.

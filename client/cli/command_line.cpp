@@ -106,8 +106,9 @@ int Validate(Program& program, const Options& options, std::ostream& out, std::o
   if (!CLI::detail::lexical_cast(options.idOrFile, id)) {
     return Report(session::CheckStudies(program.Store(), {options.idOrFile}), options, out, err);
   }
-  const session::StudySession session(program.Store(), program.Store().Load(id));
-  return PrintProblems(session, options.Format(), out) == 0 ? kOk : kRefused;
+  const auto problems = session::CheckStudy(program.Store(), program.Store().Load(id));
+  PrintProblems(id, problems, options.Format(), out);
+  return session::HasErrors(problems) ? kRefused : kOk;
 }
 
 int History(Program& program, const Options& options, std::ostream& out) {

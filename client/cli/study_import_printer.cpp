@@ -20,6 +20,16 @@ const char* OutcomeWord(session::StudyImportReport::Outcome outcome) {
   return "";
 }
 
+store::Json ProblemList(const std::vector<session::ImportProblem>& problems) {
+  store::Json list = store::Json::array();
+  for (const session::ImportProblem& problem : problems) {
+    list.push_back({{"file", problem.file},
+                    {"study", problem.study.empty() ? store::Json() : store::Json(problem.study)},
+                    {"reason", problem.reason}});
+  }
+  return list;
+}
+
 void PrintJson(const session::StudyImportReport& report, std::ostream& out) {
   store::Json studies = store::Json::array();
   for (const session::StudyImportReport::Entry& study : report.studies) {
@@ -28,16 +38,11 @@ void PrintJson(const session::StudyImportReport& report, std::ostream& out) {
                        {"name", study.name},
                        {"id", study.id == 0 ? store::Json() : store::Json(study.id)}});
   }
-  store::Json problems = store::Json::array();
-  for (const session::ImportProblem& problem : report.problems) {
-    problems.push_back({{"file", problem.file},
-                        {"study", problem.study.empty() ? store::Json() : store::Json(problem.study)},
-                        {"reason", problem.reason}});
-  }
   out << store::ShownJson({{"outcome", OutcomeWord(report.outcome)},
                            {"studies", studies},
                            {"newScenarios", report.newScenarios},
-                           {"problems", problems}})
+                           {"problems", ProblemList(report.problems)},
+                           {"warnings", ProblemList(report.warnings)}})
       << '\n';
 }
 
@@ -51,8 +56,10 @@ void PrintStudyImport(const session::StudyImportReport& report, OutputFormat for
       out << "Study " << study.id << " \"" << TerminalText(study.name) << "\"\n";
     }
   }
-  for (const session::ImportProblem& problem : report.problems)
-    err << TerminalText(ImportProblemText(problem)) << '\n';
+  for (const auto* list : {&report.warnings, &report.problems}) {
+    for (const session::ImportProblem& problem : *list)
+      err << TerminalText(ImportProblemText(problem)) << '\n';
+  }
   (report.outcome == session::StudyImportReport::Outcome::Refused ? err : out)
       << TerminalText(OutcomeText(report)) << '\n';
 }

@@ -6,7 +6,6 @@
 #include "client/cli/terminal_text.h"
 #include "client/cli/text_table.h"
 #include "core/conversions.h"
-#include "session/study_problems.h"
 #include "store/exchange/json.h"
 
 namespace kiv::client {
@@ -103,23 +102,23 @@ void PrintStudy(const store::Study& study, const std::vector<host::Document>& sc
   }
 }
 
-std::size_t PrintProblems(const session::StudySession& session, OutputFormat format, std::ostream& out) {
-  const std::vector<session::StudyProblem> problems = session::ProblemsOf(session);
+void PrintProblems(std::int32_t id, const std::vector<session::StudyProblem>& problems, OutputFormat format,
+                   std::ostream& out) {
   if (format == OutputFormat::Json) {
     store::Json list = store::Json::array();
     for (const session::StudyProblem& problem : problems) {
       list.push_back({{"tab", problem.tab},
                       {"control", problem.control},
-                      {"severity", problem.style == host::MessageStyle::Warning ? "warning" : "error"},
+                      {"severity", problem.severity == session::Severity::Warning ? "warning" : "error"},
                       {"message", problem.message}});
     }
     out << store::ShownJson(list) << '\n';
-  } else {
-    for (const session::StudyProblem& problem : problems)
-      out << TerminalText(session::ProblemText(problem)) << '\n';
-    if (problems.empty()) out << "Study " << session.ID() << " is valid.\n";
+    return;
   }
-  return problems.size();
+  for (const session::StudyProblem& problem : problems) {
+    out << TerminalText(session::ProblemText(problem)) << '\n';
+  }
+  if (!session::HasErrors(problems)) out << "Study " << id << " is valid.\n";
 }
 
 }  // namespace kiv::client

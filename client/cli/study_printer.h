@@ -1,12 +1,12 @@
 #pragma once
 
-#include <cstddef>
+#include <cstdint>
 #include <iosfwd>
 #include <string>
 #include <vector>
 
 #include "client/cli/output_format.h"
-#include "session/study_session.h"
+#include "session/study_problems.h"
 #include "store/studies/study_store.h"
 
 /// Studies as text for people or as JSON for programs.
@@ -18,8 +18,8 @@ void PrintStudies(const store::StudyStore& store, OutputFormat format, std::ostr
 void PrintStudy(const store::Study& study, const std::vector<host::Document>& scenarios, OutputFormat format,
                 std::ostream& out);
 
-/// Everything that keeps the study from being saved: its name and every failing check of every tab; and
-/// missing data. Returns how many there are.
-std::size_t PrintProblems(const session::StudySession& session, OutputFormat format, std::ostream& out);
+/// What is wrong with a stored study, or that it is valid.
+void PrintProblems(std::int32_t id, const std::vector<session::StudyProblem>& problems, OutputFormat format,
+                   std::ostream& out);
 
 }  // namespace kiv::client

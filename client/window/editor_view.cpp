@@ -23,21 +23,8 @@ namespace {
 
 constexpr int kMarkDelayMs = 200;  // typing is not interrupted by checks that look at folders
 
-std::vector<ui::Mark> MarksOf(const Tab& tab) {
-  std::vector<ui::Mark> marks;
-  for (const Problem& problem : tab.Problems()) marks.push_back({problem.control, problem.message});
-  return marks;
-}
-
-/// The first list on a page that takes entities of the network.
-XDDListView* FindDropList(const ui::Container& container) {
-  for (ui::Control* child : container.Children()) {
-    auto* list = dynamic_cast<XDDListView*>(child);
-    if (list && list->EntityType() != EntityType::None) return list;
-    const auto* inner = dynamic_cast<const ui::Container*>(child);
-    if (XDDListView* found = inner ? FindDropList(*inner) : nullptr) return found;
-  }
-  return nullptr;
+void AddMarks(std::vector<ui::Mark>& marks, const std::vector<Problem>& problems) {
+  for (const Problem& problem : problems) marks.push_back({problem.control, problem.message});
 }
 
 }  // namespace
@@ -110,6 +97,7 @@ EditorView::EditorView(Program& program, std::unique_ptr<session::StudySession> 
     }
   });
   ShowState();
+  if (!session_->IsNew()) ShowMarks();
 }
 
 EditorView::~EditorView() = default;
@@ -132,7 +120,7 @@ struct EditorView::DropTarget {
 
 EditorView::DropTarget EditorView::FindDropTarget() const {
   for (const auto& tab : session_->Tabs()) {
-    if (XDDListView* list = FindDropList(*tab)) return {tab.get(), list};
+    if (const auto lists = DropListsOf(*tab); !lists.empty()) return {tab.get(), lists.front()};
   }
   return {};
 }
@@ -172,8 +160,14 @@ void EditorView::StartMarking() {
   markTimer_.start();
 }
 
+std::vector<ui::Mark> EditorView::MarksOf(Tab& tab) const {
+  std::vector<ui::Mark> marks;
+  if (marking_) AddMarks(marks, tab.Problems());
+  AddMarks(marks, tab.Findings());
+  return marks;
+}
+
 void EditorView::ShowMarks() {
-  if (!marking_) return;
   std::vector<ui::Mark> headerMarks;
   if (header_) {
     headerMarks = MarksOf(*session_->Header());
@@ -251,11 +245,26 @@ void EditorView::Check() {
     name_->setFocus();
     return;
   }
-  if (session_->IsValid()) {
-    Question(program_, QMessageBox::Information,
-             QStringLiteral("Everything on the pages of this study is valid."), QMessageBox::Ok, this)
-        .exec();
+  if (!session_->IsValid()) return;
+  try {
+    TellFindings(session::ProblemsOf(*session_));
+  } catch (const std::exception& error) {
+    TellFailure(error);
   }
+}
+
+/// What can be saved and yet cannot be right, as much of it as a person reads.
+void EditorView::TellFindings(const std::vector<session::StudyProblem>& problems) {
+  constexpr std::size_t kShown = 12;
+  QString text = session::HasErrors(problems)
+                     ? QStringLiteral("This study can be saved, but it cannot be right:")
+                     : QStringLiteral("Everything on the pages of this study is valid.");
+  for (std::size_t i = 0; i < problems.size() && i < kShown; ++i) {
+    text += QLatin1Char('\n') + QString::fromStdString(session::ProblemText(problems[i]));
+  }
+  if (problems.size() > kShown) text += QStringLiteral("\nand %L1 more").arg(problems.size() - kShown);
+  const auto icon = session::HasErrors(problems) ? QMessageBox::Warning : QMessageBox::Information;
+  Question(program_, icon, text, QMessageBox::Ok, this).exec();
 }
 
 bool EditorView::MayClose() {

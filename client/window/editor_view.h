@@ -8,7 +8,9 @@
 #include "base/signal.h"
 #include "client/program.h"
 #include "host/drag_source.h"
+#include "session/study_problems.h"
 #include "session/study_session.h"
+#include "ui/page_plan.h"
 
 class QLabel;
 class QLineEdit;
@@ -58,7 +60,9 @@ class EditorView : public QWidget {
   void ShowTab(const std::string& name);
   void ShowState();
   void StartMarking();
+  std::vector<ui::Mark> MarksOf(Tab& tab) const;
   void ShowMarks();
+  void TellFindings(const std::vector<session::StudyProblem>& problems);
   template <class Action>
   bool Attempt(Action action);
   void ResolveConflict(const store::StudyConflict& conflict);
@@ -72,7 +76,7 @@ class EditorView : public QWidget {
   qt::PageView* header_ = nullptr;
   std::vector<qt::PageView*> pages_;
   QTimer markTimer_;
-  bool marking_ = false;  // a form that nobody touched yet is not full of complaints
+  bool marking_ = false;  // whether checks are marked: a form that nobody touched is not full of complaints
 };
 
 }  // namespace kiv::client

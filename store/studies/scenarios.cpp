@@ -6,6 +6,7 @@
 #include "core/fields.h"
 #include "core/numeric_text.h"
 #include "core/study_data.h"
+#include "store/names.h"
 #include "store/query.h"
 #include "store/store_error.h"
 
@@ -71,6 +72,9 @@ void Scenarios::Remove(std::int32_t id) {
 std::string Scenarios::CheckedName(const std::string& name, std::int32_t ownId) const {
   std::string trimmed(Trimmed(name));
   if (trimmed.empty()) throw StoreError("A scenario needs a name.");
+  if (const std::string fault = NameFault(trimmed); !fault.empty()) {
+    throw StoreError("The name of a scenario " + fault + ". Choose another name.");
+  }
   if (Find(trimmed).value_or(ownId) != ownId) {
     throw StoreError("There is already a scenario named \"" + trimmed + "\". Choose another name.");
   }

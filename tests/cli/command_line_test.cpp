@@ -338,7 +338,7 @@ TEST_F(CommandLine, TheDocumentedExampleIsImportedAndExported) {
   EXPECT_EQ(problems[0]["file"], bad);
   EXPECT_EQ(problems[0]["study"], "study 1 \"Handoffs downtown\"");
   EXPECT_EQ(problems[0]["reason"], "General: Study Duration must be between 10 and 1439 minutes inclusive.");
-  EXPECT_EQ(problems[2]["reason"], "ToAmps must be \"Y\" or \"N\"");
+  EXPECT_EQ(problems[2]["reason"], R"(Detail: ToAmps must be "Y" or "N", not "yes")");
   EXPECT_EQ(problems[3]["reason"], "cannot be read: No such file or directory");
   EXPECT_EQ(Json({"list"}).size(), 4U);
 

@@ -216,8 +216,9 @@ TEST_F(PlmTdma, AStoredModeComesBackAsItWas) {
   Mode(6).Initialize(5, 6, -1, -1, -1, "Manual", -1, -1, -1, "", "", "", -1, -1, "", false);
   LoadStored();
   EXPECT_EQ(Refusal(), "") << "a mode that is not shown holds nobody up";
-  ASSERT_EQ(tab_.Problems().size(), 1U);
-  EXPECT_EQ(tab_.Problems().front().message, "Mode 6: You must enter at least one channel.");
+  EXPECT_TRUE(tab_.Problems().empty());
+  ASSERT_FALSE(tab_.Findings().empty());
+  EXPECT_EQ(tab_.Findings().back().message, "Mode 6: You must enter at least one channel.");
   Data().RemoveMode("Mode 6");
   EXPECT_TRUE(tab_.chkMode[1].Checked() && tab_.chkMode[4].Checked());
   EXPECT_EQ(tab_.CurrentMode(), "Mode 1");
