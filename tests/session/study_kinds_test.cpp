@@ -148,6 +148,7 @@ TEST_P(StudyOfKind, RfcGoesFromAnEcpToCellsAndToASingleDn) {
   entities.optEntityType[0].Click();
   entities.dlvwEntity.DropNodes({{"Ecp:1033", 1, 2, 0, 1033}});  // traces one
   session->NotifyTabShown("XKivRfcDetail");
+  Page<XKivRfcDetail>(*session).cmdRemoveUnused.Click();  // 5551, which would hold the save up
   Page<XKivRfcCDMA3G>(*session).chkRestrictReverse.Click();
   Page<XKivRfcCDMA3G>(*session).optReverseRate[4].Click();
   ASSERT_TRUE(Save(*session));
