@@ -28,7 +28,7 @@ class Sqlite final : public PlainLibrary {
   explicit Sqlite(const std::string& file) {
     Require(sqlite3_open(file.c_str(), &handle_) == SQLITE_OK, file, "not opened");
     Run("PRAGMA foreign_keys = ON");
-    Run("PRAGMA synchronous = FULL");
+    Run("PRAGMA synchronous = EXTRA");
   }
   ~Sqlite() override { sqlite3_close(handle_); }
 

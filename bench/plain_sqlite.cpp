@@ -20,7 +20,7 @@ void Check(int code, sqlite3* database) {
 sqlite3* OpenPlain(const char* file) {
   sqlite3* database = nullptr;
   Check(sqlite3_open(file, &database), database);
-  Run(database, "PRAGMA foreign_keys = ON; PRAGMA synchronous = FULL");
+  Run(database, "PRAGMA foreign_keys = ON; PRAGMA synchronous = EXTRA");
   return database;
 }
 

@@ -13,6 +13,7 @@
 #include "client/cli/terminal_text.h"
 #include "client/program.h"
 #include "database/open_error.h"
+#include "database/server_address.h"
 #include "session/study_session.h"
 #include "store/exchange/study_files.h"
 #include "store/network/network_import.h"
@@ -64,12 +65,15 @@ struct Options {
 int Init(Program& program, const Options& options, std::ostream& out) {
   program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Create);
   if (program.HasOlderLayout()) {
-    throw store::StoreError(
-        "The study database " + program.Store().Database().Name() +
-        " is write-protected and keeps its older layout; nothing was changed. Ask for permission "
-        "to write the file, then run init again.");
+    throw store::StoreError("The study database " + program.Store().Database().Name() +
+                            " is write-protected and keeps its older layout; nothing was changed. " +
+                            (database::IsServerAddress(options.DatabasePath())
+                                 ? "Run init as the owner of the tables, on the server that takes writes."
+                                 : "Ask for permission to write the file, then run init again."));
   }
-  out << "The study database is ready: " << program.Store().Database().Name() << '\n';
+  const database::Connection& database = program.Store().Database();
+  out << "The study database is ready: " << database.Name() << (database.ReadOnly() ? " (read-only)" : "")
+      << '\n';
   return kOk;
 }
 

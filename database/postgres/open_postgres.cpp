@@ -7,6 +7,9 @@ namespace kiv::database {
 
 namespace {
 
+constexpr const char* kReadOnlyServer =
+    "the server is read-only, such as a standby; name the one that takes writes";
+
 /// Tables of an earlier layout can be used by somebody who may not change them.
 void UpgradeIfPermitted(PostgresDatabase& database, int present) {
   if (present > 0 && database.ReadOnly()) return;
@@ -25,6 +28,8 @@ std::shared_ptr<SqlConnection> OpenPostgresStudies(const std::string& url, OpenM
     const int present = SchemaVersion(*database);
     RefuseNewer(present, database->Name());
     if (present == 0 && mode == OpenMode::MustExist) throw OpenError(OpenProblem::Missing, database->Name());
+    if (present == 0 && database->ReadOnly())
+      throw OpenError(OpenProblem::NoTables, database->Name(), kReadOnlyServer);
     UpgradeIfPermitted(*database, present);
   } catch (const PostgresError& error) {
     throw AsOpenError(error, database->Name());

@@ -1,6 +1,7 @@
 #include "database/sqlite/sqlite_database.h"
 
 #include <sqlite3.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <array>
@@ -38,6 +39,9 @@ void PrepareFile(const std::string& utf8Path, FileKind kind, OpenMode mode) {
       std::error_code error;
       std::filesystem::create_directories(std::filesystem::absolute(path).parent_path(), error);
       if (error) throw OpenError(OpenProblem::CannotCreate, utf8Path, error.message());
+      // For its owner alone, and so its journals. Not by opening it, because closing it would drop the locks
+      // of another connection. What forbids a file here is told when SQLite opens it.
+      mknod(path.c_str(), S_IFREG | S_IRUSR | S_IWUSR, 0);
       return;
     }
     case FileKind::Folder: throw OpenError(OpenProblem::IsFolder, utf8Path);
@@ -176,7 +180,9 @@ void SqliteDatabase::Connect(OpenMode mode) {
   // What stands in a file that somebody sent must not call functions of ours.
   sqlite3_db_config(handle_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   // The journal stays a rollback journal, SQLite's default: write-ahead logging fails on network drives.
-  Run("PRAGMA synchronous = FULL");
+  // A commit is the removal of the journal: EXTRA also has the folder written out, so that after a power
+  // failure the journal does not come back and take away what was told as saved.
+  Run("PRAGMA synchronous = EXTRA");
   Run("PRAGMA foreign_keys = ON");
   Run("SELECT 1 FROM sqlite_schema LIMIT 1");  // the first read, which finds out whether the file is sound
 }

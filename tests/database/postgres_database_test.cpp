@@ -189,6 +189,12 @@ TEST_F(PostgresDatabaseTest, MissingNewerAndForeignTablesAreLeftAlone) {
                 Throws<OpenError>(Property(&OpenError::Problem, expected)));
   };
   problem(OpenMode::MustExist, OpenProblem::Missing);
+  EXPECT_THAT(
+      [this] {
+        OpenStudyDatabase(server_->Name() + "&options=-cdefault_transaction_read_only%3Don",
+                          OpenMode::CreateIfMissing);
+      },
+      Throws<OpenError>(Property(&OpenError::what, HasSubstr("the server is read-only"))));
   database_->ExecuteSql("CREATE TABLE theirs (id INTEGER)");
   problem(OpenMode::CreateIfMissing, OpenProblem::Foreign);
   EXPECT_FALSE(database_->ColumnExists("kiv_study", "id"));

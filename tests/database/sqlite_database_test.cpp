@@ -37,8 +37,11 @@ class SqliteDatabaseTest : public testing::Test {
 
 TEST_F(SqliteDatabaseTest, SettingsKeepDataSafe) {
   EXPECT_EQ(ValueOf("PRAGMA foreign_keys"), Variant(1));
-  EXPECT_EQ(ValueOf("PRAGMA synchronous"), Variant(2));
+  EXPECT_EQ(ValueOf("PRAGMA synchronous"), Variant(3));
   EXPECT_EQ(ValueOf("PRAGMA journal_mode"), Variant("delete"));
+  namespace fs = std::filesystem;
+  EXPECT_EQ(fs::status(folder_.File("test.db")).permissions(),
+            fs::perms::owner_read | fs::perms::owner_write);
 }
 
 TEST_F(SqliteDatabaseTest, DoubtfulStatementsAreRefused) {
