@@ -71,6 +71,7 @@ class StudyFaults : public ::testing::Test, protected test::StudiesTest {
   }
   static std::vector<std::string> Texts(const std::vector<session::StudyProblem>& problems) {
     std::vector<std::string> texts;
+    texts.reserve(problems.size());
     for (const session::StudyProblem& problem : problems) texts.push_back(session::ProblemText(problem));
     return texts;
   }
