@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <exception>
 #include <ostream>
+#include <span>
 
 #include "client/cli/history_printer.h"
 #include "client/cli/network_printer.h"
@@ -111,15 +112,27 @@ int Validate(Program& program, const Options& options, std::ostream& out, std::o
   return session::HasErrors(problems) ? kRefused : kOk;
 }
 
-int History(Program& program, const Options& options, std::ostream& out) {
+/// Each damage once. What it keeps from being known is not said to be known.
+int TellDamages(std::span<const HistoryStep> steps, std::ostream& err) {
+  std::string told;
+  for (const HistoryStep& step : steps) {
+    if (step.damage == told || step.damage.empty()) continue;
+    told = step.damage;
+    err << TerminalText(told) << '\n';
+  }
+  return told.empty() ? kOk : kRefused;
+}
+
+int History(Program& program, const Options& options, std::ostream& out, std::ostream& err) {
   const std::vector<HistoryStep> steps = StepsOf(program.Store().History(), options.id);
   if (options.revision == 0) {
     PrintHistory(steps, options.Format(), out);
-    return kOk;
+    return TellDamages(steps, err);
   }
   const auto step =
       std::ranges::find(steps, options.revision, [](const HistoryStep& each) { return each.entry.revision; });
   if (step == steps.end()) (void)program.Store().History().Content(options.id, options.revision);  // says so
+  if (!step->damage.empty()) throw store::StoreError(step->damage);
   PrintDifferences(step->differences, options.Format(), out);
   return kOk;
 }
@@ -269,7 +282,7 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
     if (show->parsed()) return Show(program, options, out);
     if (exportStudies->parsed()) return Export(program, options, out);
     if (importStudies->parsed()) return Import(program, options, out, err);
-    if (history->parsed()) return History(program, options, out);
+    if (history->parsed()) return History(program, options, out, err);
     if (restore->parsed()) return Restore(program, options, out);
     return Validate(program, options, out, err);
   } catch (const std::exception& error) {

@@ -43,9 +43,9 @@ void PrintHistory(const std::vector<HistoryStep>& steps, OutputFormat format, st
   for (const HistoryStep& step : steps) {
     const store::HistoryEntry& entry = step.entry;
     list.push_back(JsonOf(entry));
-    list.back()["changes"] = JsonOf(step.differences);
+    list.back()["changes"] = step.damage.empty() ? JsonOf(step.differences) : store::Json();
     table.AddLine({std::to_string(entry.revision), store::LocalTimeText(entry.changedAt), entry.changedBy,
-                   store::EventName(entry.event), store::SummaryOf(step.differences)});
+                   store::EventName(entry.event), step.Summary()});
   }
   if (format == OutputFormat::Json) {
     out << store::ShownJson(list) << '\n';

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "store/store_error.h"
+
 namespace kiv::client {
 
 namespace {
@@ -24,16 +26,28 @@ std::string ChangeWord(Kind kind) {
   return {};
 }
 
+std::string HistoryStep::Summary() const {
+  return damage.empty() ? store::SummaryOf(differences) : "not known";
+}
+
 std::vector<HistoryStep> StepsOf(const store::StudyHistory& history, std::int32_t study) {
   std::vector<HistoryStep> steps;
   std::string before;
+  std::string damage;  // of what was before
   for (store::HistoryEntry& entry : history.Entries(study)) {
     HistoryStep& step = steps.emplace_back();
-    std::string after = history.Content(study, entry.revision);
-    if (!before.empty() && !after.empty()) step.differences = store::DifferencesBetween(before, after);
-    // What a deletion took is compared with what a restoration brings back.
-    if (!after.empty()) before = std::move(after);
     step.entry = std::move(entry);
+    try {
+      std::string after = history.Content(study, step.entry.revision);
+      if (after.empty()) continue;
+      if (!before.empty()) step.differences = store::DifferencesBetween(before, after);
+      step.damage = std::exchange(damage, {});
+      // What a deletion took is compared with what a restoration brings back.
+      before = std::move(after);
+    } catch (const store::StoreError& error) {
+      step.damage = damage = error.what();
+      before.clear();
+    }
   }
   return steps;
 }

@@ -14,6 +14,11 @@ namespace kiv::client {
 struct HistoryStep {
   store::HistoryEntry entry;
   std::vector<store::StudyDifference> differences;
+  /// Why it cannot be said what the entry changed: its content, or that of the one before, is damaged.
+  std::string damage;
+
+  /// The changed fields in short.
+  std::string Summary() const;
 };
 
 /// The history of a study with what each entry changed, oldest first. The first entry that is kept changed

@@ -110,7 +110,7 @@ class HistoryDialog : public QDialog {
       const store::HistoryEntry& entry = step->entry;
       revisions_->AddRow({QString::number(entry.revision), ToQt(store::LocalTimeText(entry.changedAt)),
                           ToQt(entry.changedBy), ToQt(std::string(store::EventName(entry.event))),
-                          ToQt(store::SummaryOf(step->differences))});
+                          ToQt(step->Summary())});
     }
     auto* all = new QVBoxLayout(this);
     all->addWidget(revisions_, 2);

@@ -138,6 +138,16 @@ std::shared_ptr<host::Recordset> RowsOf(const PGresult* result) {
   return std::make_shared<BufferedRecordset>(std::move(rows));
 }
 
+bool IsCopy(const PGresult* result) {
+  const ExecStatusType status = Pq().PQresultStatus(result);
+  return status == PGRES_COPY_IN || status == PGRES_COPY_OUT || status == PGRES_COPY_BOTH;
+}
+
+bool Succeeded(const PGresult* result) {
+  const ExecStatusType status = Pq().PQresultStatus(result);
+  return status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK;
+}
+
 /// A dotted name, each part in quotes, in the letter case in which an unquoted name is found.
 std::string QuotedDottedName(const std::string& name) {
   std::string quoted = "\"";
@@ -188,13 +198,18 @@ void PostgresDatabase::Configure() {
 }
 
 void PostgresDatabase::RequireConnection(const std::string& sql) {
-  if (InTransaction() || Connected()) return;
+  if (!InTransaction() && !Connected()) Reconnect(sql);
+}
+
+void PostgresDatabase::Reconnect(const std::string& sql) {
   Pq().PQreset(connection_.get());
   if (Pq().PQstatus(connection_.get()) != CONNECTION_OK) throw PostgresError(connection_.get(), nullptr, sql);
   Configure();
 }
 
 bool PostgresDatabase::Connected() const {
+  // Left in the middle of something, so that no answer would belong to its statement.
+  if (Pq().PQtransactionStatus(connection_.get()) == PQTRANS_ACTIVE) return false;
   // A server that is gone has said so, or its system has; that is there to read without asking it.
   while (Pq().PQstatus(connection_.get()) == CONNECTION_OK) {
     pollfd input = {Pq().PQsocket(connection_.get()), POLLIN, 0};
@@ -217,10 +232,16 @@ PostgresDatabase::ResultHandle PostgresDatabase::Answered(const std::string& sql
     case PGRES_COMMAND_OK:
     case PGRES_TUPLES_OK: return result;
     case PGRES_EMPTY_QUERY: throw host::DatabaseError("The statement is empty.", sql);
-    default: break;
+    default: Fail(result.get(), sql);
   }
+}
+
+void PostgresDatabase::Fail(const PGresult* result, const std::string& sql) {
   timeoutSeconds_ = kTimeoutUnknown;  // the failure took a new one back
-  throw PostgresError(connection_.get(), result.get(), sql);
+  if (!IsCopy(result)) throw PostgresError(connection_.get(), result, sql);
+  // The server waits for rows, or sends them; nothing else would be understood before their end.
+  Reconnect(sql);
+  throw host::DatabaseError("A statement must not COPY rows from or to its client.", sql);
 }
 
 std::shared_ptr<host::Recordset> PostgresDatabase::Run(const std::string& sql, int timeoutSeconds,
@@ -245,8 +266,7 @@ void PostgresDatabase::RunAll(std::span<const std::string> statements) {
   if (timeoutSeconds_ != kNoTimeout) all.insert(all.begin(), TimeoutSetting(kNoTimeout));
   const Answer answer = AskTogether(all, {});
   if (Pq().PQresultStatus(answer.result.get()) == PGRES_COMMAND_OK) return;
-  timeoutSeconds_ = kTimeoutUnknown;
-  throw PostgresError(connection_.get(), answer.result.get(), all[answer.statement]);
+  Fail(answer.result.get(), all[answer.statement]);
 }
 
 std::string PostgresDatabase::TimeoutSetting(int timeoutSeconds) {
@@ -283,19 +303,30 @@ PostgresDatabase::Answer PostgresDatabase::AskTogether(std::span<const std::stri
                                           nullptr, 0) == 1;
   }
   sent = sent && Pq().PQpipelineSync(connection) == 1;
-  // A null ends the answers to each statement; a failure has all that follow it answered with "aborted".
+  Answer answer;
+  if (sent) answer = Collect(statements.size());
+  Pq().PQexitPipelineMode(connection);
+  return answer;
+}
+
+PostgresDatabase::Answer PostgresDatabase::Collect(std::size_t statementCount) {
+  PGconn* const connection = connection_.get();
   Answer answer;
   std::size_t answered = 0;
-  while (sent) {
+  bool failed = false;
+  // A null ends the answers to each statement, or all when the connection is lost.
+  for (;;) {
     ResultHandle next(Pq().PQgetResult(connection));
-    if (!next && Pq().PQstatus(connection) != CONNECTION_OK) break;
-    if (!next) continue;
-    const ExecStatusType status = Pq().PQresultStatus(next.get());
-    if (status == PGRES_PIPELINE_SYNC) break;
-    if (status != PGRES_PIPELINE_ABORTED) answer = {std::move(next), answered};
-    ++answered;
+    if (!next && Pq().PQstatus(connection) == CONNECTION_OK) continue;
+    if (!next) break;
+    if (IsCopy(next.get())) return {std::move(next), answered};  // would come again and again
+    if (Pq().PQresultStatus(next.get()) == PGRES_PIPELINE_SYNC) return answer;
+    // All that follows a failure is answered as well: with "aborted", or with the end of the session.
+    if (failed) continue;
+    failed = !Succeeded(next.get());
+    answer = {std::move(next), answered++};
   }
-  Pq().PQexitPipelineMode(connection);
+  if (!failed) answer = {nullptr, std::min(answered, statementCount - 1)};
   return answer;
 }
 

@@ -51,21 +51,29 @@ class PostgresDatabase : public SqlConnection {
 
   /// Settings that hold for one connection.
   void Configure();
+  /// Begins another session; the server rolls back what the old one has not committed.
+  void Reconnect(const std::string& sql);
   /// Connects again where that is needed and permitted.
   void RequireConnection(const std::string& sql);
   bool Connected() const;
   void Start(const char* sql);
   /// The answer to a statement that did not fail.
   ResultHandle Answered(const std::string& sql, int timeoutSeconds, Arguments arguments);
+  /// Raises what went wrong with a statement; the result is null when there was no answer.
+  [[noreturn]] void Fail(const PGresult* result, const std::string& sql);
   /// Starts or ends a transaction.
   void Control(const char* sql);
   ResultHandle Ask(const std::string& sql, int timeoutSeconds, Arguments arguments);
-  /// The answer to the last of several statements that travel together, or to the first that fails.
+  /// The answer to the last of several statements that travel together, or to the first that fails; null when
+  /// the answers ended before.
   struct Answer {
     ResultHandle result;
     std::size_t statement = 0;
   };
   Answer AskTogether(std::span<const std::string> statements, std::span<const char* const> lastValues);
+  /// Takes the answers to the statements that were sent; stops at a COPY, which has to be ended by other
+  /// means.
+  Answer Collect(std::size_t statementCount);
   /// For what needs no limit of its own: changing it would cost more than the statement.
   int TimeoutAsItIs() const { return timeoutSeconds_ < 0 ? kNoTimeout : timeoutSeconds_; }
   /// The statement that sets another time-out than the server has.

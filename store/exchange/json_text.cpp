@@ -5,6 +5,7 @@
 #include <iterator>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/utf16.h"
@@ -16,6 +17,8 @@ namespace {
 
 constexpr std::size_t kMaxDepth = 16;
 constexpr std::size_t kMaxKeys = 200;
+constexpr std::size_t kMaxKeyLength = 100;
+constexpr std::size_t kMaxValues = 1'000'000;
 
 StoreError At(std::string_view text, std::size_t position, const std::string& reason) {
   const std::string_view before = text.substr(0, position);
@@ -87,6 +90,55 @@ class Watcher {
   std::vector<std::set<std::string>> open_;  // with their keys so far
 };
 
+/// Counts what the parser meets; its calls answer whether to go on.
+class Counting : public Json::json_sax_t {
+ public:
+  explicit Counting(std::size_t length) : length_(length) {}
+
+  /// Empty when nothing is wrong.
+  const std::string& Fault() const { return fault_; }
+
+  bool null() override { return Value(); }
+  bool boolean(bool) override { return Value(); }
+  bool number_integer(Json::number_integer_t) override { return Value(); }
+  bool number_unsigned(Json::number_unsigned_t) override { return Value(); }
+  bool number_float(Json::number_float_t, const std::string&) override { return Value(); }
+  bool string(std::string&) override { return Value(); }
+  bool binary(Json::binary_t&) override { return Value(); }
+  bool start_object(std::size_t) override { return Open(); }
+  bool start_array(std::size_t) override { return Open(); }
+  bool end_object() override { return Close(); }
+  bool end_array() override { return Close(); }
+  bool key(std::string& name) override {
+    const bool known = ++keys_.back() <= kMaxKeys && name.size() <= kMaxKeyLength;
+    return known || Stop("an object in it has what no study has");
+  }
+  bool parse_error(std::size_t position, const std::string&, const Json::exception&) override {
+    return Stop(position > length_ ? "its end is missing"
+                                   : "it is broken at character " + std::to_string(position));
+  }
+
+ private:
+  bool Stop(std::string fault) {
+    fault_ = std::move(fault);
+    return false;
+  }
+  bool Value() { return ++values_ <= kMaxValues || Stop("it has more values than any study"); }
+  bool Open() {
+    keys_.push_back(0);
+    return keys_.size() <= kMaxDepth ? Value() : Stop("it is nested deeper than any study");
+  }
+  bool Close() {
+    keys_.pop_back();
+    return true;
+  }
+
+  std::size_t length_;
+  std::size_t values_ = 0;
+  std::vector<std::size_t> keys_;  // so far, of what is open
+  std::string fault_;
+};
+
 /// The end of the parser's message, which says what it expected.
 std::string DetailOf(const Json::exception& error) {
   std::string text = error.what();
@@ -118,6 +170,12 @@ Json ParseJson(std::string_view text) {
     throw At(text, position(),
              "the JSON is broken here (" + DetailOf(error) + "). Correct it, or export the studies again");
   }
+}
+
+void CheckWrittenJson(std::string_view text) {
+  if (!text.starts_with('{')) throw StoreError("it is no study");
+  Counting counting(text.size());
+  if (!Json::sax_parse(text, &counting)) throw StoreError(counting.Fault());
 }
 
 }  // namespace kiv::store

@@ -10,4 +10,8 @@ namespace kiv::store {
 /// UTF-8 or no JSON, that has a key twice in one object, or that is nested or filled as no export is.
 Json ParseJson(std::string_view text);
 
+/// Checks the JSON of a study that this program wrote and somebody else may have changed, without taking it
+/// in. Raises StoreError with the reason when it is broken, or nested or filled as no study is.
+void CheckWrittenJson(std::string_view text);
+
 }  // namespace kiv::store

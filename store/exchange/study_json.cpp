@@ -65,7 +65,7 @@ class StudyReading {
     std::vector<StoredFault> faults;
     StoredReader reader(sharedEntry, {}, faults);
     NamedStudy named;
-    if (ReadKind(reader, named.study)) {
+    if (ReadKind(reader, named.study, faults)) {
       ReadShared(reader, named);
       reader.NoteUnknown();
       ReadData(*named.study.record, faults);
@@ -83,13 +83,14 @@ class StudyReading {
     return std::nullopt;
   }
 
-  static bool ReadKind(StoredReader& reader, Study& study) {
+  /// False with a fault.
+  static bool ReadKind(StoredReader& reader, Study& study, const std::vector<StoredFault>& faults) {
     const std::string kind = reader.Text(key::kKind);
     if (FindStudyKind(kind)) {
       study = NewStudy(kind);
       return true;
     }
-    if (!kind.empty()) reader.Note(key::kKind, "\"" + kind + "\" is none of " + KindNames());
+    if (faults.empty()) reader.Note(key::kKind, "\"" + kind + "\" is none of " + KindNames());
     return false;
   }
 

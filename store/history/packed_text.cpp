@@ -7,14 +7,14 @@
 #include <cstdint>
 #include <string_view>
 
+#include "store/store_error.h"
+
 namespace kiv::store {
 
 namespace {
 
 constexpr std::size_t kLongestPlain = 8000;
 constexpr std::size_t kLengthBytes = 4;
-/// No stream grows more than that when it is inflated, whatever length it claims.
-constexpr std::size_t kMostGrowth = 1100;
 
 constexpr std::string_view kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 constexpr char kPadding = '=';
@@ -61,6 +61,14 @@ std::string FromBase64(std::string_view text) {
   return bytes;
 }
 
+StoreError TooLong() {
+  return StoreError("it is longer than any study");
+}
+
+StoreError NotPacked() {
+  return StoreError("its compression is broken");
+}
+
 const Bytef* BytesOf(std::string_view text) {
   return reinterpret_cast<const Bytef*>(text.data());
 }
@@ -83,18 +91,20 @@ std::string Packed(const std::string& content) {
 
 std::string Unpacked(const std::string& stored) {
   // JSON begins with a brace, which base64 does not have.
+  if (stored.size() > kLongestContent) throw TooLong();
   if (stored.empty() || stored.starts_with('{')) return stored;
   const std::string packed = FromBase64(stored);
-  if (packed.size() <= kLengthBytes) return {};
+  if (packed.size() <= kLengthBytes) throw NotPacked();
   std::size_t size = 0;
   for (std::size_t i = 0; i < kLengthBytes; ++i) size = size << 8 | static_cast<unsigned char>(packed[i]);
   const std::string_view stream = std::string_view(packed).substr(kLengthBytes);
-  if (size / kMostGrowth > stream.size()) return {};
+  if (size > kLongestContent) throw TooLong();
   std::string content(size, '\0');
   uLongf length = size;
   const int result =
       uncompress(reinterpret_cast<Bytef*>(content.data()), &length, BytesOf(stream), stream.size());
-  return result == Z_OK && length == size ? content : std::string();
+  if (result != Z_OK || length != size) throw NotPacked();
+  return content;
 }
 
 }  // namespace kiv::store

@@ -4,9 +4,11 @@
 #include <span>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
+#include "base/utf16.h"
 #include "core/study_kinds.h"
 #include "store/exchange/json.h"
 
@@ -31,13 +33,16 @@ std::vector<const Json*> ValuesOf(const Json& entry, std::span<const std::string
   return values;
 }
 
-/// How users call an entry, such as `1-2-37`.
+/// How users call an entry, such as `1-2-37`. It begins each of the entry's differences, so it has to be
+/// short.
 std::string LabelOf(const Json& entry, const ListIdentity& identity) {
   std::string label;
   for (const Json* value : ValuesOf(entry, identity.label)) {
     label += (label.empty() ? "" : "-") + TextOf(*value);
   }
-  return label;
+  constexpr std::size_t kLongest = 80;
+  if (label.size() <= kLongest) return label;
+  return ToUtf8(ToUtf16(label).substr(0, kLongest)) + "...";
 }
 
 std::string KeyOf(const Json& entry, const ListIdentity& identity) {
@@ -139,8 +144,10 @@ class Comparison {
                          const Json& after) {
     const auto missing = [](const Json& from, const Json& in) {
       std::string text;
+      std::unordered_set<std::string> present;
+      for (const Json& value : in) present.insert(value.dump());
       for (const Json& value : from) {
-        if (std::find(in.begin(), in.end(), value) == in.end()) {
+        if (!present.contains(value.dump())) {
           text += (text.empty() ? "" : ", ") + TextOf(value);
         }
       }

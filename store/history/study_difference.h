@@ -17,7 +17,8 @@ struct StudyDifference {
 };
 
 /// Compares two contents of the history, field by field; the order of entries in a list does not matter. All
-/// of a study is new when there was none before, and the other way round.
+/// of a study is new when there was none before, and the other way round. The contents are such as
+/// StudyHistory::Content gives.
 std::vector<StudyDifference> DifferencesBetween(const std::string& before, const std::string& after);
 
 /// The changed fields in short, such as `name, Cells (3)`.

@@ -7,6 +7,7 @@
 #include "base/ascii.h"
 #include "core/conversions.h"
 #include "core/fields.h"
+#include "store/exchange/json_text.h"
 #include "store/history/packed_text.h"
 #include "store/query.h"
 #include "store/store_error.h"
@@ -94,13 +95,23 @@ bool StudyHistory::Has(std::int32_t study, std::int32_t revision) const {
 
 std::string StudyHistory::Content(std::int32_t study, std::int32_t revision) const {
   RequireKept();
-  const auto row = Query(connection_, "SELECT content FROM kiv_study_history" + Where(study, revision));
+  // One character more tells what is too long from what is just not.
+  const auto row = Query(connection_, "SELECT substr(content, 1, " + std::to_string(kLongestContent + 1) +
+                                          ") FROM kiv_study_history" + Where(study, revision));
   if (row->EndOfFile()) {
     (void)Entries(study);  // says when there is no history at all
     throw StoreError("The history of study " + std::to_string(study) + " has no revision " +
                      std::to_string(revision) + ". Choose one that it lists.");
   }
-  return Unpacked(ToText(row->FieldAt(0)));
+  try {
+    std::string content = Unpacked(ToText(row->FieldAt(0)));
+    if (!content.empty()) CheckWrittenJson(content);
+    return content;
+  } catch (const StoreError& damage) {
+    throw StoreError("What the history keeps of study " + std::to_string(study) + " at revision " +
+                     std::to_string(revision) + " is damaged: " + damage.what() +
+                     ". Choose another revision.");
+  }
 }
 
 void StudyHistory::Add(const HistoryEntry& entry, const std::string& content) {

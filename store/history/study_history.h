@@ -46,7 +46,8 @@ class StudyHistory {
   std::vector<HistoryEntry> Entries(std::int32_t study) const;
   /// The last entry of each study that is deleted now, by ascending number.
   std::vector<HistoryEntry> DeletedStudies() const;
-  /// The content after a revision; empty after a deletion. Raises StoreError when there is no such revision.
+  /// The content after a revision, which is JSON of a size and depth that studies have; empty after a
+  /// deletion. Raises StoreError when there is no such revision, or when it is damaged.
   std::string Content(std::int32_t study, std::int32_t revision) const;
   bool Has(std::int32_t study, std::int32_t revision) const;
 

@@ -16,6 +16,7 @@
 #include "database/sqlite/sqlite_database.h"
 #include "hom/general_tab.h"
 #include "session/study_session.h"
+#include "store/history/packed_text.h"
 #include "support/ordinary_user.h"
 #include "support/temp_folder.h"
 
@@ -294,6 +295,44 @@ TEST_F(CommandLine, ShowsAndRestoresTheHistory) {
     const Result refused = Run(wrong);
     EXPECT_EQ(refused.exitCode, kRefused) << wrong[0];
     EXPECT_EQ(LinesIn(refused.err), 1) << refused.err;
+  }
+}
+
+TEST_F(CommandLine, ADamagedHistoryIsToldAndNotRestored) {
+  StoreStudy("First", 30);
+  Spoil("UPDATE kiv_study SET duration = 60, revision = 2");
+  Run({"restore", "1", "1"});
+  const std::string good = R"({"kind": "HOM Study", "name": "x"})";
+  const std::string packed = store::Packed(good + std::string(9000, ' '));
+  std::string keys = "{\"k\":0";
+  for (int i = 0; i < 300; ++i) keys += ",\"k\":0";
+  std::string values = "{\"k\":[0";
+  for (int i = 0; i < 1'000'000; ++i) values += ",0";
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"{\"k\":" + std::string(100'000, '['), "it is nested deeper than any study"},
+      {keys + "}", "an object in it has what no study has"},
+      {"{\"" + std::string(101, 'k') + "\":0}", "an object in it has what no study has"},
+      {store::Packed(values + "]}"), "it has more values than any study"},
+      {store::Packed(good + std::string(70'000'000, ' ')), "it is longer than any study"},
+      {good + std::string(70'000'000, ' '), "it is longer than any study"},
+      {packed.substr(0, 40), "its compression is broken"},
+      {"AAAjMHgB!", "its compression is broken"},
+      {good.substr(0, 20), "its end is missing"},
+      {"{\"kind\" 5}", "it is broken at character 9"},
+      {"{\"k\":1e999}", "it is broken at character 10"},
+      {store::Packed("[" + std::string(9000, ' ') + "]"), "it is no study"},
+  };
+  for (const auto& [content, reason] : cases) {
+    Spoil("UPDATE kiv_study_history SET content = '" + content + "' WHERE revision = 2");
+    const std::string told = "What the history keeps of study 1 at revision 2 is damaged: " + reason +
+                             ". Choose another revision.\n";
+    const Result history = Run({"history", "1"});
+    EXPECT_EQ(LinesIn(history.out), 4) << "the other revisions are shown";
+    for (const Result& refused : {history, Run({"history", "1", "3"}), Run({"restore", "1", "2"})}) {
+      EXPECT_EQ(refused.exitCode, kRefused) << refused.out;
+      EXPECT_EQ(refused.err, told);
+    }
+    EXPECT_TRUE(Json({"history", "1"})[2]["changes"].is_null()) << "compared with what is damaged";
   }
 }
 

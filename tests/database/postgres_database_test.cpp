@@ -153,6 +153,35 @@ TEST_F(PostgresDatabaseTest, LostConnectionIsToldEndsItsTransactionAndTheNextCon
   EXPECT_EQ(test::ValueOf(*other_, "SELECT count(*) FROM t"), Variant(1));
 }
 
+TEST_F(PostgresDatabaseTest, SessionThatEndsAmidInsertsIsToldWithItsStatement) {
+  database_->ExecuteSql("CREATE TABLE t (id INTEGER)");
+  database_->ExecuteSql("CREATE TABLE u (id INTEGER CHECK (pg_terminate_backend(pg_backend_pid())))");
+  for (const std::string tables : {"u", "tu", "ut"}) {
+    Transaction transaction(*database_);
+    for (const char table : tables) {
+      database_->ExecuteSql(std::string("INSERT INTO ") + table + " (id) VALUES (1)");
+    }
+    EXPECT_THAT([&] { transaction.Commit(); },
+                Throws<PostgresError>(
+                    testing::AllOf(Property(&PostgresError::Cause, FailureCause::ConnectionLost),
+                                   Property(&PostgresError::what, HasSubstr("terminating connection")),
+                                   Property(&PostgresError::Statement, HasSubstr("INTO u")))));
+  }
+}
+
+TEST_F(PostgresDatabaseTest, CopyWithTheClientIsRefusedAndTakesItsTransactionBack) {
+  database_->ExecuteSql("CREATE TABLE t (id INTEGER)");
+  for (const std::string copy : {"COPY t FROM STDIN", "COPY t TO STDOUT"}) {
+    for (const int timeout : {0, 7}) {
+      Transaction transaction(*database_);
+      EXPECT_THAT([&] { database_->OpenQuery(copy, timeout); },
+                  Throws<host::DatabaseError>(Property(&host::DatabaseError::what, HasSubstr("COPY"))));
+      EXPECT_THROW(transaction.Commit(), host::DatabaseError);
+    }
+    EXPECT_EQ(ValueOf("SHOW lock_timeout"), Variant("5s"));
+  }
+}
+
 TEST_F(PostgresDatabaseTest, MissingNewerAndForeignTablesAreLeftAlone) {
   const auto problem = [this](OpenMode mode, OpenProblem expected) {
     EXPECT_THAT([&] { OpenStudyDatabase(server_->Name(), mode); },

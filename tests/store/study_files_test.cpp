@@ -142,6 +142,7 @@ TEST_F(HostileFile, IsRefusedWithOneMessageForEachFault) {
       {R"({"format": "kivstudy-studies", "version": 1, "studies": [7, []]})", "study 1: must be an object"},
       {With("", "\"version\": 1", "\"version\": 1, \"more\": 0"), "\"more\" is unknown here; remove it"},
       {With("", "HOM Study", "Future Study"), hom + "kind \"Future Study\" is none of \"HOM Study\", "},
+      {With("", "HOM Study", ""), hom + "kind \"\" is none of \"HOM Study\", "},
       {With("", "\"kind\": \"HOM Study\"", "\"kind\": null"), hom + "kind must be a text"},
       {With("", "\"durationMinutes\": 1,", ""), hom + "durationMinutes is missing"},
       {With("", "\"durationMinutes\": 1", "\"durationMinutes\": 1.5"),

@@ -122,7 +122,7 @@ TEST(PackedText, IsReadAsEarlierVersionsWroteItAndNeverInflatedBeyondItsLength) 
   for (const std::string& damaged :
        {"AAAAAHgB" + stream, "AAAjLngB" + stream, "/////3gB" + stream, earlier.substr(0, 60),
         std::string("AAAj"), std::string("\xFF no base64"), std::string("AAAjMHgB!")}) {
-    EXPECT_EQ(store::Unpacked(damaged), "") << damaged;
+    EXPECT_THROW(store::Unpacked(damaged), store::StoreError) << damaged;
   }
 }
 
@@ -154,6 +154,9 @@ TEST(StudyDifference, IsToldFieldByFieldAndEntryByEntry) {
   EXPECT_EQ(store::SummaryOf(differences), "name, scenario, Come, Cells (3), Modes (2), DNs (1), Gone");
   EXPECT_TRUE(store::DifferencesBetween(before, before).empty());
   EXPECT_EQ(store::DifferencesBetween({}, after).size(), 10U);
+  const std::string endless = R"({"kind": "VCSA Study", "Cells": [{"CellId": ")" + std::string(9000, 'x');
+  const auto added = store::DifferencesBetween(R"({"kind": "VCSA Study"})", endless + "\"}]}");
+  EXPECT_LT(added.at(0).place.size(), 100U) << "a list of such would repeat it with each difference";
 }
 
 /// Lists whose entries no identity of these tells apart, also inside entries; one value tells itself.
