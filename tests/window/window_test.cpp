@@ -62,8 +62,7 @@ TEST_F(Window, AStoredValueThatNoPageMakesIsMarkedAndToldByCheck) {
   const std::string fault = "HomMode must be between 0 and 2, not 9";
   user_.ClickTab("tabs", 1);
   EXPECT_EQ(The<QWidget>("cboModeSelection").toolTip().toStdString(), fault);
-  user_.TakePicture("marked");
-  const QString told = user_.MessageDuring([this] { PressButton(*window_, "Check"); }, "check");
+  const QString told = user_.MessageDuring([this] { user_.Press(Qt::Key_K, Qt::ControlModifier); });
   EXPECT_EQ(told.toStdString(), "This study can be saved, but it cannot be right:\nDetail: " + fault);
 }
 
