@@ -189,14 +189,19 @@ TEST_F(CommandLine, AWriteProtectedOlderLayoutIsNotCalledReady) {
 TEST_F(CommandLine, BadAndMissingValuesAreToldAndHideNoOtherStudy) {
   StoreStudy("Bad duration", 30);
   StoreStudy("", 30);
-  StoreStudy("Bad\n\x1B[31mname\u202E", 30);
+  const std::string steering = "Bad\n\x1B[31mname\x7F\u0085\u061C\u200F\u202E\u2066";
+  StoreStudy(steering, 30);
   StoreStudy("\u6771\u4EAC", 30);
   Spoil("UPDATE kiv_study SET duration = 99999999999 WHERE id = 1");
   const Result list = Run({"list"});
   EXPECT_EQ(list.exitCode, kOk) << list.err;
   EXPECT_EQ(LinesIn(list.out), 5) << list.out;
-  EXPECT_THAT(list.out, HasSubstr("Bad\\x0A\\x1B[31mname\\u202E  Downtown"));
-  const std::size_t padding = std::string("Bad\\x0A\\x1B[31mname\\u202E").size() - 4 + 2;
+  const std::string shownAs = R"(Bad\x0A\x1B[31mname\x7F\x85\u061C\u200F\u202E\u2066)";
+  EXPECT_THAT(list.out, HasSubstr(shownAs + "  Downtown"));
+  for (const std::string& json : {Run({"list", "--json"}).out, Run({"export", "3"}).out}) {
+    EXPECT_THAT(json, HasSubstr(R"("Bad\n\u001b[31mname\u007f\u0085\u061c\u200f\u202e\u2066")"));
+  }
+  const std::size_t padding = shownAs.size() - 4 + 2;
   EXPECT_THAT(list.out, HasSubstr("\u6771\u4EAC" + std::string(padding, ' ') + "Downtown"));
 
   const Result shown = Run({"show", "1"});
