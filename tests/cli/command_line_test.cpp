@@ -341,6 +341,21 @@ TEST_F(CommandLine, ADamagedHistoryIsToldAndNotRestored) {
   }
 }
 
+TEST_F(CommandLine, SettingsThatCannotBeWrittenAreToldOnceAndHoldMeanwhile) {
+  std::ofstream(folder_.File("kivstudy")) << "where the folder belongs";
+  setenv("XDG_CONFIG_HOME", folder_.Path().c_str(), 1);
+  std::vector<std::string> told;
+  UserInterface userInterface;
+  userInterface.tellFailure = [&told](const std::exception& failure) { told.emplace_back(failure.what()); };
+  Program program;
+  program.Start(userInterface);
+  program.Settings().Remember("Root", "Path", "/data");
+  program.Settings().SetApplicationTitle("Ours");
+  EXPECT_EQ(program.Settings().Remembered("Root", "Path"), "/data");
+  EXPECT_EQ(program.Settings().ApplicationTitle(), "Ours");
+  EXPECT_THAT(told, ::testing::ElementsAre(HasSubstr("kivstudy.ini\" was not written: Not a directory.")));
+}
+
 TEST_F(CommandLine, TheDocumentedExampleIsImportedAndExported) {
   std::string text = TextOf(KIV_SAMPLE_NETWORK "/../../docs/export-format.md");
   text = text.substr(text.find("```json\n") + 8);
