@@ -301,43 +301,34 @@ TEST_F(CommandLine, ShowsAndRestoresTheHistory) {
     EXPECT_EQ(refused.exitCode, kRefused) << wrong[0];
     EXPECT_EQ(LinesIn(refused.err), 1) << refused.err;
   }
-}
 
-TEST_F(CommandLine, ADamagedHistoryIsToldAndNotRestored) {
-  StoreStudy("First", 30);
-  Spoil("UPDATE kiv_study SET duration = 60, revision = 2");
-  Run({"restore", "1", "1"});
-  const std::string good = R"({"kind": "HOM Study", "name": "x"})";
-  const std::string packed = store::Packed(good + std::string(9000, ' '));
-  std::string keys = "{\"k\":0";
-  for (int i = 0; i < 300; ++i) keys += ",\"k\":0";
-  std::string values = "{\"k\":[0";
-  for (int i = 0; i < 1'000'000; ++i) values += ",0";
-  const std::vector<std::pair<std::string, std::string>> cases = {
-      {"{\"k\":" + std::string(100'000, '['), "it is nested deeper than any study"},
-      {keys + "}", "an object in it has what no study has"},
-      {"{\"" + std::string(101, 'k') + "\":0}", "an object in it has what no study has"},
-      {store::Packed(values + "]}"), "it has more values than any study"},
-      {store::Packed(good + std::string(70'000'000, ' ')), "it is longer than any study"},
-      {good + std::string(70'000'000, ' '), "it is longer than any study"},
-      {packed.substr(0, 40), "its compression is broken"},
-      {"AAAjMHgB!", "its compression is broken"},
-      {good.substr(0, 20), "its end is missing"},
+  // What is kept of revision 2 may be anything.
+  const auto repeated = [](int count, std::string_view text) {
+    std::string all;
+    while (count-- > 0) all += text;
+    return all;
+  };
+  const std::string values = "{\"k\":[" + repeated(1'000'000, "0,") + "0]}";
+  const std::vector<std::pair<std::string, std::string>> damages = {
+      {"{\"k\":" + repeated(100'000, "["), "it is nested deeper than any study"},
+      {"{" + repeated(300, "\"k\":0,") + "\"k\":0}", "an object in it has what no study has"},
+      {store::Packed(values), "it has more values than any study"},
+      {store::Packed("{}" + std::string(70'000'000, ' ')), "it is longer than any study"},
+      {"{}" + std::string(70'000'000, ' '), "it is longer than any study"},
+      {store::Packed(values).substr(0, 40), "its compression is broken"},
+      {values.substr(0, 20), "its end is missing"},
       {"{\"kind\" 5}", "it is broken at character 9"},
-      {"{\"k\":1e999}", "it is broken at character 10"},
       {store::Packed("[" + std::string(9000, ' ') + "]"), "it is no study"},
   };
-  for (const auto& [content, reason] : cases) {
+  for (const auto& [content, reason] : damages) {
     Spoil("UPDATE kiv_study_history SET content = '" + content + "' WHERE revision = 2");
-    const std::string told = "What the history keeps of study 1 at revision 2 is damaged: " + reason +
-                             ". Choose another revision.\n";
-    const Result history = Run({"history", "1"});
-    EXPECT_EQ(LinesIn(history.out), 4) << "the other revisions are shown";
-    for (const Result& refused : {history, Run({"history", "1", "3"}), Run({"restore", "1", "2"})}) {
+    const Result all = Run({"history", "1"});
+    EXPECT_EQ(LinesIn(all.out), 6) << "the other revisions are shown";
+    for (const Result& refused : {all, Run({"history", "1", "3"}), Run({"restore", "1", "2"})}) {
       EXPECT_EQ(refused.exitCode, kRefused) << refused.out;
-      EXPECT_EQ(refused.err, told);
+      EXPECT_EQ(refused.err, "What the history keeps of study 1 at revision 2 is damaged: " + reason +
+                                 ". Choose another revision.\n");
     }
-    EXPECT_TRUE(Json({"history", "1"})[2]["changes"].is_null()) << "compared with what is damaged";
   }
 }
 
@@ -349,10 +340,8 @@ TEST_F(CommandLine, SettingsThatCannotBeWrittenAreToldOnceAndHoldMeanwhile) {
   userInterface.tellFailure = [&told](const std::exception& failure) { told.emplace_back(failure.what()); };
   Program program;
   program.Start(userInterface);
-  program.Settings().Remember("Root", "Path", "/data");
-  program.Settings().SetApplicationTitle("Ours");
+  for (const char* path : {"/before", "/data"}) program.Settings().Remember("Root", "Path", path);
   EXPECT_EQ(program.Settings().Remembered("Root", "Path"), "/data");
-  EXPECT_EQ(program.Settings().ApplicationTitle(), "Ours");
   EXPECT_THAT(told, ::testing::ElementsAre(HasSubstr("kivstudy.ini\" was not written: Not a directory.")));
 }
 
