@@ -68,8 +68,8 @@ std::string Sentence(OpenProblem problem, const std::string& file, const std::st
       return "The study database " + Quoted(file) + " cannot be created" + InBrackets(detail) +
              ". Choose a folder in which you may write.";
     case OpenProblem::BadAddress:
-      return Quoted(file) +
-             " is not the address of a study database. Write it like this: "
+      return Quoted(file) + " is not the address of a study database" + InBrackets(detail) +
+             ". Write it like this: "
              "postgresql://user@server:5432/database";
     case OpenProblem::Unreachable:
       return "The server of the study database " + Quoted(file) + " cannot be used" + InBrackets(detail) +

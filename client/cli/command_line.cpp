@@ -196,6 +196,7 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
   CLI::App app("Defines, checks, stores and finds KIV studies.", "kivstudy");
   app.set_help_all_flag("--help-all", "Print this help message of every command and exit");
   app.require_subcommand(0, 1);
+  HideAddresses(app, argc, argv);
   app.set_version_flag("--version", kVersionText);
   app.fallthrough();
   const std::string exitCodes = "Exit codes: 0 done, 1 refused, 2 wrong usage.";
