@@ -26,4 +26,7 @@ extern const char* const kVersionText;
 /// Lets a program or one of its commands take --database; its place is set before the command is carried out.
 void AddDatabaseOption(CLI::App& command, std::string& database);
 
+/// Keeps the passwords of addresses out of what a program says of arguments that it does not understand.
+void HideAddresses(CLI::App& program, int argc, const char* const* argv);
+
 }  // namespace kiv::client

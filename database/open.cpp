@@ -1,8 +1,8 @@
 #include "database/open.h"
 
 #include "database/postgres/open_postgres.h"
-#include "database/postgres/postgres_url.h"
 #include "database/schema.h"
+#include "database/server_address.h"
 #include "database/sqlite/sqlite_database.h"
 #include "database/sqlite/sqlite_file.h"
 #include "database/sqlite/sqlite_layout.h"
@@ -39,7 +39,7 @@ std::shared_ptr<SqlConnection> OpenStudyFile(const std::string& utf8Path, OpenMo
 }  // namespace
 
 std::shared_ptr<SqlConnection> OpenStudyDatabase(const std::string& name, OpenMode mode) {
-  return IsPostgresUrl(name) ? OpenPostgresStudies(name, mode) : OpenStudyFile(name, mode);
+  return IsServerAddress(name) ? OpenPostgresStudies(name, mode) : OpenStudyFile(name, mode);
 }
 
 }  // namespace kiv::database

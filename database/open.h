@@ -8,7 +8,8 @@
 namespace kiv::database {
 
 /// Opens a study database, brings its tables up to date and gives it its stored functions; one that cannot be
-/// written is used as it is. The name is a file, or the address of a PostgreSQL database (postgresql://...).
+/// written is used as it is. The name is a file, or the address of a PostgreSQL database as libpq
+/// takes it (postgresql://..., or host=... dbname=...).
 /// Raises OpenError. No file but a study database is ever changed.
 std::shared_ptr<SqlConnection> OpenStudyDatabase(const std::string& name, OpenMode mode);
 

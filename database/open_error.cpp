@@ -68,8 +68,8 @@ std::string Sentence(OpenProblem problem, const std::string& file, const std::st
       return "The study database " + Quoted(file) + " cannot be created" + InBrackets(detail) +
              ". Choose a folder in which you may write.";
     case OpenProblem::BadAddress:
-      return Quoted(file) +
-             " is not the address of a study database. Write it like this: "
+      return Quoted(file) + " is not the address of a study database" + InBrackets(detail) +
+             ". Write it like this: "
              "postgresql://user@server:5432/database";
     case OpenProblem::Unreachable:
       return "The server of the study database " + Quoted(file) + " cannot be used" + InBrackets(detail) +
@@ -85,6 +85,9 @@ std::string Sentence(OpenProblem problem, const std::string& file, const std::st
              ". Install the package libpq5 to open " + Quoted(file) + ", or use a database file.";
     case OpenProblem::NameTooLong:
       return "The file name " + Quoted(file) + " is too long. Choose a shorter one.";
+    case OpenProblem::DanglingLink:
+      return Quoted(file) + " is a link to a file that does not exist" + InBrackets(detail) +
+             ". Correct the link, or name the file itself.";
   }
   return {};
 }

@@ -5,6 +5,7 @@
 #include <exception>
 #include <ostream>
 #include <span>
+#include <sstream>
 
 #include "client/cli/history_printer.h"
 #include "client/cli/network_printer.h"
@@ -27,7 +28,11 @@ class MessagesAsLines : public host::MessageBoxes {
  public:
   explicit MessagesAsLines(std::ostream& err) : err_(err) {}
   void Show(const std::string& text, host::MessageStyle, const std::string&) override {
-    err_ << text << '\n';
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+      if (line.ends_with('\r')) line.pop_back();
+      err_ << TerminalText(line) << '\n';
+    }
   }
   std::string ApplicationTitle() const override { return UserSettings::kDefaultApplicationTitle; }
 
@@ -191,6 +196,7 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
   CLI::App app("Defines, checks, stores and finds KIV studies.", "kivstudy");
   app.set_help_all_flag("--help-all", "Print this help message of every command and exit");
   app.require_subcommand(0, 1);
+  HideAddresses(app, argc, argv);
   app.set_version_flag("--version", kVersionText);
   app.fallthrough();
   const std::string exitCodes = "Exit codes: 0 done, 1 refused, 2 wrong usage.";

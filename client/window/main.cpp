@@ -9,6 +9,7 @@ int main(int argc, char** argv) {
   CLI::App app("Edits KIV studies in a window.", "kivstudy-window");
   app.set_version_flag("--version", kVersionText);
   AddDatabaseOption(app, database);
+  HideAddresses(app, argc, argv);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

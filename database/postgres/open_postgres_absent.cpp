@@ -1,11 +1,11 @@
 #include "database/open_error.h"
 #include "database/postgres/open_postgres.h"
-#include "database/postgres/postgres_url.h"
+#include "database/server_address.h"
 
 namespace kiv::database {
 
-std::shared_ptr<SqlConnection> OpenPostgresStudies(const std::string& url, OpenMode) {
-  throw OpenError(OpenProblem::WithoutPostgres, WithoutPassword(url));
+std::shared_ptr<SqlConnection> OpenPostgresStudies(const std::string&, OpenMode) {
+  throw OpenError(OpenProblem::WithoutPostgres, kHiddenAddress);
 }
 
 }  // namespace kiv::database

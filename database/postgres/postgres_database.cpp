@@ -12,8 +12,9 @@
 
 #include "base/ascii.h"
 #include "database/postgres/postgres_layout.h"
-#include "database/postgres/postgres_url.h"
+#include "database/postgres/shown_address.h"
 #include "database/row_buffer.h"
+#include "database/server_address.h"
 
 namespace kiv::database {
 
@@ -42,20 +43,12 @@ constexpr const char* kSessionSettings =
     "SET standard_conforming_strings = on; SET backslash_quote = safe_encoding; SET lock_timeout = '5s'; "
     "SET DateStyle = ISO; SET extra_float_digits = 1";
 
-void RequireLibrary(const std::string& name) {
+void RequireLibrary() {
   try {
     Pq();
   } catch (const Error& error) {
-    throw OpenError(OpenProblem::NoClientLibrary, name, error.what());
+    throw OpenError(OpenProblem::NoClientLibrary, kHiddenAddress, error.what());
   }
-}
-
-void RefuseBadAddress(const std::string& url, const std::string& name) {
-  PQconninfoOption* const options =
-      url.find('\0') == std::string::npos ? Pq().PQconninfoParse(url.c_str(), nullptr) : nullptr;
-  // The library's own words might repeat a password.
-  if (!options) throw OpenError(OpenProblem::BadAddress, name);
-  Pq().PQconninfoFree(options);
 }
 
 PGconn* Connect(const std::string& url) {
@@ -166,9 +159,8 @@ std::string QuotedDottedName(const std::string& name) {
 }  // namespace
 
 std::shared_ptr<PostgresDatabase> PostgresDatabase::Open(const std::string& url) {
-  std::string name = WithoutPassword(url);
-  RequireLibrary(name);
-  RefuseBadAddress(url, name);
+  RequireLibrary();
+  std::string name = ShownAddress(url);
   ConnectionHandle connection(Connect(url));
   if (Pq().PQstatus(connection.get()) != CONNECTION_OK) {
     throw OpenError(OpenProblem::Unreachable, name, ConnectionText(connection.get()));
