@@ -163,15 +163,17 @@ void IniFile::Set(std::string_view group, std::string_view key, const std::strin
     line = (text_.empty() ? "[" : "\n[") + EscapedName(group) + "]\n" + line;
   }
   text_.replace(place.begin, place.end - place.begin, line);
-  if (!readable_) return;
-  try {
-    std::error_code error;
-    std::filesystem::create_directories(path_.parent_path(), error);
-    store::WriteWholeFile(path_, text_, store::Durability::Program);
-  } catch (const store::StoreError&) {
-    // Then it holds for this run.
-  }
+  Write();
   changedAt_ = ChangedAt();
+}
+
+void IniFile::Write() const {
+  // What could not be read must not be lost.
+  if (!unreadable_.empty()) throw store::StoreError(unreadable_);
+  std::error_code error;
+  std::filesystem::create_directories(path_.parent_path(), error);
+  if (error) throw store::StoreError(error.message());
+  store::WriteWholeFile(path_, text_, store::Durability::Program);
 }
 
 std::filesystem::file_time_type IniFile::ChangedAt() const {
@@ -184,12 +186,12 @@ void IniFile::Refresh() const {
   if (changedAt == changedAt_) return;
   changedAt_ = changedAt;
   text_.clear();
-  readable_ = true;
+  unreadable_.clear();
   try {
     std::error_code error;
     if (std::filesystem::exists(path_, error)) text_ = store::ReadWholeFile(path_);
-  } catch (const store::StoreError&) {
-    readable_ = false;
+  } catch (const store::StoreError& failure) {
+    unreadable_ = failure.what();
   }
 }
 

@@ -16,19 +16,20 @@ class IniFile {
 
   const std::filesystem::path& Path() const { return path_; }
   std::optional<std::string> Value(std::string_view group, std::string_view key) const;
-  /// Changes one value in the file as others have left it by now. A file that cannot be written keeps what it
-  /// has; the value then holds for this run.
+  /// Changes one value in the file as others have left it by now. Raises StoreError with the system's reason
+  /// for a file that cannot be read or written: it keeps what it has, and the value holds for this run.
   void Set(std::string_view group, std::string_view key, const std::string& value);
 
  private:
   std::filesystem::file_time_type ChangedAt() const;
+  void Write() const;
   /// Reads the file again when somebody else has written it.
   void Refresh() const;
 
   std::filesystem::path path_;
   mutable std::string text_;
   mutable std::filesystem::file_time_type changedAt_{};  ///< of what was read
-  mutable bool readable_ = true;
+  mutable std::string unreadable_;                       ///< why; empty when it is readable
 };
 
 }  // namespace kiv::client

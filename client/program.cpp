@@ -76,6 +76,7 @@ Program::Program()
 Program::~Program() = default;
 
 void Program::Start(UserInterface userInterface) {
+  settings_->SetTeller(userInterface.tellFailure);
   errors_->SetTeller(std::move(userInterface.tellFailure));
   scope_.emplace(host::Services{
       .openDatabase = [this] { return connection_; },

@@ -2,6 +2,7 @@
 
 #include "client/user_folders.h"
 #include "host/services.h"
+#include "store/store_error.h"
 
 namespace kiv::client {
 
@@ -19,7 +20,7 @@ std::optional<std::string> UserSettings::Remembered(const std::string& root, con
 }
 
 void UserSettings::Remember(const std::string& root, const std::string& name, const std::string& value) {
-  if (Remembered(root, name) != value) file_.Set(root, name, value);
+  if (Remembered(root, name) != value) Store(root, name, value);
 }
 
 std::string UserSettings::General(const std::string& name) const {
@@ -28,7 +29,7 @@ std::string UserSettings::General(const std::string& name) const {
 
 void UserSettings::SetGeneral(const std::string& name, const std::string& value) {
   if (General(name) == value) return;
-  file_.Set(kGeneralGroup, name, value);
+  Store(kGeneralGroup, name, value);
   host::TheEvents().appGeneralState_StateChange.Raise();
 }
 
@@ -39,6 +40,20 @@ std::string UserSettings::ApplicationTitle() const {
 
 void UserSettings::SetApplicationTitle(const std::string& title) {
   SetGeneral(kApplicationTitle, title);
+}
+
+void UserSettings::Store(const std::string& group, const std::string& name, const std::string& value) {
+  try {
+    file_.Set(group, name, value);
+  } catch (const store::StoreError& failure) {
+    // While one failure is told, or after it, the next ones say nothing new.
+    if (const Teller tell = std::exchange(teller_, nullptr)) {
+      tell(store::StoreError(
+          "The settings file \"" + FilePath().string() + "\" was not written: " + failure.what() +
+          ". Settings hold until the program ends. Ask for permission to write the file, or "
+          "make room for it."));
+    }
+  }
 }
 
 }  // namespace kiv::client

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <exception>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "client/ini_file.h"
 #include "host/settings.h"
@@ -14,7 +17,12 @@ class UserSettings : public host::Settings {
  public:
   static constexpr const char* kDefaultApplicationTitle = "KIV Studies";
 
+  using Teller = std::function<void(const std::exception&)>;
+
   UserSettings();
+
+  /// Takes whoever tells the user, once, that the settings cannot be kept.
+  void SetTeller(Teller teller) { teller_ = std::move(teller); }
 
   std::optional<std::string> Remembered(const std::string& root, const std::string& name) const override;
   void Remember(const std::string& root, const std::string& name, const std::string& value) override;
@@ -29,7 +37,10 @@ class UserSettings : public host::Settings {
   const std::filesystem::path& FilePath() const { return file_.Path(); }
 
  private:
+  void Store(const std::string& group, const std::string& name, const std::string& value);
+
   IniFile file_;
+  Teller teller_;
 };
 
 }  // namespace kiv::client

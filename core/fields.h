@@ -60,9 +60,9 @@ struct RecordField {
   FieldRule rule = {};               ///< the values that pages can make
 
   /// The same field with a rule.
-  RecordField Allowing(FieldRule allowed) const {
+  RecordField Allowing(const FieldRule& allowed) const {
     RecordField field = *this;
-    field.rule = std::move(allowed);
+    field.rule = allowed;
     return field;
   }
 

@@ -85,6 +85,9 @@ std::string Sentence(OpenProblem problem, const std::string& file, const std::st
              ". Install the package libpq5 to open " + Quoted(file) + ", or use a database file.";
     case OpenProblem::NameTooLong:
       return "The file name " + Quoted(file) + " is too long. Choose a shorter one.";
+    case OpenProblem::DanglingLink:
+      return Quoted(file) + " is a link to a file that does not exist" + InBrackets(detail) +
+             ". Correct the link, or name the file itself.";
   }
   return {};
 }

@@ -24,6 +24,7 @@ enum class OpenProblem {
   WithoutPostgres,  ///< the program was built without it
   NoClientLibrary,  ///< that of PostgreSQL is missing on this machine
   NameTooLong,
+  DanglingLink,  ///< a link whose file is gone
 };
 
 /// A study database that cannot be opened; the text is one message for the user that names the database and

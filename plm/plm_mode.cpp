@@ -134,6 +134,7 @@ std::vector<std::string> CKivPlmMode::Faults() const {
     }
   }
   std::vector<std::string> texts;
+  texts.reserve(faults.size());
   for (RecordFault& fault : faults) texts.push_back(std::move(fault.text));
   const FieldRule number = Between(kChannelNumbers.low, kChannelNumbers.high);
   for (const auto& channel : *channels_) {

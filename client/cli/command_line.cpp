@@ -5,6 +5,7 @@
 #include <exception>
 #include <ostream>
 #include <span>
+#include <sstream>
 
 #include "client/cli/history_printer.h"
 #include "client/cli/network_printer.h"
@@ -28,7 +29,11 @@ class MessagesAsLines : public host::MessageBoxes {
  public:
   explicit MessagesAsLines(std::ostream& err) : err_(err) {}
   void Show(const std::string& text, host::MessageStyle, const std::string&) override {
-    err_ << text << '\n';
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+      if (line.ends_with('\r')) line.pop_back();
+      err_ << TerminalText(line) << '\n';
+    }
   }
   std::string ApplicationTitle() const override { return UserSettings::kDefaultApplicationTitle; }
 

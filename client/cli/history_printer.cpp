@@ -38,7 +38,7 @@ store::Json JsonOf(const store::HistoryEntry& entry) {
 
 void PrintHistory(const std::vector<HistoryStep>& steps, OutputFormat format, std::ostream& out) {
   store::Json list = store::Json::array();
-  TextTable table(5);
+  TextTable table(5, out);
   table.AddLine({"REVISION", "WHEN", "WHO", "WHAT", "CHANGED"});
   for (const HistoryStep& step : steps) {
     const store::HistoryEntry& entry = step.entry;
@@ -50,7 +50,7 @@ void PrintHistory(const std::vector<HistoryStep>& steps, OutputFormat format, st
   if (format == OutputFormat::Json) {
     out << store::ShownJson(list) << '\n';
   } else {
-    table.Print(out);
+    table.Print();
   }
 }
 
@@ -61,17 +61,17 @@ void PrintDifferences(const std::vector<store::StudyDifference>& differences, Ou
     return;
   }
   if (differences.empty()) out << "Nothing was changed.\n";
-  TextTable table(2);
+  TextTable table(2, out);
   for (const store::StudyDifference& difference : differences) {
     table.AddLine({difference.place, DifferenceText(difference)});
   }
-  table.Print(out);
+  table.Print();
 }
 
 void PrintDeletedStudies(const std::vector<store::HistoryEntry>& studies, OutputFormat format,
                          std::ostream& out) {
   store::Json list = store::Json::array();
-  TextTable table(5);
+  TextTable table(5, out);
   table.AddLine({"ID", "KIND", "NAME", "DELETED BY", "DELETED AT"});
   for (const store::HistoryEntry& entry : studies) {
     list.push_back(JsonOf(entry));
@@ -81,7 +81,7 @@ void PrintDeletedStudies(const std::vector<store::HistoryEntry>& studies, Output
   if (format == OutputFormat::Json) {
     out << store::ShownJson(list) << '\n';
   } else {
-    table.Print(out);
+    table.Print();
   }
 }
 

@@ -42,8 +42,7 @@ void PrintJson(const store::NetworkReport& report, std::ostream& out) {
                            {"tables", tables},
                            {"badLines", badLines},
                            {"unknownFiles", report.unknownFiles}};
-  // A value from a file may be anything; a bad byte must not keep the rest from being printed.
-  out << all.dump(2, ' ', false, store::Json::error_handler_t::replace) << '\n';
+  out << store::ShownJson(all) << '\n';
 }
 
 }  // namespace

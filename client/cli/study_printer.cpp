@@ -70,13 +70,13 @@ void PrintStudies(const store::StudyStore& store, OutputFormat format, std::ostr
     out << store::ShownJson(list) << '\n';
     return;
   }
-  TextTable table(7);
+  TextTable table(7, out);
   table.AddLine({"ID", "KIND", "NAME", "SCENARIO", "MINUTES", "CHANGED BY", "CHANGED AT"});
   store.ForEach([&table](const store::StudyLine& study) {
     table.AddLine({std::to_string(study.id), study.kind, study.name, study.scenario,
                    MinutesText(study.duration), study.modifiedBy, study.modifiedAt});
   });
-  table.Print(out);
+  table.Print();
 }
 
 void PrintStudy(const store::Study& study, const std::vector<host::Document>& scenarios, OutputFormat format,

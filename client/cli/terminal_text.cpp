@@ -6,6 +6,7 @@
 #include <cstring>
 #include <span>
 
+#include "base/steering.h"
 #include "base/utf16.h"
 
 namespace kiv::client {
@@ -16,10 +17,6 @@ struct Range {
   char32_t first;
   char32_t last;
 };
-
-/// Characters that change what a terminal does instead of being shown.
-constexpr Range kSteering[] = {{0x00, 0x1F},     {0x7F, 0x9F},     {0x061C, 0x061C}, {0x200E, 0x200F},
-                               {0x2028, 0x202E}, {0x2066, 0x2069}, {0xFFF9, 0xFFFB}};
 
 /// Characters that are put onto the one before.
 constexpr Range kCombining[] = {{0x0300, 0x036F}, {0x0483, 0x0489},  {0x0591, 0x05BD}, {0x0610, 0x061A},
@@ -105,8 +102,8 @@ std::string TerminalText(std::string_view text) {
   for (std::u16string_view rest = units; !rest.empty();) {
     const std::u16string_view before = rest;
     const char32_t character = TakeCharacter(rest);
-    shown += IsIn(kSteering, character) ? Number(character)
-                                        : ToUtf8(before.substr(0, before.size() - rest.size()));
+    shown +=
+        IsSteering(character) ? Number(character) : ToUtf8(before.substr(0, before.size() - rest.size()));
   }
   return shown;
 }

@@ -13,32 +13,30 @@ namespace {
 
 constexpr char kCellEnd = '\t';
 constexpr std::size_t kGap = 2;
-constexpr std::size_t kBlock = 60'000;
+constexpr std::size_t kMostWaiting = 500'000;  // bytes
+constexpr std::size_t kWidest = 80;            // one long text does not fill every line with blanks
 
 }  // namespace
 
 void TextTable::AddLine(std::initializer_list<std::string_view> texts) {
-  if (blocks_.empty() || blocks_.back().cells.size() > kBlock - kBlock / 8) {
-    blocks_.emplace_back().cells.reserve(kBlock);
-  }
-  Block& block = blocks_.back();
-  ++block.lines;
+  ++lines_;
   std::size_t column = 0;
   for (const std::string_view text : texts) {
-    const std::size_t before = block.cells.size();
-    const std::size_t width = AppendTerminalText(text, block.cells);
-    block.plain = block.plain && width == block.cells.size() - before;
-    widths_[column] = std::max(widths_[column], width);
+    const std::size_t before = cells_.size();
+    const std::size_t width = AppendTerminalText(text, cells_);
+    plain_ = plain_ && width == cells_.size() - before;
+    widths_[column] = std::max(widths_[column], std::min(width, kWidest));
     ++column;
-    block.cells += kCellEnd;
+    cells_ += kCellEnd;
   }
+  if (cells_.size() > kMostWaiting) Print();
 }
 
-void TextTable::Print(const Block& block, std::string& to) const {
+void TextTable::Print() {
   const std::size_t lineWidth = std::accumulate(widths_.begin(), widths_.end(), widths_.size() * kGap);
-  to.assign(block.cells.size() + block.lines * lineWidth, ' ');
-  char* end = to.data();
-  std::string_view rest = block.cells;
+  text_.assign(cells_.size() + lines_ * lineWidth, ' ');
+  char* end = text_.data();
+  std::string_view rest = cells_;
   for (std::size_t column = 0; !rest.empty(); column = (column + 1) % widths_.size()) {
     const std::string_view cell = rest.substr(0, rest.find(kCellEnd));
     rest.remove_prefix(cell.size() + 1);
@@ -47,18 +45,14 @@ void TextTable::Print(const Block& block, std::string& to) const {
     if (column + 1 == widths_.size()) {
       *end++ = '\n';
     } else {
-      end += widths_[column] - (block.plain ? cell.size() : TerminalWidth(cell)) + kGap;
+      const std::size_t width = plain_ ? cell.size() : TerminalWidth(cell);
+      end += widths_[column] - std::min(width, widths_[column]) + kGap;
     }
   }
-  to.resize(static_cast<std::size_t>(end - to.data()));
-}
-
-void TextTable::Print(std::ostream& out) const {
-  std::string lines;
-  for (const Block& block : blocks_) {
-    Print(block, lines);
-    out.write(lines.data(), static_cast<std::streamsize>(lines.size()));
-  }
+  out_.write(text_.data(), end - text_.data());
+  cells_.clear();
+  lines_ = 0;
+  plain_ = true;
 }
 
 }  // namespace kiv::client

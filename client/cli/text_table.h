@@ -10,27 +10,24 @@
 namespace kiv::client {
 
 /// Lines with the same number of cells, which are printed so that each column begins at the same place. The
-/// texts may be anything, and there may be very many.
+/// texts may be anything. There may be very many: after some thousand lines those so far are printed, and
+/// columns become only wider from there on.
 class TextTable {
  public:
-  explicit TextTable(std::size_t columns) : widths_(columns) {}
+  TextTable(std::size_t columns, std::ostream& out) : out_(out), widths_(columns) {}
 
   /// One text for each column.
   void AddLine(std::initializer_list<std::string_view> texts);
-
-  void Print(std::ostream& out) const;
+  /// Prints the lines that wait.
+  void Print();
 
  private:
-  /// Whole lines, one after the other; a tab, which no cell can have, ends each cell.
-  struct Block {
-    std::string cells;
-    std::size_t lines = 0;
-    bool plain = true;  ///< every byte takes one column
-  };
-  void Print(const Block& block, std::string& to) const;
-
-  std::vector<Block> blocks_;  ///< many, so that growing copies nothing
+  std::ostream& out_;
   std::vector<std::size_t> widths_;
+  std::string cells_;  ///< of the lines that wait; a tab, which no cell can have, ends each
+  std::size_t lines_ = 0;
+  bool plain_ = true;  ///< every byte of them takes one column
+  std::string text_;
 };
 
 }  // namespace kiv::client

@@ -19,14 +19,16 @@ namespace {
 
 using Outcome = session::StudyImportReport::Outcome;
 
-std::vector<FaultList::Fault> FaultsOf(const std::vector<session::ImportProblem>& problems) {
+std::vector<FaultList::Fault> FaultsOf(const session::StudyImportReport& report) {
   std::vector<FaultList::Fault> faults;
-  faults.reserve(problems.size());
-  for (const session::ImportProblem& problem : problems) {
-    const QString file = QString::fromStdString(problem.file);
-    faults.push_back({QFileInfo(file).fileName(), QString::fromStdString(problem.study),
-                      QString::fromStdString(problem.reason),
-                      QString::fromStdString(ImportProblemText(problem))});
+  faults.reserve(report.problems.size() + report.warnings.size());
+  for (const auto* list : {&report.problems, &report.warnings}) {
+    for (const session::ImportProblem& problem : *list) {
+      const QString file = QString::fromStdString(problem.file);
+      faults.push_back({QFileInfo(file).fileName(), QString::fromStdString(problem.study),
+                        QString::fromStdString(problem.reason),
+                        QString::fromStdString(ImportProblemText(problem))});
+    }
   }
   return faults;
 }
@@ -120,15 +122,16 @@ class StudyImportDialog : public QDialog {
       text += QLatin1Char('\n') + NamesOf(report);
     }
     result_->setText(text);
-    list_->SetFaults(FaultsOf(report.problems));
-    list_->setVisible(!good);
-    copy_->setVisible(!good);
+    const std::vector<FaultList::Fault> faults = FaultsOf(report);
+    list_->SetFaults(faults);
+    list_->setVisible(!faults.empty());
+    copy_->setVisible(!faults.empty());
     check_->setVisible(!good);
     import_->setVisible(good);
     (good ? import_ : check_)->setDefault(true);
     (good ? import_ : check_)->setFocus();
     adjustSize();
-    resize(fontMetrics().averageCharWidth() * (good ? 70 : 150), sizeHint().height());
+    resize(fontMetrics().averageCharWidth() * (faults.empty() ? 70 : 150), sizeHint().height());
   }
 
   Program& program_;

@@ -71,6 +71,13 @@ std::int32_t NumberAt(const FileHead& head, std::size_t offset) {
   return static_cast<std::int32_t>(number);
 }
 
+/// A database that were made there would stand where nobody chose it to be.
+void RefuseDanglingLink(const std::filesystem::path& path, const std::string& utf8Path) {
+  std::error_code error;
+  const std::u8string target = std::filesystem::read_symlink(path, error).u8string();
+  if (!error) throw OpenError(OpenProblem::DanglingLink, utf8Path, {target.begin(), target.end()});
+}
+
 FileFacts InspectContent(const std::string& utf8Path) {
   FileHead head{};
   if (!DatabaseFile(utf8Path).Read(head) ||
@@ -89,7 +96,10 @@ std::filesystem::path PathFromUtf8(const std::string& utf8Path) {
 }
 
 std::string SqliteFileName(const std::string& utf8Path) {
-  const std::u8string name = std::filesystem::absolute(PathFromUtf8(utf8Path)).u8string();
+  const std::filesystem::path path = std::filesystem::absolute(PathFromUtf8(utf8Path));
+  std::error_code error;
+  const std::filesystem::path resolved = std::filesystem::weakly_canonical(path, error);
+  const std::u8string name = (error ? path : resolved).u8string();
   return {name.begin(), name.end()};
 }
 
@@ -104,7 +114,7 @@ FileFacts InspectFile(const std::string& utf8Path) {
   std::error_code error;
   const std::filesystem::file_status status = std::filesystem::status(path, error);
   switch (status.type()) {
-    case std::filesystem::file_type::not_found: return {.kind = FileKind::Missing};
+    case std::filesystem::file_type::not_found: RefuseDanglingLink(path, utf8Path); return {};
     case std::filesystem::file_type::directory: return {.kind = FileKind::Folder};
     case std::filesystem::file_type::regular: break;
     case std::filesystem::file_type::none:

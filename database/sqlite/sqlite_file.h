@@ -23,7 +23,7 @@ FileFacts InspectFile(const std::string& utf8Path);
 std::filesystem::path PathFromUtf8(const std::string& utf8Path);
 
 /// The path as SQLite takes it: absolute, because names such as ":memory:" or "file:x" have a meaning of
-/// their own there.
+/// their own there, and without links, because its file layer opens none.
 std::string SqliteFileName(const std::string& utf8Path);
 
 }  // namespace kiv::database

@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdio>
 #include <iterator>
 #include <utility>
 
+#include "base/steering.h"
+#include "base/utf16.h"
 #include "core/conversions.h"
 
 namespace kiv::store {
@@ -34,6 +37,23 @@ Json JsonOf(const StoredEntry& entry) {
 /// Whether a text stands in JSON as it is.
 bool IsPlainText(std::string_view text) {
   return std::ranges::all_of(text, [](char c) { return c >= ' ' && c < 0x7F && c != '"' && c != '\\'; });
+}
+
+/// JSON has escapes of its own for characters below a blank; the other ones stand in texts only.
+std::string WithoutSteering(std::string json) {
+  if (std::ranges::all_of(json, [](char c) { return c < 0x7F && c >= 0; })) return json;
+  const std::u16string units = ToUtf16(json);
+  std::u16string escaped;
+  for (const char16_t unit : units) {
+    if (unit < ' ' || !IsSteering(unit)) {
+      escaped += unit;
+      continue;
+    }
+    char number[16];
+    std::snprintf(number, sizeof number, "\\u%04x", static_cast<unsigned>(unit));
+    escaped += ToUtf16(number);
+  }
+  return ToUtf8(escaped);
 }
 
 std::string CompactJson(const Json& json) {
@@ -102,8 +122,10 @@ Variant ValueOf(const Json& json) {
 
 }  // namespace
 
-std::string ShownJson(const Json& json) {
-  return json.dump(2, ' ', false, Json::error_handler_t::replace);
+std::string ShownJson(const Json& json, BadText badText) {
+  using Handler = Json::error_handler_t;
+  return WithoutSteering(
+      json.dump(2, ' ', false, badText == BadText::Raises ? Handler::strict : Handler::replace));
 }
 
 Json NumberOrNull(std::int32_t number) {

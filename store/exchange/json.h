@@ -19,9 +19,13 @@ inline constexpr const char* kScenario = "scenario";
 inline constexpr const char* kData = "data";
 }  // namespace key
 
-/// JSON for people and programs that look at it. Texts of a database may be anything: a bad byte does not
-/// keep the rest from being shown.
-std::string ShownJson(const Json& json);
+/// Whether a text that is no UTF-8 is an error, Json::type_error, or a bad byte does not keep the rest from
+/// being shown.
+enum class BadText { Raises, IsReplaced };
+
+/// JSON for people and programs that look at it. Texts of a database may be anything: what a terminal would
+/// obey stands as its number.
+std::string ShownJson(const Json& json, BadText badText = BadText::IsReplaced);
 
 /// Null for a number that was not given.
 Json NumberOrNull(std::int32_t number);

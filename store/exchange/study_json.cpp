@@ -159,7 +159,7 @@ std::string ExportText(const std::vector<NamedStudy>& studies) {
   Json list = Json::array();
   for (const NamedStudy& study : studies) list.push_back(ExportedContent(study));
   const Json file = {{kFormatKey, kFormat}, {kVersionKey, kVersion}, {kStudiesKey, std::move(list)}};
-  return file.dump(2) + '\n';
+  return ShownJson(file, BadText::Raises) + '\n';
 }
 
 NamedStudy ReadKept(const std::string& content) {

@@ -120,6 +120,17 @@ TEST_F(StudyDatabaseOpen, NoFileNameNoDatabase) {
   ExpectProblem(OpenProblem::NameTooLong, folder_.File("z") + deep + deep + deep + deep + deep, "shorter");
 }
 
+TEST_F(StudyDatabaseOpen, ALinkIsFollowedUnlessItsFileIsGone) {
+  const std::string link = folder_.File("link.db");
+  std::filesystem::create_symlink(NewStudyDatabase(), link);
+  for (const auto mode : {OpenMode::MustExist, OpenMode::CreateIfMissing}) {
+    EXPECT_EQ(ScenarioCount(*OpenStudyDatabase(link, mode)), "1;");
+  }
+  std::filesystem::remove(folder_.File("studies.db"));
+  ExpectProblem(OpenProblem::DanglingLink, link, "/studies.db). Correct the link");
+  EXPECT_FALSE(std::filesystem::exists(link));
+}
+
 TEST_F(StudyDatabaseOpen, OtherContentIsNotTouched) {
   const std::string path = folder_.File("file");
   for (const std::string& content :

@@ -332,6 +332,13 @@ TEST_F(RfcDetail, AStoredStudyFillsTheRowsOfItsEcp) {
   tab_.txtPath.SetText(folder_.Path());
   EXPECT_EQ(Rows(), "0:5552/b 1:5551/a.txt ");
   EXPECT_EQ(Refusal(), "DN 5551 is stored with this study, but this ECP traces a single DN.");
+  Enter(0, "", "mine");  // what is left over comes into no row that the user emptied
+  tab_.IsTabValid({});
+  host_.editor->notifications.cdtnNotify_TabShow.Raise("XKivRfcDetail");
+  EXPECT_EQ(tab_.txtDirectoryNumber[0].Text() + tab_.txtFilename[0].Text(), "mine");
+  EXPECT_EQ(tab_.txtDirectoryNumber[1].Text(), "5551");
+  Enter(0, "5552", "b");
+  EXPECT_NE(host_.TakeMessage(), "");
   tab_.cmdRemoveUnused.Click();
   EXPECT_EQ(Refusal(), "");
   Data().LookupFAF(5);

@@ -71,6 +71,7 @@ class StudyFaults : public ::testing::Test, protected test::StudiesTest {
   }
   static std::vector<std::string> Texts(const std::vector<session::StudyProblem>& problems) {
     std::vector<std::string> texts;
+    texts.reserve(problems.size());
     for (const session::StudyProblem& problem : problems) texts.push_back(session::ProblemText(problem));
     return texts;
   }
@@ -155,6 +156,19 @@ TEST_F(StudyFaults, AreToldInTheSameWordsByImportCheckAndValidate) {
                      {"Antennas", Json::array()},
                      {"Carriers", Json::array()}});
   }
+  const auto traced = [this](std::int32_t count, std::int32_t lastEcp) {
+    Json data = good_.at(kRfcStudy)["data"];
+    data.erase("Ecps");
+    data["UseEcp"] = "";
+    data["Cells"] = Json::array();
+    for (int cell = 1; cell <= count; ++cell) {
+      data["Cells"].push_back({{"InstanceId", 1002 + cell},
+                               {"SystemId", 1},
+                               {"EcpId", cell == count ? lastEcp : 1},
+                               {"CellId", cell}});
+    }
+    return data;
+  };
   Json dns = Json::array();
   for (int dn = 10; dn <= 20; ++dn) {
     const std::string number = std::to_string(dn);
@@ -214,6 +228,8 @@ TEST_F(StudyFaults, AreToldInTheSameWordsByImportCheckAndValidate) {
       {kRfcStudy, "/data/Ecps/0/EcpId", 77, "General: ECP 1-77 is not in the stored network"},
       {kRfcStudy, "/data/Ecps/0/InstanceId", 999, "ECP 1-1 has instance 1002 in the stored network, not 999"},
       {kRfcStudy, "/data/Ecps/0/InstanceId", 1001, "General: FAF information was not found for ECP:1"},
+      {kRfcStudy, "/data", traced(8, 1), "General: Only fewer than 8 cells can be studied"},
+      {kRfcStudy, "/data", traced(2, 2), "General: All cells must belong to the same ECP"},
       {kRfcStudy, "/data/DNs", dns, "Detail: DN 6305551220"},
       {kVcsStudy, "/data/EventC", "T", R"(Detail: EventC must be "Y" or "N", not "T")"},
       {kVcsStudy, "/data/DirectionalSetup", "x", R"(Detail: DirectionalSetup must be "Y" or "N", not "x")"},

@@ -54,6 +54,18 @@ TEST_F(Window, ARefusalIsShownAndLeadsToItsFieldOnWhateverPage) {
   EXPECT_EQ(Stored()[0].name, "Nights");
 }
 
+TEST_F(Window, AStoredValueThatNoPageMakesIsMarkedAndToldByCheck) {
+  Open();
+  StoreStudy();
+  program_->Store().Database().ExecuteSql("UPDATE KIV_HomStudy SET HomMode = 9");
+  window_->OpenStudy(Stored()[0].id);
+  const std::string fault = "HomMode must be between 0 and 2, not 9";
+  user_.ClickTab("tabs", 1);
+  EXPECT_EQ(The<QWidget>("cboModeSelection").toolTip().toStdString(), fault);
+  const QString told = user_.MessageDuring([this] { user_.Press(Qt::Key_K, Qt::ControlModifier); });
+  EXPECT_EQ(told.toStdString(), "This study can be saved, but it cannot be right:\nDetail: " + fault);
+}
+
 TEST_F(Window, UnsavedInputIsAskedAbout) {
   Open();
   StartStudy();
