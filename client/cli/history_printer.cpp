@@ -37,21 +37,23 @@ store::Json JsonOf(const store::HistoryEntry& entry) {
 }  // namespace
 
 void PrintHistory(const std::vector<HistoryStep>& steps, OutputFormat format, std::ostream& out) {
-  store::Json list = store::Json::array();
+  if (format == OutputFormat::Json) {
+    store::Json list = store::Json::array();
+    for (const HistoryStep& step : steps) {
+      list.push_back(JsonOf(step.entry));
+      list.back()["changes"] = step.damage.empty() ? JsonOf(step.differences) : store::Json();
+    }
+    out << store::ShownJson(list) << '\n';
+    return;
+  }
   TextTable table(5, out);
   table.AddLine({"REVISION", "WHEN", "WHO", "WHAT", "CHANGED"});
   for (const HistoryStep& step : steps) {
     const store::HistoryEntry& entry = step.entry;
-    list.push_back(JsonOf(entry));
-    list.back()["changes"] = step.damage.empty() ? JsonOf(step.differences) : store::Json();
     table.AddLine({std::to_string(entry.revision), store::LocalTimeText(entry.changedAt), entry.changedBy,
                    store::EventName(entry.event), step.Summary()});
   }
-  if (format == OutputFormat::Json) {
-    out << store::ShownJson(list) << '\n';
-  } else {
-    table.Print();
-  }
+  table.Print();
 }
 
 void PrintDifferences(const std::vector<store::StudyDifference>& differences, OutputFormat format,
@@ -70,19 +72,19 @@ void PrintDifferences(const std::vector<store::StudyDifference>& differences, Ou
 
 void PrintDeletedStudies(const std::vector<store::HistoryEntry>& studies, OutputFormat format,
                          std::ostream& out) {
-  store::Json list = store::Json::array();
+  if (format == OutputFormat::Json) {
+    store::Json list = store::Json::array();
+    for (const store::HistoryEntry& entry : studies) list.push_back(JsonOf(entry));
+    out << store::ShownJson(list) << '\n';
+    return;
+  }
   TextTable table(5, out);
   table.AddLine({"ID", "KIND", "NAME", "DELETED BY", "DELETED AT"});
   for (const store::HistoryEntry& entry : studies) {
-    list.push_back(JsonOf(entry));
     table.AddLine({std::to_string(entry.study), entry.kind, entry.name, entry.changedBy,
                    store::LocalTimeText(entry.changedAt)});
   }
-  if (format == OutputFormat::Json) {
-    out << store::ShownJson(list) << '\n';
-  } else {
-    table.Print();
-  }
+  table.Print();
 }
 
 }  // namespace kiv::client
