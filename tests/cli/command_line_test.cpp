@@ -312,12 +312,13 @@ TEST_F(CommandLine, ShowsAndRestoresTheHistory) {
     return all;
   };
   const std::string values = "{\"k\":[" + repeated(1'000'000, "0,") + "0]}";
+  const std::string tooLong = "{}" + repeated(70, std::string(1'000'000, ' '));
   const std::vector<std::pair<std::string, std::string>> damages = {
       {"{\"k\":" + repeated(100'000, "["), "it is nested deeper than any study"},
       {"{" + repeated(300, "\"k\":0,") + "\"k\":0}", "an object in it has what no study has"},
       {store::Packed(values), "it has more values than any study"},
-      {store::Packed("{}" + std::string(70'000'000, ' ')), "it is longer than any study"},
-      {"{}" + std::string(70'000'000, ' '), "it is longer than any study"},
+      {store::Packed(tooLong), "it is longer than any study"},
+      {tooLong, "it is longer than any study"},
       {store::Packed(values).substr(0, 40), "its compression is broken"},
       {values.substr(0, 20), "its end is missing"},
       {"{\"kind\" 5}", "it is broken at character 9"},
