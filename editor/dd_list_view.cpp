@@ -1,6 +1,7 @@
 #include "editor/dd_list_view.h"
 
 #include <algorithm>
+#include <map>
 #include <string_view>
 #include <utility>
 
@@ -183,23 +184,20 @@ std::string XDDListView::LimitFault() const {
   const EntityCollection& entities = Required(TheCollection());
   if (maxRows_ == 0 || entities.Count() == 0) return {};
   const std::string limit = std::to_string(maxRows_);
-  const auto ofSameEcp = [&entities](const std::shared_ptr<CEntity>& entity) {
-    return std::ranges::count_if(entities,
-                                 [&entity](const auto& other) { return other->SharesEcpWith(*entity); });
-  };
+  std::map<std::pair<std::int32_t, std::int32_t>, std::int32_t> counts;  // of each ECP
+  for (const auto& entity : entities) ++counts[{entity->SystemID(), entity->EcpID()}];
   switch (entityType_) {
     case EntityType::Ecp:
       return entities.Count() <= maxRows_ ? std::string() : "No more than " + limit + " ECP can be studied";
     case EntityType::RfcCell:
       if (entities.Count() >= maxRows_) return "Only fewer than " + limit + " cells can be studied";
-      return ofSameEcp(*entities.begin()) == entities.Count() ? std::string()
-                                                              : "All cells must belong to the same ECP";
+      return counts.size() == 1 ? std::string() : "All cells must belong to the same ECP";
     case EntityType::VcsCell: {
       const auto tooMany =
-          std::ranges::find_if(entities, [&](const auto& entity) { return ofSameEcp(entity) > maxRows_; });
-      if (tooMany == entities.end()) return {};
+          std::ranges::find_if(counts, [this](const auto& ecp) { return ecp.second > maxRows_; });
+      if (tooMany == counts.end()) return {};
       return "No more than " + limit + " cells of one ECP can be studied; the study has " +
-             std::to_string(ofSameEcp(*tooMany)) + " of ECP " + std::to_string((*tooMany)->EcpID());
+             std::to_string(tooMany->second) + " of ECP " + std::to_string(tooMany->first.second);
     }
     default: return {};
   }

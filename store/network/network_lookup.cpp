@@ -1,6 +1,7 @@
 #include "store/network/network_lookup.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
 #include <utility>
@@ -33,9 +34,7 @@ class NetworkLookup::Group {
   Group(host::Database& database, const CEntity& first)
       : database_(database), system_(first.SystemID()), ecp_(first.EcpID()) {}
 
-  bool Takes(const CEntity& entity) const {
-    return entities_.size() < kMost && entity.SystemID() == system_ && entity.EcpID() == ecp_;
-  }
+  bool IsFull() const { return entities_.size() == kMost; }
   void Add(const CEntity& entity) {
     entities_.push_back(&entity);
     cells_ += (cells_.empty() ? "" : ", ") + std::to_string(CellOf(entity));
@@ -92,11 +91,14 @@ class NetworkLookup::Group {
   NumberPairs StoredCarriers() const {
     NumberPairs carriers =
         Pairs("SELECT cell, cdma_carr_id FROM luc_cfg_cdma_car_chans WHERE " + Where("", "ecp", "cell"));
+    std::set<std::int32_t> withOwn;
+    for (const auto& [cell, carrier] : carriers) withOwn.insert(cell);
     const NumberPairs ofCgsa = Pairs(
         "SELECT b.cell, a.carrier_no FROM luc_cfg_cgsa_cdma_cars a, luc_cfg_cgsa_cell_list b "
         "WHERE a.system_id = b.system_id AND a.ecp = b.ecp AND a.cgsano = b.cgsano AND " +
         Where("b.", "ecp", "cell"));
-    carriers.insert(ofCgsa.begin(), ofCgsa.end());
+    std::ranges::copy_if(ofCgsa, std::inserter(carriers, carriers.end()),
+                         [&withOwn](const auto& pair) { return !withOwn.contains(pair.first); });
     return carriers;
   }
 
@@ -128,9 +130,14 @@ NetworkLookup::NetworkLookup(host::Database& database)
 
 std::vector<std::string> NetworkLookup::ProblemsOf(const EntityCollection& entities) const {
   std::vector<Group> groups;
+  std::map<std::pair<std::int32_t, std::int32_t>, std::size_t> open;  // of each ECP, the group with room
   for (const auto& entity : entities) {
-    const auto taker = std::ranges::find_if(groups, [&](const Group& group) { return group.Takes(*entity); });
-    (taker == groups.end() ? groups.emplace_back(database_, *entity) : *taker).Add(*entity);
+    const auto [found, isNew] = open.try_emplace({entity->SystemID(), entity->EcpID()}, groups.size());
+    if (isNew || groups[found->second].IsFull()) {
+      found->second = groups.size();
+      groups.emplace_back(database_, *entity);
+    }
+    groups[found->second].Add(*entity);
   }
   std::vector<std::string> problems;
   for (const Group& group : groups) group.AddProblems(problems);

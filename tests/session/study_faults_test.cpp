@@ -239,8 +239,8 @@ TEST_F(StudyFaults, AreToldInTheSameWordsByImportCheckAndValidate) {
        "cell 1-1-1 has instance 1003 in the stored network, not 1004"},
       {kVcsStudy, "/data/Cells/0/Antennas/0/AntennaId", 99,
        "antenna 99 of cell 1-1-1 is not in the stored network"},
-      {kVcsStudy, "/data/Cells/0/Carriers/0/CarrierId", 88,
-       "carrier 88 of cell 1-1-1 is not in the stored network"},
+      {kVcsStudy, "/data/Cells/0/Carriers/0/CarrierId", 3,
+       "carrier 3 of cell 1-1-1 is not in the stored network"},
       {kVcsStudy, "/data/Cells", cells,
        "General: No more than 10 cells of one ECP can be studied; the study has 11 of ECP 1"},
   };
