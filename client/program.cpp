@@ -54,7 +54,7 @@ class Program::Scenarios : public host::DocumentLibrary {
   std::optional<host::Document> AskForNewDocument(const host::DocumentType&) override {
     const auto name = askForName_ ? askForName_() : std::nullopt;
     if (!name) return std::nullopt;
-    const host::Document scenario{program_.Store().Scenarios().Add(*name), *name};
+    const host::Document scenario{program_.Store().Scenarios().Add(*name, program_.UserName()), *name};
     program_.AnnounceScenarios();
     return scenario;
   }

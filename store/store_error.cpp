@@ -18,8 +18,7 @@ std::string FailureText(const std::exception& failure) {
              "try "
              "again.";
     case FailureCause::ConnectionLost:
-      return "The connection to the study database was lost. Check the network, look whether your last "
-             "change was stored, then try again.";
+      return "The connection to the study database was lost. Check the network, then try again.";
     case FailureCause::Damaged: return "The study database is damaged. Restore it from a copy.";
     case FailureCause::Constraint:
     case FailureCause::Other: return failure.what();

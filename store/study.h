@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "core/study_data.h"
@@ -18,12 +19,21 @@ enum class KindData {
 /// Tells the user what KindData::Missing means and how it is mended.
 std::string MissingDataText(std::int32_t id);
 
+/// A save of which it is not known whether it was stored.
+struct UnsettledSave {
+  std::string token;
+  std::int32_t id = 0;
+  std::int32_t revision = 0;
+  bool asCopy = false;
+};
+
 /// A study with what the program stores beside the shared record.
 struct Study {
   std::shared_ptr<CKivStudyData> record;
   std::string name;
   std::int32_t revision = 0;  ///< counts the saves; 0 while the study was never stored
   KindData kindData = KindData::Complete;
+  std::optional<UnsettledSave> unsettled{};
 };
 
 /// The title of a kind's editor. Raises UnknownKind.

@@ -177,7 +177,7 @@ int ImportNetworkFolder(Program& program, const Options& options, std::ostream& 
     report = store::CheckNetwork(options.folder, progress);
   } else {
     program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Refuse);
-    report = store::ImportNetwork(program.Store().Database(), options.folder, progress);
+    report = store::ImportNetwork(program.Store().Database(), options.folder, progress, program.UserName());
   }
   PrintNetworkReport(report, options.Format(), out, err);
   return report.badLines.empty() ? kOk : kRefused;

@@ -29,6 +29,7 @@ store::Json JsonOf(const store::HistoryEntry& entry) {
           {"revision", entry.revision},
           {"event", store::EventName(entry.event)},
           {"changedBy", entry.changedBy},
+          {"loginRole", entry.loginRole.empty() ? store::Json() : store::Json(entry.loginRole)},
           {"changedAt", entry.changedAt},
           {"kind", entry.kind},
           {"name", entry.name}};
@@ -50,7 +51,7 @@ void PrintHistory(const std::vector<HistoryStep>& steps, OutputFormat format, st
   table.AddLine({"REVISION", "WHEN", "WHO", "WHAT", "CHANGED"});
   for (const HistoryStep& step : steps) {
     const store::HistoryEntry& entry = step.entry;
-    table.AddLine({std::to_string(entry.revision), store::LocalTimeText(entry.changedAt), entry.changedBy,
+    table.AddLine({std::to_string(entry.revision), store::LocalTimeText(entry.changedAt), WhoText(entry),
                    store::EventName(entry.event), step.Summary()});
   }
   table.Print();
@@ -81,7 +82,7 @@ void PrintDeletedStudies(const std::vector<store::HistoryEntry>& studies, Output
   TextTable table(5, out);
   table.AddLine({"ID", "KIND", "NAME", "DELETED BY", "DELETED AT"});
   for (const store::HistoryEntry& entry : studies) {
-    table.AddLine({std::to_string(entry.study), entry.kind, entry.name, entry.changedBy,
+    table.AddLine({std::to_string(entry.study), entry.kind, entry.name, WhoText(entry),
                    store::LocalTimeText(entry.changedAt)});
   }
   table.Print();

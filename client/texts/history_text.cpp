@@ -30,6 +30,11 @@ std::string HistoryStep::Summary() const {
   return damage.empty() ? store::SummaryOf(differences) : "not known";
 }
 
+std::string WhoText(const store::HistoryEntry& entry) {
+  if (entry.loginRole.empty() || entry.loginRole == entry.changedBy) return entry.changedBy;
+  return entry.changedBy + " (login " + entry.loginRole + ")";
+}
+
 std::vector<HistoryStep> StepsOf(const store::StudyHistory& history, std::int32_t study) {
   std::vector<HistoryStep> steps;
   std::string before;

@@ -25,6 +25,9 @@ struct HistoryStep {
 /// nothing that is known.
 std::vector<HistoryStep> StepsOf(const store::StudyHistory& history, std::int32_t study);
 
+/// Who made a change: the user, and the login that the server recorded where that has another name.
+std::string WhoText(const store::HistoryEntry& entry);
+
 /// `changed`, `added` or `removed`
 std::string ChangeWord(store::StudyDifference::Kind kind);
 

@@ -89,21 +89,22 @@ class ScenariosDialog : public QDialog {
   }
 
   void Add() {
-    AskName(QStringLiteral("New Scenario"), {},
-            [this](const std::string& name) { return program_.Store().Scenarios().Add(name); });
+    AskName(QStringLiteral("New Scenario"), {}, [this](const std::string& name) {
+      return program_.Store().Scenarios().Add(name, program_.UserName());
+    });
   }
 
   void Rename() {
     AskName(QStringLiteral("Rename Scenario"), list_->currentItem()->text(), [this](const std::string& name) {
       const std::int32_t id = SelectedID();
-      program_.Store().Scenarios().Rename(id, name);
+      program_.Store().Scenarios().Rename(id, name, program_.UserName());
       return id;
     });
   }
 
   void Remove() {
     try {
-      program_.Store().Scenarios().Remove(SelectedID());
+      program_.Store().Scenarios().Remove(SelectedID(), program_.UserName());
       Fill(0);
       program_.AnnounceScenarios();
     } catch (const std::exception& error) {

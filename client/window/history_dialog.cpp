@@ -109,7 +109,7 @@ class HistoryDialog : public QDialog {
     for (auto step = steps_.rbegin(); step != steps_.rend(); ++step) {
       const store::HistoryEntry& entry = step->entry;
       revisions_->AddRow({QString::number(entry.revision), ToQt(store::LocalTimeText(entry.changedAt)),
-                          ToQt(entry.changedBy), ToQt(std::string(store::EventName(entry.event))),
+                          ToQt(WhoText(entry)), ToQt(std::string(store::EventName(entry.event))),
                           ToQt(step->Summary())});
     }
     auto* all = new QVBoxLayout(this);
@@ -163,7 +163,7 @@ class HistoryDialog : public QDialog {
         if (i == selected || entry.event == store::StudyEvent::Deleted) continue;
         compare_->addItem(QStringLiteral("revision %1, %2, %3")
                               .arg(entry.revision)
-                              .arg(ToQt(entry.changedBy), ToQt(store::LocalTimeText(entry.changedAt))),
+                              .arg(ToQt(WhoText(entry)), ToQt(store::LocalTimeText(entry.changedAt))),
                           static_cast<int>(i));
       }
       for (std::size_t before = selected; before-- > 0;) {
@@ -260,7 +260,7 @@ class DeletedStudiesDialog : public QDialog {
     studies_ = program_.Store().History().DeletedStudies();
     list_->setRowCount(0);
     for (const store::HistoryEntry& study : studies_) {
-      list_->AddRow({QString::number(study.study), ToQt(study.kind), ToQt(study.name), ToQt(study.changedBy),
+      list_->AddRow({QString::number(study.study), ToQt(study.kind), ToQt(study.name), ToQt(WhoText(study)),
                      ToQt(store::LocalTimeText(study.changedAt))});
     }
     nothing_->setVisible(studies_.empty());

@@ -135,8 +135,9 @@ class NetworkDialog : public QDialog {
     result_->hide();
     try {
       Show(RunWithProgress([&](const store::ImportProgress& progress) {
-        return tryFirst_->isChecked() ? store::CheckNetwork(folder, progress)
-                                      : store::ImportNetwork(program_.Store().Database(), folder, progress);
+        return tryFirst_->isChecked()
+                   ? store::CheckNetwork(folder, progress)
+                   : store::ImportNetwork(program_.Store().Database(), folder, progress, program_.UserName());
       }));
     } catch (const std::exception& error) {
       TellFailure(error);

@@ -53,10 +53,10 @@ void StudyHistory::RequireKept() const {
 
 std::vector<HistoryEntry> StudyHistory::Read(const std::string& condition) const {
   RequireKept();
-  const auto rows =
-      Query(connection_,
-            "SELECT study_id, revision, event, changed_by, changed_at, kind, name FROM kiv_study_history " +
-                condition + " ORDER BY study_id, revision");
+  const std::string loginRole = changes_.AreKept() ? "login_role" : "NULL";
+  const auto rows = Query(
+      connection_, "SELECT study_id, revision, event, changed_by, changed_at, kind, name, " + loginRole +
+                       " FROM kiv_study_history " + condition + " ORDER BY study_id, revision");
   std::vector<HistoryEntry> entries;
   for (; !rows->EndOfFile(); rows->MoveNext()) {
     int column = 0;
@@ -69,6 +69,7 @@ std::vector<HistoryEntry> StudyHistory::Read(const std::string& condition) const
     entry.changedAt = ToText(next());
     entry.kind = ToText(next());
     entry.name = ToText(next());
+    entry.loginRole = ToText(next());
   }
   return entries;
 }
@@ -114,8 +115,8 @@ std::string StudyHistory::Content(std::int32_t study, std::int32_t revision) con
   }
 }
 
-void StudyHistory::Add(const HistoryEntry& entry, const std::string& content) {
-  const std::vector<host::Assignment> values = {
+void StudyHistory::Add(const HistoryEntry& entry, const std::string& content, const Change& change) {
+  std::vector<host::Assignment> values = {
       {"study_id", entry.study},
       {"revision", entry.revision},
       {"event", EventName(entry.event)},
@@ -125,6 +126,7 @@ void StudyHistory::Add(const HistoryEntry& entry, const std::string& content) {
       {"name", entry.name},
       {"content", content.empty() ? Variant() : Variant(Packed(content))},
   };
+  if (!change.Token().empty()) values.push_back({"change_token", change.Token()});
   connection_.ExecuteSql(sql::InsertStatement(connection_, kTable, values));
 }
 

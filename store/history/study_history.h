@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "database/connection.h"
+#include "store/history/change.h"
 #include "store/study.h"
 
 namespace kiv::store {
@@ -31,13 +32,15 @@ struct HistoryEntry {
   std::string changedAt;  ///< UTC, such as 2026-03-09T13:05:00Z
   std::string kind;
   std::string name;
+  std::string loginRole{};  ///< that the server had logged in; empty when it was not recorded
 };
 
 /// The history of the studies of a database: one entry for each save and each deletion, with the content
 /// after it as JSON. What was before is the entry before.
 class StudyHistory {
  public:
-  explicit StudyHistory(database::Connection& connection) : connection_(connection) {}
+  StudyHistory(database::Connection& connection, const Changes& changes)
+      : connection_(connection), changes_(changes) {}
 
   /// Whether the database has a place for it. One that keeps an older layout has none.
   bool IsKept() const;
@@ -51,14 +54,15 @@ class StudyHistory {
   std::string Content(std::int32_t study, std::int32_t revision) const;
   bool Has(std::int32_t study, std::int32_t revision) const;
 
-  /// Adds an entry within the transaction of the save.
-  void Add(const HistoryEntry& entry, const std::string& content);
+  /// Adds an entry within the transaction of a change. Who is logged in is recorded by the server itself.
+  void Add(const HistoryEntry& entry, const std::string& content, const Change& change);
 
  private:
   void RequireKept() const;
   std::vector<HistoryEntry> Read(const std::string& condition) const;
 
   database::Connection& connection_;
+  const Changes& changes_;
   mutable std::optional<bool> kept_;
 };
 

@@ -3,9 +3,9 @@
 #include <memory>
 #include <utility>
 
-#include "database/transaction.h"
+#include "store/history/change.h"
 #include "store/network/network_files.h"
-#include "store/store_error.h"
+#include "store/times.h"
 #include "store/whole_file.h"
 
 namespace kiv::store {
@@ -124,10 +124,11 @@ NetworkReport Check(const std::string& folder, const ImportProgress& progress, d
   return report;
 }
 
-void Write(database::Connection& connection, const InsertStatements& inserts,
-           const ImportProgress& progress) {
+void Write(database::Connection& connection, const InsertStatements& inserts, const ImportProgress& progress,
+           const std::string& user) {
   const Progress told(progress, kShareOfCheck, 1, inserts.Statements().size());
-  database::Transaction transaction(connection);
+  const Changes changes(connection);
+  Change change(changes, {.event = "network", .user = user, .time = UtcNow()});
   for (const NetworkTable& table : NetworkTables()) {
     connection.ExecuteSql("DELETE FROM " + std::string(table.name));
   }
@@ -137,7 +138,7 @@ void Write(database::Connection& connection, const InsertStatements& inserts,
     connection.ExecuteSql(statement.sql);
   }
   told.Tell("Finishing", done);
-  transaction.Commit();
+  change.Commit();
 }
 
 NetworkReport CancelledReport() {
@@ -157,14 +158,14 @@ NetworkReport CheckNetwork(const std::string& folder, const ImportProgress& prog
 }
 
 NetworkReport ImportNetwork(database::Connection& connection, const std::string& folder,
-                            const ImportProgress& progress) {
+                            const ImportProgress& progress, const std::string& user) {
   try {
     InsertStatements inserts(connection);
     NetworkReport report = Check(
         folder, progress, kShareOfCheck,
         [&inserts](const NetworkTable& table, std::span<const Variant> row) { inserts.Add(table, row); });
     if (report.outcome == NetworkReport::Outcome::Refused) return report;
-    Write(connection, inserts, progress);
+    Write(connection, inserts, progress, user);
     report.outcome = NetworkReport::Outcome::Imported;
     return report;
   } catch (const Cancelled&) {

@@ -35,8 +35,8 @@ NetworkReport CheckNetwork(const std::string& folder, const ImportProgress& prog
 
 /// Checks the files and, when all is good, replaces the stored configuration by theirs in one transaction.
 /// Studies stay as they are. A database that fails raises host::DatabaseError and keeps the old
-/// configuration.
+/// configuration; OutcomeUnknown says that this could not be found out.
 NetworkReport ImportNetwork(database::Connection& connection, const std::string& folder,
-                            const ImportProgress& progress = {});
+                            const ImportProgress& progress = {}, const std::string& user = {});
 
 }  // namespace kiv::store

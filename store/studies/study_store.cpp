@@ -129,8 +129,9 @@ class InsertWhenMissing {
 
 StudyStore::StudyStore(std::shared_ptr<database::Connection> connection, std::shared_ptr<ErrorLog> errors)
     : connection_(std::move(connection)),
-      history_(*connection_),
-      scenarios_(*connection_),
+      changes_(*connection_),
+      history_(*connection_, changes_),
+      scenarios_(*connection_, changes_),
       errors_(std::move(errors)) {}
 
 host::Services StudyStore::OwnServices() const {
@@ -202,16 +203,24 @@ Study StudyStore::Read(std::int32_t id) const {
 }
 
 void StudyStore::Save(Study& study, const std::string& user) {
+  if (study.unsettled && !study.unsettled->asCopy) Settle(study);
+  Store(study, user, false);
+}
+
+void StudyStore::Store(Study& study, const std::string& user, bool asCopy) {
   CKivStudyData& record = *study.record;
   const std::int32_t idBefore = record.ID();
+  std::int32_t revision = 0;
   try {
-    database::Transaction transaction(*connection_);
     const StudyEvent event = record.IsNew() ? StudyEvent::Created : StudyEvent::Changed;
-    const std::int32_t revision = Write(study, {event, user, UtcNow()});
-    transaction.Commit();
-    study.revision = revision;
-    study.kindData = KindData::Complete;
-    record.SetIsNew(false);
+    const std::string now = UtcNow();
+    Change change(changes_, {EventName(event), user, now, 1});
+    revision = Write(study, {event, user, now, change});
+    change.Commit();
+  } catch (const OutcomeUnknown& unknown) {
+    if (!unknown.Token().empty()) study.unsettled = {unknown.Token(), record.ID(), revision, asCopy};
+    record.SetID(idBefore);
+    throw;
   } catch (const database::StatementError& error) {
     record.SetID(idBefore);
     if (error.Cause() == database::FailureCause::Constraint && ScenarioIsDeleted(record)) {
@@ -222,6 +231,19 @@ void StudyStore::Save(Study& study, const std::string& user) {
     record.SetID(idBefore);
     throw;
   }
+  study.revision = revision;
+  study.kindData = KindData::Complete;
+  record.SetIsNew(false);
+}
+
+/// Goes on from a save whose answer was lost, when it was stored.
+void StudyStore::Settle(Study& study) const {
+  if (changes_.IsStored(study.unsettled->token)) {
+    study.record->SetID(study.unsettled->id);
+    study.record->SetIsNew(false);
+    study.revision = study.unsettled->revision;
+  }
+  study.unsettled.reset();
 }
 
 /// Writes a study within a transaction, and what happened into its history; returns its revision.
@@ -229,7 +251,7 @@ std::int32_t StudyStore::Write(Study& study, const SaveNote& note, Identifier id
   const host::Scope own(OwnServices(), host::Rest::AsBefore);
   const ErrorLog::Watch watch(*errors_);
   CKivStudyData& record = *study.record;
-  if (!record.IsNew()) KeepKnownState(record.ID(), study.revision);
+  if (!record.IsNew()) KeepKnownState(record.ID(), study.revision, note.change);
   // Asked before anything is written, because the rows of the study wait to be sent together.
   const std::string scenario = history_.IsKept() ? scenarios_.NameOf(record.ScenarioID()) : std::string();
   const WrittenRow row = WriteStudyRow(study, note, identifier);
@@ -243,12 +265,13 @@ std::int32_t StudyStore::Write(Study& study, const SaveNote& note, Identifier id
 }
 
 void StudyStore::AddAll(std::vector<NamedStudy>& studies, const std::string& user) {
-  database::Transaction transaction(*connection_);
+  const std::string now = UtcNow();
+  Change change(changes_, {"import", user, now, studies.size()});
   for (NamedStudy& named : studies) {
     if (!named.scenario.empty()) named.study.record->SetScenarioID(scenarios_.FindOrAdd(named.scenario));
-    named.study.revision = Write(named.study, {StudyEvent::Created, user, UtcNow()});
+    named.study.revision = Write(named.study, {StudyEvent::Created, user, now, change});
   }
-  transaction.Commit();
+  change.Commit();
   for (const NamedStudy& named : studies) named.study.record->SetIsNew(false);
 }
 
@@ -304,15 +327,21 @@ StudyConflict StudyStore::ConflictOver(std::int32_t id) const {
 
 void StudyStore::SaveCopy(Study& study, const std::string& user) {
   CKivStudyData& record = *study.record;
+  if (study.unsettled && study.unsettled->asCopy) {
+    const bool wasNew = record.IsNew();
+    const std::int32_t id = record.ID();
+    Settle(study);
+    if (record.ID() != id || record.IsNew() != wasNew) return Store(study, user, false);  // into that copy
+  }
   const Study before = study;
   const bool wasNew = record.IsNew();
   record.SetIsNew(true);
   study.revision = 0;
   try {
-    Save(study, user);
+    Store(study, user, true);
   } catch (...) {
     record.SetIsNew(wasNew);
-    study = before;
+    study.revision = before.revision;
     throw;
   }
 }

@@ -60,7 +60,8 @@ class StudyStore {
   /// completely. A study whose kind has no data is loaded; look at `kindData`.
   Study Load(std::int32_t id) const;
   /// Stores a study whole or not at all, as a new one while its record is new. On success the record is no
-  /// longer new; on failure the study is as it was before. Raises ScenarioDeleted.
+  /// longer new; on failure the study is as it was before. Raises ScenarioDeleted, and OutcomeUnknown: then
+  /// the study remembers the save, and the next one first asks what became of it.
   void Save(Study& study, const std::string& user);
   /// Stores a copy under a new identifier; on failure the study is as it was before.
   void SaveCopy(Study& study, const std::string& user);
@@ -72,6 +73,8 @@ class StudyStore {
   /// under its old number. Raises StoreError when there is no such state, or the study has it now.
   std::int32_t Restore(std::int32_t id, std::int32_t revision, const std::string& user);
   const StudyHistory& History() const { return history_; }
+
+  const Changes& AllChanges() const { return changes_; }
 
   store::Scenarios& Scenarios() { return scenarios_; }
   const store::Scenarios& Scenarios() const { return scenarios_; }
@@ -93,18 +96,22 @@ class StudyStore {
     StudyEvent event;
     std::string user;
     std::string time;
+    const Change& change;
   };
 
+  void Store(Study& study, const std::string& user, bool asCopy);
+  void Settle(Study& study) const;
   std::int32_t Write(Study& study, const SaveNote& note, Identifier identifier = Identifier::OfDatabase);
   WrittenRow WriteStudyRow(const Study& study, const SaveNote& note, Identifier identifier);
   std::optional<std::int32_t> LockStudy(std::int32_t id);
-  void KeepKnownState(std::int32_t id, std::int32_t revision);
+  void KeepKnownState(std::int32_t id, std::int32_t revision, const Change& change);
   void AddToHistory(const Study& study, const std::string& scenario, std::int32_t revision,
                     const SaveNote& note);
   bool ScenarioIsDeleted(const CKivStudyData& record) const;
   StudyConflict ConflictOver(std::int32_t id) const;
 
   std::shared_ptr<database::Connection> connection_;
+  Changes changes_;
   StudyHistory history_;
   store::Scenarios scenarios_;
   std::shared_ptr<ErrorLog> errors_;

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "core/conversions.h"
-#include "database/transaction.h"
 #include "store/exchange/json.h"
 #include "store/exchange/study_json.h"
 #include "store/query.h"
@@ -22,7 +21,7 @@ std::optional<std::int32_t> StudyStore::LockStudy(std::int32_t id) {
 }
 
 /// A study may have been saved before its history was kept, or by a program that does not keep it.
-void StudyStore::KeepKnownState(std::int32_t id, std::int32_t revision) {
+void StudyStore::KeepKnownState(std::int32_t id, std::int32_t revision, const Change& change) {
   if (!history_.IsKept() || history_.Has(id, revision)) return;
   const auto row =
       Query(*connection_, "SELECT kind, name, modified_by, modified_at FROM kiv_study WHERE id = " +
@@ -39,7 +38,7 @@ void StudyStore::KeepKnownState(std::int32_t id, std::int32_t revision) {
   }
   history_.Add({id, revision, StudyEvent::Known, ToText(row->FieldAt(2)), ToText(row->FieldAt(3)),
                 ToText(row->FieldAt(0)), ToText(row->FieldAt(1))},
-               content);
+               content, change);
 }
 
 void StudyStore::AddToHistory(const Study& study, const std::string& scenario, std::int32_t revision,
@@ -49,22 +48,23 @@ void StudyStore::AddToHistory(const Study& study, const std::string& scenario, s
   Study written = study;
   written.kindData = KindData::Complete;
   history_.Add({record.ID(), revision, note.event, note.user, note.time, record.AppName(), study.name},
-               ContentText(written, scenario, record.SubRecord()->WrittenLists()));
+               ContentText(written, scenario, record.SubRecord()->WrittenLists()), note.change);
 }
 
 void StudyStore::Remove(std::int32_t id, const std::string& user) {
-  database::Transaction transaction(*connection_);
+  const std::string now = UtcNow();
+  Change change(changes_, {EventName(StudyEvent::Deleted), user, now, 1});
   const auto revision = LockStudy(id);
   if (!revision) return;
-  KeepKnownState(id, *revision);
+  KeepKnownState(id, *revision, change);
   const auto row =
       Query(*connection_, "DELETE FROM kiv_study WHERE id = " + std::to_string(id) + " RETURNING kind, name");
   if (history_.IsKept()) {
-    history_.Add({id, *revision + 1, StudyEvent::Deleted, user, UtcNow(), ToText(row->FieldAt(0)),
-                  ToText(row->FieldAt(1))},
-                 {});
+    history_.Add(
+        {id, *revision + 1, StudyEvent::Deleted, user, now, ToText(row->FieldAt(0)), ToText(row->FieldAt(1))},
+        {}, change);
   }
-  transaction.Commit();
+  change.Commit();
 }
 
 std::int32_t StudyStore::Restore(std::int32_t id, std::int32_t revision, const std::string& user) {
@@ -75,7 +75,8 @@ std::int32_t StudyStore::Restore(std::int32_t id, std::int32_t revision, const s
   }
   NamedStudy named = ReadKept(content);
   CKivStudyData& record = *named.study.record;
-  database::Transaction transaction(*connection_);
+  const std::string now = UtcNow();
+  Change change(changes_, {EventName(StudyEvent::Restored), user, now, 1});
   const auto present = LockStudy(id);
   if (present == revision) {
     throw StoreError("Study " + std::to_string(id) + " is at revision " + std::to_string(revision) +
@@ -83,15 +84,15 @@ std::int32_t StudyStore::Restore(std::int32_t id, std::int32_t revision, const s
   }
   if (present) {
     // Its rows are written anew, because an update leaves some columns as they are.
-    KeepKnownState(id, *present);
+    KeepKnownState(id, *present, change);
     connection_->ExecuteSql("DELETE FROM kiv_study WHERE id = " + std::to_string(id));
   }
   named.study.revision = present ? *present : history_.Entries(id).back().revision;
   record.SetID(id);
   if (!named.scenario.empty()) record.SetScenarioID(scenarios_.FindOrAdd(named.scenario));
   const std::int32_t restored =
-      Write(named.study, {StudyEvent::Restored, user, UtcNow()}, Identifier::OfRecord);
-  transaction.Commit();
+      Write(named.study, {StudyEvent::Restored, user, now, change}, Identifier::OfRecord);
+  change.Commit();
   return restored;
 }
 

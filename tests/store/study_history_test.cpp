@@ -5,12 +5,17 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <future>
+
 #include "client/texts/history_text.h"
 #include "database/open.h"
 #include "database/schema.h"
+#include "database/statement_error.h"
 #include "store/history/packed_text.h"
 #include "support/engine_and_kind.h"
+#include "support/rows_text.h"
 #include "support/test_store.h"
+#include "support/watched_connection.h"
 
 namespace kiv::client {
 namespace {
@@ -108,6 +113,112 @@ TEST_P(History, BeginsWithWhatIsThereWhenADatabaseIsUpgraded) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, History, test::EveryEngineAndKind(), test::NameOf);
+
+[[noreturn]] void LoseConnection() {
+  throw database::StatementError(database::FailureCause::ConnectionLost, "cut", "COMMIT");
+}
+
+TEST(LostAnswer, IsFoundOutSoThatEachChangeIsMadeOnce) {
+  for (const test::Engine& engine : test::Engines()) {
+    SCOPED_TRACE(engine.name);
+    const auto database = engine.start();
+    const auto connection = database->Connect();
+    database::UpgradeSchema(*connection);
+    const auto watched = std::make_shared<test::WatchedConnection>(connection);
+    test::TestStore store{watched};
+    const auto commit = watched->commit;
+    const auto storeAndLose = [](database::Connection& inner) {
+      inner.Commit();
+      LoseConnection();
+    };
+    const auto storeAndGoAway = [&](database::Connection& inner) {
+      watched->beforeCall = LoseConnection;
+      storeAndLose(inner);
+    };
+    watched->commit = storeAndLose;
+    store::Study study = store->New(test::RichKinds()[0]);
+    test::Fill(study, 1);
+    store->Save(study, "ann");
+    const std::int32_t id = study.record->ID();
+    const std::int32_t scenario = store->Scenarios().Add("Harbour");
+    EXPECT_EQ(scenario, store->Scenarios().Find("harbour"));
+    store->Save(study, "ann");
+    EXPECT_EQ(store->Restore(id, 1, "ann"), 3);
+
+    study = store->Load(id);
+    watched->commit = [](database::Connection& inner) {
+      inner.Rollback();
+      LoseConnection();
+    };
+    EXPECT_THROW(store->Save(study, "bob"), database::StatementError) << "was not stored, and it is said so";
+    EXPECT_EQ(study.revision, 3);
+    for (const bool asCopy : {false, true}) {
+      const auto save = [&] { asCopy ? store->SaveCopy(study, "bob") : store->Save(study, "bob"); };
+      watched->commit = storeAndGoAway;
+      EXPECT_THROW(save(), store::OutcomeUnknown);
+      EXPECT_THROW(save(), database::StatementError) << "still not to be asked";
+      watched->beforeCall = [] {};
+      watched->commit = commit;
+      save();
+      EXPECT_EQ(study.revision, asCopy ? 2 : 5) << "its own save is no conflict";
+      EXPECT_EQ(store->Count(), asCopy ? 2U : 1U);
+    }
+    store->Remove(id, "ann");
+    EXPECT_EQ(store->List().front().id, study.record->ID());
+  }
+}
+
+TEST(LostAnswer, IsNotLookedForBeforeTheOtherEnded) {
+  const auto database = test::PostgresEngine().start();
+  const auto connection = database->Connect();
+  database::UpgradeSchema(*connection);
+  const store::Changes changes(*connection);
+  for (const bool stored : {true, false}) {
+    const auto other = database->Connect();
+    const store::Changes others(*other);
+    std::optional<store::Change> change(std::in_place, others, store::ChangeNote{"import", "ann", "now", 1});
+    other->OpenQuery("SELECT 1", 0);  // sends what waits
+    auto found = std::async(std::launch::async, [&] { return changes.IsStored(change->Token()); });
+    EXPECT_EQ(found.wait_for(std::chrono::milliseconds(300)), std::future_status::timeout);
+    stored ? change->Commit() : change.reset();
+    EXPECT_EQ(found.get(), stored);
+  }
+}
+
+TEST(LoginRole, IsRecordedByTheServerInAHistoryThatItsUsersOnlyAddTo) {
+  const auto database = test::PostgresEngine().start();
+  const auto owner = database->Connect();
+  database::UpgradeSchema(*owner);
+  for (const char* sql :
+       {"CREATE ROLE kivstudy_users NOLOGIN",
+        "GRANT SELECT, INSERT, UPDATE, DELETE ON ALL TABLES IN SCHEMA public TO kivstudy_users",
+        "GRANT USAGE ON SCHEMA lucent_generic TO kivstudy_users",
+        "REVOKE UPDATE, DELETE ON kiv_study_history, kiv_change FROM kivstudy_users",
+        "CREATE ROLE anna LOGIN IN ROLE kivstudy_users"}) {
+    owner->ExecuteSql(sql);
+  }
+  const auto connection = database->Connect();
+  connection->ExecuteSql("SET SESSION AUTHORIZATION anna");
+  test::TestStore store{connection};
+  store->Scenarios().Add("Downtown");
+  store::Study study = store->New(test::RichKinds()[0]);
+  test::Fill(study, 1);
+  store->Save(study, "desk");
+  const std::int32_t id = study.record->ID();
+  store->Remove(id, "anna");
+  store->Restore(id, 1, "desk");
+  const auto entries = store->History().Entries(id);
+  EXPECT_EQ(WhoText(entries[0]), "desk (login anna)");
+  EXPECT_EQ(WhoText(entries[1]), "anna");
+  for (const std::string table : {"kiv_study_history", "kiv_change"}) {
+    for (const std::string& sql : {"UPDATE " + table + " SET changed_by = 'eve', login_role = 'eve'",
+                                   "DELETE FROM " + table, "TRUNCATE " + table}) {
+      EXPECT_THROW(connection->ExecuteSql(sql), host::DatabaseError) << sql;
+    }
+  }
+  connection->ExecuteSql("INSERT INTO kiv_change VALUES ('forged', 'import', 1, 'eve', 'now', 'eve')");
+  EXPECT_EQ(test::RowsText(*owner, "login_role", "kiv_change WHERE token = 'forged'"), "anna;");
+}
 
 TEST(PackedText, IsReadAsEarlierVersionsWroteItAndNeverInflatedBeyondItsLength) {
   const std::string content = "{\"a\":\"" + std::string(9000, 'x') + "\"}";

@@ -15,6 +15,7 @@ class WatchedConnection : public database::Connection {
   explicit WatchedConnection(std::shared_ptr<database::Connection> inner) : inner_(std::move(inner)) {}
 
   std::function<void()> beforeCall = [] {};
+  std::function<void(database::Connection& inner)> commit = [](auto& inner) { inner.Commit(); };
 
   std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql, int timeoutSeconds) override {
     return Watched().OpenQuery(sql, timeoutSeconds);
@@ -31,7 +32,7 @@ class WatchedConnection : public database::Connection {
   void VisitRows(const std::string& sql, int timeoutSeconds, const database::RowVisitor& visit) override {
     Watched().VisitRows(sql, timeoutSeconds, visit);
   }
-  void Commit() override { Watched().Commit(); }
+  void Commit() override { commit(Watched()); }
   void Rollback() override { Watched().Rollback(); }
 
   std::string FormatValueList(std::span<const Variant> values) const override {
