@@ -1,10 +1,12 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <span>
 #include <string>
 #include <string_view>
 
+#include "database/wait.h"
 #include "host/database.h"
 
 namespace kiv::database {
@@ -31,6 +33,12 @@ class Connection : public host::Database {
 
   /// Runs a query and shows its rows as they come: long lists are not kept in memory.
   virtual void VisitRows(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) = 0;
+
+  /// Sets who is asked while the connection waits; nobody is without one.
+  virtual void SetWaitHandler(WaitHandler handler) = 0;
+  /// Sets how long a statement without a limit of its own may take, such as a commit; 0 for as long as it
+  /// wants.
+  virtual void SetStatementLimit(std::chrono::seconds limit) = 0;
 
   /// Whether every attempt to write would fail.
   virtual bool ReadOnly() const = 0;

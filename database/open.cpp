@@ -1,5 +1,7 @@
 #include "database/open.h"
 
+#include <utility>
+
 #include "database/postgres/open_postgres.h"
 #include "database/schema.h"
 #include "database/server_address.h"
@@ -38,8 +40,11 @@ std::shared_ptr<SqlConnection> OpenStudyFile(const std::string& utf8Path, OpenMo
 
 }  // namespace
 
-std::shared_ptr<SqlConnection> OpenStudyDatabase(const std::string& name, OpenMode mode) {
-  return IsServerAddress(name) ? OpenPostgresStudies(name, mode) : OpenStudyFile(name, mode);
+std::shared_ptr<SqlConnection> OpenStudyDatabase(const std::string& name, OpenMode mode,
+                                                 WaitHandler waitHandler) {
+  auto connection = IsServerAddress(name) ? OpenPostgresStudies(name, mode) : OpenStudyFile(name, mode);
+  connection->SetWaitHandler(std::move(waitHandler));
+  return connection;
 }
 
 }  // namespace kiv::database

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <chrono>
 #include <initializer_list>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "database/connection.h"
 #include "database/insert_batch.h"
@@ -29,6 +31,9 @@ class SqlConnection : public Connection {
   bool FieldToBoolean(const Variant& field) const final;
 
   void VisitRows(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) final;
+
+  void SetWaitHandler(WaitHandler handler) final { waitHandler_ = std::move(handler); }
+  void SetStatementLimit(std::chrono::seconds limit) final { statementLimit_ = limit; }
 
   void Begin() final { Start(&SqlConnection::StartTransaction); }
   void BeginReading() final { Start(&SqlConnection::StartReading); }
@@ -67,6 +72,8 @@ class SqlConnection : public Connection {
   void RefuseWhenLost(const std::string& sql) const;
   void SendWaiting();
 
+  WaitHandler waitHandler_;
+  std::chrono::seconds statementLimit_ = kStatementLimit;
   bool inTransaction_ = false;
   bool batchFailed_ = false;
   InsertBatch waiting_;

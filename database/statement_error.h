@@ -10,6 +10,9 @@ enum class FailureCause {
   ReadOnly,        ///< the database cannot be written by this user
   DiskFull,        ///< or failing
   ConnectionLost,  ///< the server is gone, or the way to it
+  CommitUnknown,   ///< the answer to a commit did not come: the changes are stored or not
+  TimedOut,        ///< no answer within the time that it may take
+  Cancelled,       ///< the wait handler gave it up
   Constraint,      ///< a rule of the tables forbids the values, such as a reference to a row that is gone
   Damaged,         ///< the database contradicts itself
   Other

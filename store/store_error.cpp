@@ -19,6 +19,13 @@ std::string FailureText(const std::exception& failure) {
              "again.";
     case FailureCause::ConnectionLost:
       return "The connection to the study database was lost. Check the network, then try again.";
+    case FailureCause::CommitUnknown:
+      return "The answer to the last change did not come, so that it may be stored or not. Check the "
+             "network, look whether it was stored, then try again.";
+    case FailureCause::TimedOut:
+      return "The study database did not answer in time. Check the network or ask whoever runs the database, "
+             "then try again.";
+    case FailureCause::Cancelled: return "The wait for the study database was cancelled. Try again.";
     case FailureCause::Damaged: return "The study database is damaged. Restore it from a copy.";
     case FailureCause::Constraint:
     case FailureCause::Other: return failure.what();

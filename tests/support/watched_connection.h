@@ -35,6 +35,8 @@ class WatchedConnection : public database::Connection {
   void Commit() override { commit(Watched()); }
   void Rollback() override { Watched().Rollback(); }
 
+  void SetWaitHandler(database::WaitHandler handler) override { inner_->SetWaitHandler(std::move(handler)); }
+  void SetStatementLimit(std::chrono::seconds limit) override { inner_->SetStatementLimit(limit); }
   std::string FormatValueList(std::span<const Variant> values) const override {
     return inner_->FormatValueList(values);
   }
