@@ -162,10 +162,8 @@ std::size_t StudyStore::Count() const {
 
 Study StudyStore::Load(std::int32_t id) const {
   // Its lists are read one after the other, and somebody may save in between.
-  database::Transaction transaction(*connection_, database::Transaction::Access::Read);
-  Study study = Read(id);
-  transaction.Commit();
-  return study;
+  const database::Transaction transaction(*connection_, database::Transaction::Access::Read);
+  return Read(id);
 }
 
 Study StudyStore::Read(std::int32_t id) const {
