@@ -78,6 +78,7 @@ Program::~Program() = default;
 void Program::Start(UserInterface userInterface) {
   settings_->SetTeller(userInterface.tellFailure);
   errors_->SetTeller(std::move(userInterface.tellFailure));
+  waitHandler_ = std::move(userInterface.waitHandler);
   scope_.emplace(host::Services{
       .openDatabase = [this] { return connection_; },
       .errorReporter = errors_,
@@ -91,10 +92,11 @@ void Program::Start(UserInterface userInterface) {
       .dragSource = drag_});
 }
 
-std::shared_ptr<database::SqlConnection> Program::Connect(const std::string& path, WhenMissing whenMissing) {
+std::shared_ptr<database::SqlConnection> Program::Connect(const std::string& path,
+                                                          WhenMissing whenMissing) const {
   const auto mode = whenMissing == WhenMissing::Create ? database::OpenMode::CreateIfMissing
                                                        : database::OpenMode::MustExist;
-  return database::OpenStudyDatabase(path, mode);
+  return database::OpenStudyDatabase(path, mode, waitHandler_);
 }
 
 void Program::Use(std::shared_ptr<database::SqlConnection> connection) {

@@ -23,6 +23,8 @@ struct UserInterface {
   std::function<std::optional<std::string>()> askForScenarioName;
   /// Tells the user of a failure that nobody else tells.
   store::ErrorLog::Teller tellFailure;
+  /// Takes part in the waits of the database; may be empty.
+  database::WaitHandler waitHandler;
 };
 
 /// The program as a host of the library: its database, its settings and the services that the library needs.
@@ -39,7 +41,7 @@ class Program {
 
   /// Opens a database without going over to it. Raises database::OpenError.
   enum class WhenMissing { Refuse, Create };
-  static std::shared_ptr<database::SqlConnection> Connect(const std::string& path, WhenMissing whenMissing);
+  std::shared_ptr<database::SqlConnection> Connect(const std::string& path, WhenMissing whenMissing) const;
   /// Goes over to a database and forgets the one before.
   void Use(std::shared_ptr<database::SqlConnection> connection);
   /// Both at once; without a successful opening the one before stays.
@@ -70,6 +72,7 @@ class Program {
   std::shared_ptr<UserSettings> settings_;
   std::shared_ptr<EntityDrag> drag_;
   std::shared_ptr<host::Session> session_;
+  database::WaitHandler waitHandler_;
   std::shared_ptr<database::SqlConnection> connection_;
   std::unique_ptr<store::StudyStore> store_;
   std::optional<host::Scope> scope_;

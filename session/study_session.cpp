@@ -119,6 +119,17 @@ bool StudySession::SaveCopy(const std::string& name, const std::string& user) {
   return true;
 }
 
+store::Study StudySession::Draft() {
+  for (Tab* tab : HeaderAndTabs()) {
+    try {
+      tab->SaveData();
+    } catch (const Error&) {
+      // What no record can hold stays in the texts of the page.
+    }
+  }
+  return study_;
+}
+
 void StudySession::SaveTabs() {
   for (Tab* tab : HeaderAndTabs()) tab->SaveData();
 }

@@ -40,6 +40,10 @@ class StudySession {
 
   /// Whether there is input that is not stored.
   bool Modified() const { return modified_; }
+  /// There is input from elsewhere that is not stored.
+  void NoteInput() { SetModified(true); }
+  /// The study with what the pages hold now, as far as a record can hold it.
+  store::Study Draft();
 
   /// Asks every tab in order; the first that refuses tells the user why, and the rest is not asked.
   bool IsValid();

@@ -33,6 +33,7 @@ struct Study {
   std::string name;
   std::int32_t revision = 0;  ///< counts the saves; 0 while the study was never stored
   KindData kindData = KindData::Complete;
+  std::string modifiedAt{};  ///< of the last save, in UTC; empty while the study was never stored
   std::optional<UnsettledSave> unsettled{};
 };
 

@@ -284,7 +284,8 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
                    .folderChooser = nullptr,
                    .beeper = std::make_shared<Silence>(),
                    .askForScenarioName = nullptr,
-                   .tellFailure = nullptr});
+                   .tellFailure = nullptr,
+                   .waitHandler = {}});
     if (init->parsed()) return Init(program, options, out);
     if (importNetwork->parsed()) return ImportNetworkFolder(program, options, out, err);
     program.OpenDatabase(options.DatabasePath(), Program::WhenMissing::Refuse);

@@ -19,6 +19,7 @@
 #include "client/window/dialogs.h"
 #include "client/window/editor_view.h"
 #include "client/window/entity_tree.h"
+#include "client/window/kept_file.h"
 #include "client/window/kind_icon.h"
 #include "client/window/messages.h"
 #include "client/window/network_dialog.h"
@@ -210,7 +211,7 @@ void MainWindow::Guarded(Action action) {
 void MainWindow::OpenDatabase(const std::string& path, Program::WhenMissing whenMissing) {
   std::shared_ptr<database::SqlConnection> connection;
   try {
-    connection = Program::Connect(path, whenMissing);
+    connection = program_.Connect(path, whenMissing);
   } catch (const database::OpenError& error) {
     if (program_.HasDatabase()) {
       TellFailure(error);  // and the one that is open stays so, with its editors
@@ -219,13 +220,18 @@ void MainWindow::OpenDatabase(const std::string& path, Program::WhenMissing when
     }
     return;
   }
-  if (!CloseAllEditors()) return;
+  const auto along = LeaveEditors();
+  if (!along) return;
   program_.Use(std::move(connection));
   list_->ForgetStudies();
   home_->setCurrentWidget(list_);
   Guarded([this] {
     RefreshStudies();
     RefreshNetwork();
+  });
+  Guarded([this, &along] {
+    TakeAlong(*along);
+    BringBackKeptInput();
   });
 }
 
@@ -335,6 +341,7 @@ EditorView* MainWindow::AddEditor(std::unique_ptr<session::StudySession> session
   auto* editor = new EditorView(program_, std::move(session), tabs_);
   editor->TitleChanged.Connect([this, editor] { ShowTitle(*editor); });
   editor->Stored.Connect([this, editor] {
+    ForgetKept(*editor);
     RefreshStudy(editor->Session().ID());
     list_->SelectStudy(editor->Session().ID());
   });
@@ -368,6 +375,7 @@ bool MainWindow::CloseEditor(int index) {
 }
 
 void MainWindow::DropEditor(EditorView& editor) {
+  ForgetKept(editor);
   tabs_->removeTab(tabs_->indexOf(&editor));
   editor.deleteLater();
 }
@@ -433,7 +441,7 @@ void MainWindow::ShowState() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (!CloseAllEditors()) {
+  if (endsByItself_ ? !KeepUnsaved() : !CloseAllEditors()) {
     event->ignore();
     return;
   }

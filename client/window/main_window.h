@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,6 +23,7 @@ namespace kiv::client {
 
 class EditorView;
 class EntityTree;
+class KeptFile;
 class StartPage;
 class StudyListPage;
 
@@ -31,9 +33,17 @@ class MainWindow : public QMainWindow {
   explicit MainWindow(Program& program);
   ~MainWindow() override;
 
-  /// Opens a database instead of the one that is open, whose editors are closed. When that fails or the user
-  /// stays with unsaved input, nothing changes; the window says why it failed and what to do.
+  /// Opens a database instead of the one that is open, whose editors are closed; the user may take unsaved
+  /// input along. When opening fails or the user stays, nothing changes; the window says why it failed and
+  /// what to do.
   void OpenDatabase(const std::string& path, Program::WhenMissing whenMissing);
+
+  /// Opens editors again whose unsaved input was kept when the program was ended.
+  void BringBackKeptInput();
+  /// Keeps unsaved input in files until the next start; false when not all of it could be kept.
+  bool KeepUnsaved();
+  /// Closes the window without a question and keeps unsaved input; false when not all of it could be kept.
+  bool EndKeepingInput();
 
   EditorView* NewStudy(const std::string& kind);
   /// Opens a stored study, or goes to its editor when it is open already. Null when it cannot be opened,
@@ -69,6 +79,13 @@ class MainWindow : public QMainWindow {
   /// Closes an editor without a question.
   void DropEditor(EditorView& editor);
   bool CloseAllEditors();
+  std::vector<EditorView*> UnsavedEditors() const;
+  enum class Leaving { TakeAlong, Save, Discard, Stay };
+  Leaving AskHowToLeave(std::size_t unsaved);
+  std::optional<std::vector<std::string>> LeaveEditors();
+  void TakeAlong(const std::vector<std::string>& along);
+  /// Its input was stored or given up.
+  void ForgetKept(const EditorView& editor);
   void DeleteSelectedStudy();
   /// The stored study of the editor in front, or the one that is selected in the list.
   std::optional<std::int32_t> StudyAtHand() const;
@@ -102,6 +119,8 @@ class MainWindow : public QMainWindow {
   std::vector<QAction*> listActions_;      // need a selected study
   QAction* historyAction_ = nullptr;       // needs a stored study
   std::vector<QAction*> writingActions_;   // of those above, what needs a database that can be written
+  std::map<const EditorView*, std::unique_ptr<KeptFile>> keptFiles_;
+  bool endsByItself_ = false;
   ScopedConnection settingsChanged_;
 };
 

@@ -97,6 +97,7 @@ Study SharedPart(std::int32_t id, const host::Recordset& row) {
   record.SetDuration(StudyNumber(row, "duration"));
   record.SetPollingInterval(StudyNumber(row, "polling_interval"));
   record.SetRetrieveDelay(StudyNumber(row, "retrieve_delay"));
+  study.modifiedAt = ToText(row.Field("modified_at"));
   study.kindData = KindData::Unknown;
   return study;
 }
@@ -169,11 +170,11 @@ Study StudyStore::Load(std::int32_t id) const {
 Study StudyStore::Read(std::int32_t id) const {
   const host::Scope own(OwnServices(), host::Rest::AsBefore);
   const ErrorLog::Watch watch(*errors_);
-  const auto row = Query(
-      *connection_,
-      "SELECT kind, name, scenario_id, duration, polling_interval, retrieve_delay, revision FROM kiv_study "
-      "WHERE id = " +
-          std::to_string(id));
+  const auto row = Query(*connection_,
+                         "SELECT kind, name, scenario_id, duration, polling_interval, retrieve_delay, "
+                         "revision, modified_at FROM "
+                         "kiv_study WHERE id = " +
+                             std::to_string(id));
   if (row->EndOfFile()) {
     throw StoreError("There is no study " + std::to_string(id) + ". It may have been deleted.");
   }
@@ -208,10 +209,10 @@ void StudyStore::Save(Study& study, const std::string& user) {
 void StudyStore::Store(Study& study, const std::string& user, bool asCopy) {
   CKivStudyData& record = *study.record;
   const std::int32_t idBefore = record.ID();
+  const std::string now = UtcNow();
   std::int32_t revision = 0;
   try {
     const StudyEvent event = record.IsNew() ? StudyEvent::Created : StudyEvent::Changed;
-    const std::string now = UtcNow();
     Change change(changes_, {EventName(event), user, now, 1});
     revision = Write(study, {event, user, now, change});
     change.Commit();
@@ -230,6 +231,7 @@ void StudyStore::Store(Study& study, const std::string& user, bool asCopy) {
     throw;
   }
   study.revision = revision;
+  study.modifiedAt = now;
   study.kindData = KindData::Complete;
   record.SetIsNew(false);
 }

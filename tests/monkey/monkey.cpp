@@ -404,7 +404,7 @@ void Run(int events, std::uint64_t seed) {
   monkey.Play(events);
   player = nullptr;
   shown.window.reset();
-  shown.program.Use(client::Program::Connect(database, client::Program::WhenMissing::Refuse));
+  shown.program.Use(shown.program.Connect(database, client::Program::WhenMissing::Refuse));
   CheckStore(shown.program);
 }
 

@@ -10,9 +10,13 @@
 #include "rfc/cdma_3g_tab.h"
 #include "rfc/detail_tab.h"
 #include "rfc/general_tab.h"
+#include "session/kept_input.h"
 #include "session/scenario_strip.h"
 #include "store/network/network_import.h"
+#include "support/rich_studies.h"
 #include "support/studies_test.h"
+#include "support/test_store.h"
+#include "ui/text_box.h"
 #include "vcsa/detail_tab.h"
 #include "vcsa/general_tab.h"
 
@@ -31,6 +35,41 @@ class StudyOfKind : public ::testing::TestWithParam<test::Engine>, protected tes
 
 INSTANTIATE_TEST_SUITE_P(Engines, StudyOfKind, ::testing::ValuesIn(test::Engines()),
                          ::testing::PrintToStringParamName());
+
+TEST_P(StudyOfKind, UnsavedInputIsKeptWithWhatIsNotValid) {
+  const auto elsewhere = GetParam().start();
+  test::TestStore other(*elsewhere);
+  other->Scenarios().Add("Down'town");
+  for (const std::string& kind : test::RichKinds()) {
+    SCOPED_TRACE(kind);
+    store::Study study = store_.New(kind);
+    test::Fill(study, 1);
+    study.record->SetScenarioID(scenario_);
+    store_.Save(study, "ann");
+    const auto session = Reopened(study.record->ID());
+    ui::Control* duration = nullptr;
+    for (Tab* tab : session->HeaderAndTabs())
+      duration = duration ? duration : tab->FindControl("txtDuration");
+    if (duration) dynamic_cast<ui::TextBox&>(*duration).SetText("5x");
+    session->SetName("kept");
+    const std::string kept = session::KeptInput(*session);
+    EXPECT_EQ(session::NameOfKept(kept), "kept");
+    EXPECT_EQ(session::DatabaseOfKept(kept), connection_->Name());
+
+    const auto back = session::SessionOfKept(store_, kept);
+    EXPECT_TRUE(back->Modified());
+    EXPECT_EQ(session::KeptInput(*back), kept);
+    store::Study draft = back->Draft();
+    store_.Save(draft, "ann");
+    EXPECT_EQ(draft.revision, 2);
+    draft = session::SessionOfKept(store_, kept)->Draft();
+    EXPECT_THROW(store_.Save(draft, "ann"), store::StudyConflict) << "it was saved since";
+    const auto moved = session::SessionOfKept(*other, kept);
+    EXPECT_TRUE(moved->IsNew());
+    EXPECT_EQ(test::Content(moved->Draft()), test::Content(session->Draft()));
+  }
+  EXPECT_THROW(session::SessionOfKept(store_, "{}"), store::StoreError);
+}
 
 /// The two pages for the modes of a PLM study, worked by the modes' numbers.
 class PlmModes {

@@ -19,6 +19,7 @@ class WindowApplication {
   int& Prepared(int& argc) const {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("XDG_CONFIG_HOME", settings_.Path().c_str());  // Qt asks once in a process where settings are
+    qputenv("XDG_DATA_HOME", settings_.Path().c_str());
     return argc;
   }
 

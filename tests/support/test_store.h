@@ -22,6 +22,7 @@ class TestStore {
       : TestStore(database::OpenStudyDatabase(studies.Name(), database::OpenMode::CreateIfMissing)) {}
 
   store::StudyStore* operator->() { return &store_; }
+  store::StudyStore& operator*() { return store_; }
 
  private:
   FakeHost host_;

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "client/window/kept_file.h"
 #include "client/window/study_list.h"
 #include "database/sqlite/sqlite_database.h"
 #include "host/constants.h"
@@ -85,6 +86,41 @@ TEST_F(Window, UnsavedInputIsAskedAbout) {
   user_.Fill("txtDuration", "99");
   Answer(close, "Discard");
   EXPECT_EQ(Stored()[0].duration, 30);
+}
+
+TEST_F(Window, UnsavedInputOutlastsTheProgramAndItsDatabase) {
+  Open();
+  StoreStudy("Day");
+  StartStudy();
+  user_.Fill("studyName", "Night");
+  user_.Fill("txtDuration", "5");
+  ASSERT_TRUE(window_->EndKeepingInput());
+  window_ = std::make_unique<MainWindow>(*program_);
+  window_->show();
+  EXPECT_THAT(user_.MessageDuring([this] { Open(); }).toStdString(),
+              StartsWith("A study with unsaved changes"));
+  EXPECT_EQ(TextOf("studyName") + TextOf("txtDuration"), "Night5");
+  EXPECT_TRUE(KeptFile::Found().empty()) << "another window leaves it alone";
+  user_.Fill("txtDuration", "45");
+  Save();
+  EXPECT_EQ(Stored().size(), 2U);
+
+  window_->OpenStudy(Stored()[0].id);
+  user_.Fill("studyName", "Taken");
+  const std::string other = folder_.File("other.db");
+  const auto change = [&] { window_->OpenDatabase(other, Program::WhenMissing::Create); };
+  Answer(change, "Cancel");
+  std::filesystem::remove(database_);
+  Answer(change, "Take Along");
+  EXPECT_EQ(TextOf("studyName"), "Taken");
+  program_->Store().Scenarios().Add("Harbour");
+  program_->AnnounceScenarios();
+  user_.Choose("fdocCBScenario", "Harbour");
+  Save();
+  ASSERT_EQ(Stored().size(), 1U);
+  EXPECT_EQ(Stored()[0].name, "Taken");
+  window_.reset();
+  EXPECT_TRUE(KeptFile::Found().empty()) << "what was saved is not kept";
 }
 
 TEST_F(Window, ADatabaseThatCannotBeOpenedIsExplainedAndLeavesTheOpenOne) {
