@@ -101,6 +101,7 @@ std::shared_ptr<database::SqlConnection> Program::Connect(const std::string& pat
 
 void Program::Use(std::shared_ptr<database::SqlConnection> connection) {
   connection_ = std::move(connection);
+  connection_->SetStatementLimit(statementLimit_);
   if (scope_) scope_->ReleaseDatabase();
   store_ = std::make_unique<store::StudyStore>(connection_, errors_);
 }

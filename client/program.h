@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -42,6 +43,8 @@ class Program {
   /// Opens a database without going over to it. Raises database::OpenError.
   enum class WhenMissing { Refuse, Create };
   std::shared_ptr<database::SqlConnection> Connect(const std::string& path, WhenMissing whenMissing) const;
+  /// Sets how long a change to the databases used from now on may take; 0 for as long as it wants.
+  void SetStatementLimit(std::chrono::seconds limit) { statementLimit_ = limit; }
   /// Goes over to a database and forgets the one before.
   void Use(std::shared_ptr<database::SqlConnection> connection);
   /// Both at once; without a successful opening the one before stays.
@@ -74,6 +77,7 @@ class Program {
   std::shared_ptr<host::Session> session_;
   database::WaitHandler waitHandler_;
   std::shared_ptr<database::SqlConnection> connection_;
+  std::chrono::seconds statementLimit_ = database::kStatementLimit;
   std::unique_ptr<store::StudyStore> store_;
   std::optional<host::Scope> scope_;
 };

@@ -20,14 +20,18 @@ void RefuseUnsuitable(const FileFacts& facts, const std::string& utf8Path) {
   RefuseNewer(facts.userVersion, utf8Path);
 }
 
-std::shared_ptr<SqlConnection> OpenStudyFile(const std::string& utf8Path, OpenMode mode) {
+std::shared_ptr<SqlConnection> OpenStudyFile(const std::string& utf8Path, OpenMode mode,
+                                             WaitHandler waitHandler) {
   // Before SQLite opens the file, which would already play back a journal.
   const FileFacts facts = InspectFile(utf8Path);
   RefuseUnsuitable(facts, utf8Path);
-  const std::shared_ptr<SqliteDatabase> database = SqliteDatabase::Open(utf8Path, mode);
+  const std::shared_ptr<SqliteDatabase> database =
+      SqliteDatabase::Open(utf8Path, mode, std::move(waitHandler));
   try {
     if (!database->ReadOnly()) {
+      database->SetStatementLimit(kUpgradeLimit);
       UpgradeSchema(*database);
+      database->SetStatementLimit(kStatementLimit);
     } else if (SchemaVersion(*database) == 0) {
       throw OpenError(OpenProblem::CannotCreate, utf8Path, "the file is write-protected");
     }
@@ -42,9 +46,8 @@ std::shared_ptr<SqlConnection> OpenStudyFile(const std::string& utf8Path, OpenMo
 
 std::shared_ptr<SqlConnection> OpenStudyDatabase(const std::string& name, OpenMode mode,
                                                  WaitHandler waitHandler) {
-  auto connection = IsServerAddress(name) ? OpenPostgresStudies(name, mode) : OpenStudyFile(name, mode);
-  connection->SetWaitHandler(std::move(waitHandler));
-  return connection;
+  return IsServerAddress(name) ? OpenPostgresStudies(name, mode, std::move(waitHandler))
+                               : OpenStudyFile(name, mode, std::move(waitHandler));
 }
 
 }  // namespace kiv::database

@@ -88,6 +88,9 @@ std::string Sentence(OpenProblem problem, const std::string& file, const std::st
     case OpenProblem::DanglingLink:
       return Quoted(file) + " is a link to a file that does not exist" + InBrackets(detail) +
              ". Correct the link, or name the file itself.";
+    case OpenProblem::Cancelled:
+      return "Opening the study database " + Quoted(file) +
+             " was cancelled. Open it again, or choose another one.";
   }
   return {};
 }

@@ -25,6 +25,7 @@ enum class OpenProblem {
   NoClientLibrary,  ///< that of PostgreSQL is missing on this machine
   NameTooLong,
   DanglingLink,  ///< a link whose file is gone
+  Cancelled,     ///< the wait handler gave it up
 };
 
 /// A study database that cannot be opened; the text is one message for the user that names the database and

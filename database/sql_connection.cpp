@@ -15,6 +15,7 @@ void SqlConnection::VisitRows(const std::string& sql, int timeoutSeconds, const 
 }
 
 void SqlConnection::ExecuteSql(const std::string& sql) {
+  RefuseWhileWaiting(sql);
   if (inTransaction_) {
     RefuseWhenLost(sql);
     if (waiting_.Take(sql)) return;
@@ -47,6 +48,7 @@ bool SqlConnection::FieldToBoolean(const Variant& field) const {
 }
 
 void SqlConnection::Start(void (SqlConnection::*start)()) {
+  RefuseWhileWaiting({});
   if (inTransaction_ || TransactionIsSound()) {
     throw Error(ErrorNumber::InvalidArgument, "A transaction is already open.");
   }
@@ -55,6 +57,7 @@ void SqlConnection::Start(void (SqlConnection::*start)()) {
 }
 
 void SqlConnection::Commit() {
+  RefuseWhileWaiting("COMMIT");
   if (!inTransaction_) throw Error(ErrorNumber::InvalidArgument, "There is no transaction to commit.");
   Prepare("COMMIT");
   CommitTransaction();
@@ -62,29 +65,37 @@ void SqlConnection::Commit() {
 }
 
 void SqlConnection::Rollback() {
+  RefuseWhileWaiting("ROLLBACK");
   if (!inTransaction_) throw Error(ErrorNumber::InvalidArgument, "There is no transaction to roll back.");
   waiting_.Release();
   RollbackTransaction();
   inTransaction_ = false;
-  batchFailed_ = false;
+  lost_ = false;
 }
 
 void SqlConnection::Prepare(const std::string& sql) {
+  RefuseWhileWaiting(sql);
   RefuseWhenLost(sql);
   SendWaiting();
 }
 
+void SqlConnection::RefuseWhileWaiting(const std::string& sql) const {
+  if (!waits_.Asking()) return;
+  throw host::DatabaseError("The database connection is waiting and cannot be used by its wait handler.",
+                            sql);
+}
+
 void SqlConnection::RefuseWhenLost(const std::string& sql) const {
-  if (!inTransaction_ || (TransactionIsSound() && !batchFailed_)) return;
+  if (!inTransaction_ || (TransactionIsSound() && !lost_)) return;
   // Going on would write the rest of a save without its beginning.
   throw host::DatabaseError("The transaction was ended by a failure; its changes are taken back.", sql);
 }
 
 void SqlConnection::SendWaiting() {
   if (waiting_.Empty()) return;
-  batchFailed_ = true;  // until it is known better, because its callers believe the rows written
+  lost_ = true;  // until it is known better, because its callers believe the rows written
   RunAll(waiting_.Release());
-  batchFailed_ = false;
+  lost_ = false;
 }
 
 void SqlConnection::RunAll(std::span<const std::string> statements) {

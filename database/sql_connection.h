@@ -10,6 +10,7 @@
 
 #include "database/connection.h"
 #include "database/insert_batch.h"
+#include "database/waiting.h"
 
 namespace kiv::database {
 
@@ -32,7 +33,7 @@ class SqlConnection : public Connection {
 
   void VisitRows(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) final;
 
-  void SetWaitHandler(WaitHandler handler) final { waitHandler_ = std::move(handler); }
+  void SetWaitHandler(WaitHandler handler) final { waits_.SetHandler(std::move(handler)); }
   void SetStatementLimit(std::chrono::seconds limit) final { statementLimit_ = limit; }
 
   void Begin() final { Start(&SqlConnection::StartTransaction); }
@@ -47,6 +48,11 @@ class SqlConnection : public Connection {
   static constexpr int kNoTimeout = 0;
 
   bool InTransaction() const { return inTransaction_; }
+  /// What every wait of an adapter goes through.
+  Waiting& Waits() { return waits_; }
+  std::chrono::seconds StatementLimit() const { return statementLimit_; }
+  /// From now on the transaction, where there is one, can only be rolled back.
+  void LoseTransaction() { lost_ = inTransaction_; }
 
   /// Runs one statement with its parameters. Null when it has no columns.
   virtual std::shared_ptr<host::Recordset> Run(const std::string& sql, int timeoutSeconds,
@@ -69,13 +75,14 @@ class SqlConnection : public Connection {
   void Start(void (SqlConnection::*start)());
   /// Comes before every statement.
   void Prepare(const std::string& sql);
+  void RefuseWhileWaiting(const std::string& sql) const;
   void RefuseWhenLost(const std::string& sql) const;
   void SendWaiting();
 
-  WaitHandler waitHandler_;
+  Waiting waits_;
   std::chrono::seconds statementLimit_ = kStatementLimit;
   bool inTransaction_ = false;
-  bool batchFailed_ = false;
+  bool lost_ = false;
   InsertBatch waiting_;
 };
 

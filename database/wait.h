@@ -24,5 +24,7 @@ using WaitHandler = std::function<bool(const Wait&)>;
 
 /// How long a statement without a limit of its own may take unless a connection is told otherwise.
 inline constexpr std::chrono::seconds kStatementLimit{60};
+/// The same for one that changes the tables of an older layout, which may hold many rows.
+inline constexpr std::chrono::seconds kUpgradeLimit{1800};
 
 }  // namespace kiv::database

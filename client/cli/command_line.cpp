@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <chrono>
 #include <exception>
 #include <ostream>
 #include <span>
@@ -56,6 +57,7 @@ struct Options {
   bool json = false;
   bool dryRun = false;
   bool deleted = false;
+  std::int64_t timeout = database::kStatementLimit.count();
   std::int32_t id = 0;
   std::int32_t revision = 0;
   std::vector<std::int32_t> ids;
@@ -205,6 +207,11 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
   app.fallthrough();
   const std::string exitCodes = "Exit codes: 0 done, 1 refused, 2 wrong usage.";
   AddDatabaseOption(app, options.database);
+  app.add_option("--timeout", options.timeout,
+                 "Longest wait for the database to carry out a single change; 0 is no limit")
+      ->type_name("SECONDS")
+      ->check(CLI::Range(0, 1'000'000))
+      ->capture_default_str();
   app.footer("Without a command the window opens. " + exitCodes);
 
   const auto addCommand = [&](const char* name, const char* description) {
@@ -280,6 +287,7 @@ std::optional<int> Run(int argc, const char* const* argv, WindowRequest& window,
 
   try {
     Program program;
+    program.SetStatementLimit(std::chrono::seconds(options.timeout));
     program.Start({.messageBoxes = std::make_shared<MessagesAsLines>(err),
                    .folderChooser = nullptr,
                    .beeper = std::make_shared<Silence>(),

@@ -2,35 +2,45 @@
 
 #include <libpq-fe.h>
 
+#include <memory>
+
 /// The functions of PostgreSQL's client library that the adapter calls.
 #define KIV_LIBPQ_FUNCTIONS(FUNCTION) \
+  FUNCTION(PQcancel)                  \
   FUNCTION(PQclear)                   \
-  FUNCTION(PQconnectdbParams)         \
+  FUNCTION(PQconnectPoll)             \
+  FUNCTION(PQconnectStartParams)      \
+  FUNCTION(PQconninfo)                \
   FUNCTION(PQconninfoFree)            \
   FUNCTION(PQconninfoParse)           \
   FUNCTION(PQconsumeInput)            \
   FUNCTION(PQenterPipelineMode)       \
   FUNCTION(PQerrorMessage)            \
-  FUNCTION(PQexec)                    \
-  FUNCTION(PQexecParams)              \
   FUNCTION(PQexitPipelineMode)        \
   FUNCTION(PQfinish)                  \
+  FUNCTION(PQflush)                   \
   FUNCTION(PQfname)                   \
+  FUNCTION(PQfreeCancel)              \
   FUNCTION(PQftype)                   \
+  FUNCTION(PQgetCancel)               \
   FUNCTION(PQgetResult)               \
   FUNCTION(PQgetisnull)               \
   FUNCTION(PQgetlength)               \
   FUNCTION(PQgetvalue)                \
+  FUNCTION(PQhost)                    \
+  FUNCTION(PQhostaddr)                \
   FUNCTION(PQisBusy)                  \
   FUNCTION(PQnfields)                 \
   FUNCTION(PQntuples)                 \
   FUNCTION(PQparameterStatus)         \
   FUNCTION(PQpipelineSync)            \
-  FUNCTION(PQreset)                   \
+  FUNCTION(PQport)                    \
   FUNCTION(PQresultErrorField)        \
   FUNCTION(PQresultStatus)            \
+  FUNCTION(PQsendQuery)               \
   FUNCTION(PQsendQueryParams)         \
   FUNCTION(PQsetNoticeProcessor)      \
+  FUNCTION(PQsetnonblocking)          \
   FUNCTION(PQsocket)                  \
   FUNCTION(PQstatus)                  \
   FUNCTION(PQtransactionStatus)
@@ -47,5 +57,14 @@ struct Libpq {
 
 /// Raises Error with the system's reason when the library is missing or too old.
 const Libpq& Pq();
+
+struct ConnectionDeleter {
+  void operator()(PGconn* connection) const { Pq().PQfinish(connection); }
+};
+struct ResultDeleter {
+  void operator()(PGresult* result) const { Pq().PQclear(result); }
+};
+using ConnectionHandle = std::unique_ptr<PGconn, ConnectionDeleter>;
+using ResultHandle = std::unique_ptr<PGresult, ResultDeleter>;
 
 }  // namespace kiv::database

@@ -1,5 +1,7 @@
 #include "database/postgres/open_postgres.h"
 
+#include <utility>
+
 #include "database/postgres/postgres_database.h"
 #include "database/schema.h"
 
@@ -13,17 +15,21 @@ constexpr const char* kReadOnlyServer =
 /// Tables of an earlier layout can be used by somebody who may not change them.
 void UpgradeIfPermitted(PostgresDatabase& database, int present) {
   if (present > 0 && database.ReadOnly()) return;
+  // Without anything to do a server that falls silent is not waited for that long.
+  if (present < NewestSchemaVersion()) database.SetStatementLimit(kUpgradeLimit);
   try {
     UpgradeSchema(database);
   } catch (const PostgresError& error) {
     if (present == 0 || error.Cause() != FailureCause::ReadOnly) throw;
   }
+  database.SetStatementLimit(kStatementLimit);
 }
 
 }  // namespace
 
-std::shared_ptr<SqlConnection> OpenPostgresStudies(const std::string& url, OpenMode mode) {
-  const std::shared_ptr<PostgresDatabase> database = PostgresDatabase::Open(url);
+std::shared_ptr<SqlConnection> OpenPostgresStudies(const std::string& url, OpenMode mode,
+                                                   WaitHandler waitHandler) {
+  const std::shared_ptr<PostgresDatabase> database = PostgresDatabase::Open(url, std::move(waitHandler));
   try {
     const int present = SchemaVersion(*database);
     RefuseNewer(present, database->Name());

@@ -10,6 +10,7 @@ namespace kiv::database {
 
 /// Opens a study database on a PostgreSQL server and brings its tables up to date; one that this user cannot
 /// change is used as it is. Raises OpenError.
-std::shared_ptr<SqlConnection> OpenPostgresStudies(const std::string& url, OpenMode mode);
+std::shared_ptr<SqlConnection> OpenPostgresStudies(const std::string& url, OpenMode mode,
+                                                   WaitHandler waitHandler);
 
 }  // namespace kiv::database

@@ -4,7 +4,7 @@
 
 namespace kiv::database {
 
-std::shared_ptr<SqlConnection> OpenPostgresStudies(const std::string&, OpenMode) {
+std::shared_ptr<SqlConnection> OpenPostgresStudies(const std::string&, OpenMode, WaitHandler) {
   throw OpenError(OpenProblem::WithoutPostgres, kHiddenAddress);
 }
 

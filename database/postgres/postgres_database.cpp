@@ -1,7 +1,5 @@
 #include "database/postgres/postgres_database.h"
 
-#include <poll.h>
-
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -23,21 +21,6 @@ namespace {
 constexpr int kTimeoutUnknown = -1;
 constexpr int kLongestTimeoutSeconds = 2'000'000;  // the server counts milliseconds in 31 bits
 
-struct Parameter {
-  const char* keyword;
-  const char* value;
-};
-
-/// What holds unless the address says otherwise. A server that is cut off is given up after a minute.
-constexpr std::array kDefaults = {
-    Parameter{"fallback_application_name", "kivstudy"},
-    Parameter{"connect_timeout", "10"},
-    Parameter{"keepalives_idle", "30"},
-    Parameter{"keepalives_interval", "10"},
-    Parameter{"keepalives_count", "3"},
-    Parameter{"tcp_user_timeout", "30000"},
-};
-
 /// How a statement text is read, and how long it waits for a lock.
 constexpr const char* kSessionSettings =
     "SET standard_conforming_strings = on; SET backslash_quote = safe_encoding; SET lock_timeout = '5s'; "
@@ -49,20 +32,6 @@ void RequireLibrary() {
   } catch (const Error& error) {
     throw OpenError(OpenProblem::NoClientLibrary, kHiddenAddress, error.what());
   }
-}
-
-PGconn* Connect(const std::string& url) {
-  std::vector<const char*> keywords;
-  std::vector<const char*> values;
-  const auto add = [&](const Parameter& parameter) {
-    keywords.push_back(parameter.keyword);
-    values.push_back(parameter.value);
-  };
-  for (const Parameter& parameter : kDefaults) add(parameter);
-  add({"dbname", url.c_str()});
-  add({"client_encoding", "UTF8"});
-  add({nullptr, nullptr});
-  return Pq().PQconnectdbParams(keywords.data(), values.data(), 1);
 }
 
 /// How the text of a column is read; numbers by the identifiers of the types, which never change.
@@ -158,62 +127,34 @@ std::string QuotedDottedName(const std::string& name) {
 
 }  // namespace
 
-std::shared_ptr<PostgresDatabase> PostgresDatabase::Open(const std::string& url) {
+std::shared_ptr<PostgresDatabase> PostgresDatabase::Open(const std::string& url, WaitHandler waitHandler) {
   RequireLibrary();
-  std::string name = ShownAddress(url);
-  ConnectionHandle connection(Connect(url));
-  if (Pq().PQstatus(connection.get()) != CONNECTION_OK) {
-    throw OpenError(OpenProblem::Unreachable, name, ConnectionText(connection.get()));
-  }
-  std::shared_ptr<PostgresDatabase> database(new PostgresDatabase(std::move(name), std::move(connection)));
+  std::shared_ptr<PostgresDatabase> database(new PostgresDatabase(ShownAddress(url), url));
+  database->SetWaitHandler(std::move(waitHandler));
   try {
-    database->Configure();
+    database->Connect({});
   } catch (const PostgresError& error) {
     throw AsOpenError(error, database->Name());
   }
   return database;
 }
 
-PostgresDatabase::PostgresDatabase(std::string name, ConnectionHandle connection)
-    : name_(std::move(name)), connection_(std::move(connection)) {
-  // Notices would go to the standard error stream.
-  Pq().PQsetNoticeProcessor(
-      connection_.get(), [](void*, const char*) {}, nullptr);
-}
-
-void PostgresDatabase::Configure() {
-  const ResultHandle result(Pq().PQexec(connection_.get(), kSessionSettings));
+void PostgresDatabase::Connect(const std::string& sql) {
+  link_.Connect(sql);
+  link_.Expect(link_.ConnectLimit(), sql, Wait::For::Connection);
+  Pq().PQsendQuery(link_.Get(), kSessionSettings);
+  const ResultHandle result = LastResult();
   if (Pq().PQresultStatus(result.get()) != PGRES_COMMAND_OK) {
-    throw PostgresError(connection_.get(), result.get(), kSessionSettings);
+    throw PostgresError(link_.Get(), result.get(), kSessionSettings);
   }
   timeoutSeconds_ = kNoTimeout;
 }
 
 void PostgresDatabase::RequireConnection(const std::string& sql) {
-  if (!InTransaction() && !Connected()) Reconnect(sql);
+  if (!InTransaction() && !link_.Alive()) Connect(sql);
 }
 
-void PostgresDatabase::Reconnect(const std::string& sql) {
-  Pq().PQreset(connection_.get());
-  if (Pq().PQstatus(connection_.get()) != CONNECTION_OK) throw PostgresError(connection_.get(), nullptr, sql);
-  Configure();
-}
-
-bool PostgresDatabase::Connected() const {
-  // Left in the middle of something, so that no answer would belong to its statement.
-  if (Pq().PQtransactionStatus(connection_.get()) == PQTRANS_ACTIVE) return false;
-  // A server that is gone has said so, or its system has; that is there to read without asking it.
-  while (Pq().PQstatus(connection_.get()) == CONNECTION_OK) {
-    pollfd input = {Pq().PQsocket(connection_.get()), POLLIN, 0};
-    if (poll(&input, 1, 0) <= 0) return true;
-    if (Pq().PQconsumeInput(connection_.get()) == 0) return false;
-    Pq().PQisBusy(connection_.get());  // takes the messages out, so that the end of the input comes next
-  }
-  return false;
-}
-
-PostgresDatabase::ResultHandle PostgresDatabase::Answered(const std::string& sql, int timeoutSeconds,
-                                                          Arguments arguments) {
+ResultHandle PostgresDatabase::Answered(const std::string& sql, int timeoutSeconds, Arguments arguments) {
   const auto hasNul = [](std::string_view text) { return text.find('\0') != std::string_view::npos; };
   if (hasNul(sql) || std::ranges::any_of(arguments, hasNul)) {
     throw host::DatabaseError("A statement must not contain a NUL character.", sql);
@@ -230,9 +171,9 @@ PostgresDatabase::ResultHandle PostgresDatabase::Answered(const std::string& sql
 
 void PostgresDatabase::Fail(const PGresult* result, const std::string& sql) {
   timeoutSeconds_ = kTimeoutUnknown;  // the failure took a new one back
-  if (!IsCopy(result)) throw PostgresError(connection_.get(), result, sql);
+  if (!IsCopy(result)) throw PostgresError(link_.Get(), result, sql);
   // The server waits for rows, or sends them; nothing else would be understood before their end.
-  Reconnect(sql);
+  Connect(sql);
   throw host::DatabaseError("A statement must not COPY rows from or to its client.", sql);
 }
 
@@ -267,8 +208,7 @@ std::string PostgresDatabase::TimeoutSetting(int timeoutSeconds) {
          (timeoutSeconds == kNoTimeout ? "DEFAULT" : "'" + std::to_string(timeoutSeconds) + "s'");
 }
 
-PostgresDatabase::ResultHandle PostgresDatabase::Ask(const std::string& sql, int timeoutSeconds,
-                                                     Arguments arguments) {
+ResultHandle PostgresDatabase::Ask(const std::string& sql, int timeoutSeconds, Arguments arguments) {
   const std::vector<std::string> texts(arguments.begin(), arguments.end());
   std::vector<const char*> values;
   values.reserve(texts.size());
@@ -276,17 +216,36 @@ PostgresDatabase::ResultHandle PostgresDatabase::Ask(const std::string& sql, int
   if (timeoutSeconds != timeoutSeconds_) {
     return AskTogether(std::array{TimeoutSetting(timeoutSeconds), sql}, values).result;
   }
+  link_.Expect(AnswerLimit(timeoutSeconds), sql);
   // The simple protocol is faster, but it would run a second statement in the text as well.
   if (values.empty() && sql.find(';') == std::string::npos) {
-    return ResultHandle(Pq().PQexec(connection_.get(), sql.c_str()));
+    Pq().PQsendQuery(link_.Get(), sql.c_str());
+  } else {
+    Pq().PQsendQueryParams(link_.Get(), sql.c_str(), static_cast<int>(values.size()), nullptr, values.data(),
+                           nullptr, nullptr, 0);
   }
-  return ResultHandle(Pq().PQexecParams(connection_.get(), sql.c_str(), static_cast<int>(values.size()),
-                                        nullptr, values.data(), nullptr, nullptr, 0));
+  return LastResult();
+}
+
+ResultHandle PostgresDatabase::LastResult() {
+  ResultHandle last;
+  while (ResultHandle next = link_.Next()) {
+    if (IsCopy(next.get())) return next;  // would come again and again
+    if (!last || Succeeded(last.get())) last = std::move(next);
+  }
+  return last;
+}
+
+std::chrono::seconds PostgresDatabase::AnswerLimit(int timeoutSeconds) const {
+  constexpr std::chrono::seconds kWayOfTheAnswer{1};
+  return timeoutSeconds == kNoTimeout ? StatementLimit()
+                                      : std::chrono::seconds(timeoutSeconds) + kWayOfTheAnswer;
 }
 
 PostgresDatabase::Answer PostgresDatabase::AskTogether(std::span<const std::string> statements,
                                                        std::span<const char* const> lastValues) {
-  PGconn* const connection = connection_.get();
+  PGconn* const connection = link_.Get();
+  link_.Expect(AnswerLimit(timeoutSeconds_), statements.back());
   bool sent = Pq().PQenterPipelineMode(connection) == 1;
   for (const std::string& sql : statements) {
     const bool last = &sql == &statements.back();
@@ -302,13 +261,13 @@ PostgresDatabase::Answer PostgresDatabase::AskTogether(std::span<const std::stri
 }
 
 PostgresDatabase::Answer PostgresDatabase::Collect(std::size_t statementCount) {
-  PGconn* const connection = connection_.get();
+  PGconn* const connection = link_.Get();
   Answer answer;
   std::size_t answered = 0;
   bool failed = false;
   // A null ends the answers to each statement, or all when the connection is lost.
   for (;;) {
-    ResultHandle next(Pq().PQgetResult(connection));
+    ResultHandle next = link_.Next();
     if (!next && Pq().PQstatus(connection) == CONNECTION_OK) continue;
     if (!next) break;
     if (IsCopy(next.get())) return {std::move(next), answered};  // would come again and again
@@ -337,43 +296,57 @@ std::string PostgresDatabase::CallFunction(const std::string& name, const std::s
 }
 
 void PostgresDatabase::Control(const char* sql) {
-  RequireConnection(sql);
-  const ResultHandle result(Pq().PQexec(connection_.get(), sql));
+  link_.Expect(StatementLimit(), sql);
+  Pq().PQsendQuery(link_.Get(), sql);
+  const ResultHandle result = LastResult();
   if (Pq().PQresultStatus(result.get()) == PGRES_COMMAND_OK) return;
-  throw PostgresError(connection_.get(), result.get(), sql);
+  throw PostgresError(link_.Get(), result.get(), sql);
 }
 
 void PostgresDatabase::Start(const char* sql) {
-  try {
-    Control(sql);
-  } catch (const PostgresError& error) {
-    if (error.Cause() != FailureCause::ConnectionLost) throw;
-    Control(sql);  // nothing was done yet, so that nothing can be done twice
+  if (link_.Alive()) {
+    try {
+      return Control(sql);
+    } catch (const PostgresError& error) {
+      // Nothing was done yet, so that nothing can be done twice.
+      if (error.Cause() != FailureCause::ConnectionLost) throw;
+    }
   }
+  Connect(sql);
+  Control(sql);
 }
 
 void PostgresDatabase::CommitTransaction() {
-  Control("COMMIT");
+  if (!link_.Alive()) throw PostgresError(link_.Get(), nullptr, "COMMIT");
+  std::string reason;
+  try {
+    return Control("COMMIT");
+  } catch (const std::exception& error) {  // the wait handler's as well
+    if (link_.Alive()) throw;              // the server has answered: nothing is stored
+    reason = error.what();
+  }
+  link_.Drop();
+  throw PostgresError(FailureCause::CommitUnknown, reason, "COMMIT");
 }
 
 void PostgresDatabase::RollbackTransaction() {
   timeoutSeconds_ = kTimeoutUnknown;
-  if (Pq().PQtransactionStatus(connection_.get()) == PQTRANS_IDLE || !Connected()) return;
+  if (Pq().PQtransactionStatus(link_.Get()) == PQTRANS_IDLE || !link_.Alive()) return;
   try {
     Control("ROLLBACK");
-  } catch (const PostgresError& error) {
+  } catch (...) {
     // Without its client the server rolls back by itself.
-    if (error.Cause() != FailureCause::ConnectionLost) throw;
+    if (link_.Alive()) throw;
   }
 }
 
 bool PostgresDatabase::TransactionIsSound() const {
-  return Pq().PQtransactionStatus(connection_.get()) == PQTRANS_INTRANS;
+  return Pq().PQtransactionStatus(link_.Get()) == PQTRANS_INTRANS;
 }
 
 bool PostgresDatabase::ReadOnly() const {
   const auto on = [this](const char* parameter) {
-    const char* value = Pq().PQparameterStatus(connection_.get(), parameter);
+    const char* value = Pq().PQparameterStatus(link_.Get(), parameter);
     return value && std::strcmp(value, "on") == 0;
   };
   return on("in_hot_standby") || on("default_transaction_read_only");

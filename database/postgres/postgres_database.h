@@ -1,41 +1,38 @@
 #pragma once
 
+#include <chrono>
 #include <initializer_list>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "database/postgres/postgres_error.h"
+#include "database/postgres/server_link.h"
 #include "database/sql_connection.h"
 
 namespace kiv::database {
 
 /// A database on a PostgreSQL server. Failures are raised as PostgresError, or as DatabaseError when a
-/// statement is refused before the server sees it. Locks of others are waited for, five seconds at most.
-/// After the loss of the server the next statement or transaction connects again, but never within a
-/// transaction.
+/// statement is refused before the server sees it. Locks of others are waited for, five seconds at most. A
+/// wait that is given up ends the connection. After its loss the next statement or transaction connects
+/// again, but never within a transaction. A commit whose answer does not come raises
+/// FailureCause::CommitUnknown, whatever the reason.
 class PostgresDatabase : public SqlConnection {
  public:
-  /// The address is one of libpq, whose environment and password file count as well. Raises OpenError.
-  static std::shared_ptr<PostgresDatabase> Open(const std::string& url);
+  /// The address is one of libpq, whose environment and password file count as well; the wait handler is
+  /// asked while it is connected to. Raises OpenError.
+  static std::shared_ptr<PostgresDatabase> Open(const std::string& url, WaitHandler waitHandler = {});
 
   bool ReadOnly() const override;
   std::string Name() const override { return name_; }
   const SchemaLayout& Layout() const override;
 
  private:
-  struct ConnectionDeleter {
-    void operator()(PGconn* connection) const { Pq().PQfinish(connection); }
-  };
-  struct ResultDeleter {
-    void operator()(PGresult* result) const { Pq().PQclear(result); }
-  };
-  using ConnectionHandle = std::unique_ptr<PGconn, ConnectionDeleter>;
-  using ResultHandle = std::unique_ptr<PGresult, ResultDeleter>;
   using Arguments = std::initializer_list<std::string_view>;
 
-  PostgresDatabase(std::string name, ConnectionHandle connection);
+  PostgresDatabase(std::string name, const std::string& url) : name_(std::move(name)), link_(url, Waits()) {}
 
   std::shared_ptr<host::Recordset> Run(const std::string& sql, int timeoutSeconds,
                                        Arguments arguments) override;
@@ -49,13 +46,10 @@ class PostgresDatabase : public SqlConnection {
   void RollbackTransaction() override;
   bool TransactionIsSound() const override;
 
-  /// Settings that hold for one connection.
-  void Configure();
-  /// Begins another session; the server rolls back what the old one has not committed.
-  void Reconnect(const std::string& sql);
+  /// Begins a session, another one where there was one; the server rolls back what that has not committed.
+  void Connect(const std::string& sql);
   /// Connects again where that is needed and permitted.
   void RequireConnection(const std::string& sql);
-  bool Connected() const;
   void Start(const char* sql);
   /// The answer to a statement that did not fail.
   ResultHandle Answered(const std::string& sql, int timeoutSeconds, Arguments arguments);
@@ -64,6 +58,10 @@ class PostgresDatabase : public SqlConnection {
   /// Starts or ends a transaction.
   void Control(const char* sql);
   ResultHandle Ask(const std::string& sql, int timeoutSeconds, Arguments arguments);
+  /// The last result of what was sent, or the first that failed; null when the connection was lost before.
+  ResultHandle LastResult();
+  /// How long this side waits for the answer: the server has the first word.
+  std::chrono::seconds AnswerLimit(int timeoutSeconds) const;
   /// The answer to the last of several statements that travel together, or to the first that fails; null when
   /// the answers ended before.
   struct Answer {
@@ -80,7 +78,7 @@ class PostgresDatabase : public SqlConnection {
   std::string TimeoutSetting(int timeoutSeconds);
 
   std::string name_;
-  ConnectionHandle connection_;
+  ServerLink link_;
   int timeoutSeconds_ = kNoTimeout;  ///< as the server has it
 };
 

@@ -17,6 +17,7 @@ constexpr std::array kCauses = {
     CauseOfState{"40001", FailureCause::Busy},            // serialization failure
     CauseOfState{"40P01", FailureCause::Busy},            // deadlock
     CauseOfState{"55P03", FailureCause::Busy},            // lock time-out
+    CauseOfState{"57014", FailureCause::TimedOut},        // statement time-out
     CauseOfState{"25006", FailureCause::ReadOnly},        // read-only transaction
     CauseOfState{"42501", FailureCause::ReadOnly},        // no privilege
     CauseOfState{"53100", FailureCause::DiskFull},        // no room
@@ -69,6 +70,8 @@ std::string ConnectionText(const PGconn* connection) {
 OpenError AsOpenError(const PostgresError& error, const std::string& name) {
   switch (error.Cause()) {
     case FailureCause::Busy: return {OpenProblem::Locked, name};
+    case FailureCause::Cancelled: return {OpenProblem::Cancelled, name};
+    case FailureCause::TimedOut:
     case FailureCause::ConnectionLost: return {OpenProblem::Unreachable, name, error.what()};
     default: return {OpenProblem::NoTables, name, error.what()};
   }

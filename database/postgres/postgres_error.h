@@ -13,6 +13,9 @@ class PostgresError : public StatementError {
  public:
   /// A failed statement; the result may be null when there was no answer.
   PostgresError(const PGconn* connection, const PGresult* result, const std::string& statement);
+  /// A failure on this side.
+  PostgresError(FailureCause cause, const std::string& text, const std::string& statement)
+      : StatementError(cause, text, statement) {}
 
   /// The five characters of the SQL standard, such as 23505; empty when the server said nothing.
   const std::string& SqlState() const { return sqlState_; }

@@ -124,28 +124,40 @@ void CallTextFunction(sqlite3_context* context, int, sqlite3_value** arguments) 
 /// one.
 class SqliteDatabase::DeadlineScope {
  public:
-  DeadlineScope(Clock::time_point& deadline, int timeoutSeconds) : deadline_(deadline), before_(deadline) {
-    if (timeoutSeconds > 0) {
-      deadline_ = std::min(before_, Clock::now() + std::chrono::seconds(timeoutSeconds));
+  DeadlineScope(SqliteDatabase& database, int timeoutSeconds)
+      : database_(database), deadline_(database.deadline_), startedAt_(database.startedAt_) {
+    const std::chrono::seconds limit =
+        timeoutSeconds > 0 ? std::chrono::seconds(timeoutSeconds) : database.StatementLimit();
+    const Clock::time_point now = Clock::now();
+    if (deadline_ == Clock::time_point::max()) {
+      database.startedAt_ = now;
+      database.cancelled_ = false;
     }
+    if (limit.count() > 0) database.deadline_ = std::min(deadline_, now + limit);
   }
   DeadlineScope(const DeadlineScope&) = delete;
   DeadlineScope& operator=(const DeadlineScope&) = delete;
-  ~DeadlineScope() { deadline_ = before_; }
+  ~DeadlineScope() {
+    database_.deadline_ = deadline_;
+    database_.startedAt_ = startedAt_;
+  }
 
  private:
-  Clock::time_point& deadline_;
-  Clock::time_point before_;
+  SqliteDatabase& database_;
+  Clock::time_point deadline_;
+  Clock::time_point startedAt_;
 };
 
 void SqliteDatabase::StatementDeleter::operator()(sqlite3_stmt* statement) const {
   sqlite3_finalize(statement);
 }
 
-std::shared_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& utf8Path, OpenMode mode) {
+std::shared_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& utf8Path, OpenMode mode,
+                                                     WaitHandler waitHandler) {
   const FileKind kind = InspectFile(utf8Path).kind;
   PrepareFile(utf8Path, kind, mode);
   std::shared_ptr<SqliteDatabase> database(new SqliteDatabase(utf8Path));
+  database->SetWaitHandler(std::move(waitHandler));
   try {
     database->Connect(mode);
   } catch (const SqliteError& error) {
@@ -168,7 +180,7 @@ void SqliteDatabase::Connect(OpenMode mode) {
   sqlite3_extended_result_codes(handle_, 1);
   sqlite3_progress_handler(
       handle_, kStepsPerDeadlineCheck,
-      [](void* self) { return static_cast<SqliteDatabase*>(self)->DeadlinePassed() ? 1 : 0; }, this);
+      [](void* self) { return static_cast<SqliteDatabase*>(self)->GoesOn() ? 0 : 1; }, this);
   sqlite3_busy_handler(
       handle_,
       [](void* self, int attempt) {
@@ -189,7 +201,7 @@ void SqliteDatabase::Connect(OpenMode mode) {
 
 std::shared_ptr<host::Recordset> SqliteDatabase::Run(const std::string& sql, int timeoutSeconds,
                                                      std::initializer_list<std::string_view> arguments) {
-  const DeadlineScope scope(deadline_, timeoutSeconds);
+  const DeadlineScope scope(*this, timeoutSeconds);
   const StatementHandle statement = Prepare(sql);
   Bind(statement.get(), arguments, sql);
 
@@ -205,7 +217,7 @@ std::shared_ptr<host::Recordset> SqliteDatabase::Run(const std::string& sql, int
 }
 
 void SqliteDatabase::Visit(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) {
-  const DeadlineScope scope(deadline_, timeoutSeconds);
+  const DeadlineScope scope(*this, timeoutSeconds);
   const StatementHandle statement = Prepare(sql);
   Bind(statement.get(), {}, sql);
   int code = sqlite3_step(statement.get());
@@ -222,23 +234,31 @@ void SqliteDatabase::Visit(const std::string& sql, int timeoutSeconds, const Row
   RequireDone(code, sql);
 }
 
-void SqliteDatabase::RequireDone(int code, const std::string& sql) const {
+void SqliteDatabase::RequireDone(int code, const std::string& sql) {
+  if (code != SQLITE_DONE) Fail(code, sql);
+}
+
+void SqliteDatabase::Fail(int code, const std::string& sql) {
+  if (std::exchange(cancelled_, false)) {
+    LoseTransaction();
+    if (handlerFailure_) std::rethrow_exception(std::exchange(handlerFailure_, nullptr));
+    throw SqliteError(FailureCause::Cancelled, code, "The wait for the database was cancelled.", sql);
+  }
   if (code == SQLITE_INTERRUPT) {
     throw SqliteError(code, std::string(sqlite3_errmsg(handle_)) + ": the statement exceeded its time-out.",
                       sql);
   }
-  if (code != SQLITE_DONE) throw LastSqliteError(handle_, sql);
+  throw LastSqliteError(handle_, sql);
 }
 
-SqliteDatabase::StatementHandle SqliteDatabase::Prepare(const std::string& sql) const {
+SqliteDatabase::StatementHandle SqliteDatabase::Prepare(const std::string& sql) {
   if (sql.find('\0') != std::string::npos) {
     throw host::DatabaseError("A statement must not contain a NUL character.", sql);
   }
   sqlite3_stmt* statement = nullptr;
   const char* rest = nullptr;
-  if (sqlite3_prepare_v2(handle_, sql.c_str(), -1, &statement, &rest) != SQLITE_OK) {
-    throw LastSqliteError(handle_, sql);
-  }
+  const int code = sqlite3_prepare_v2(handle_, sql.c_str(), -1, &statement, &rest);
+  if (code != SQLITE_OK) Fail(code, sql);
   StatementHandle prepared(statement);
   if (!prepared) throw host::DatabaseError("The statement is empty.", sql);
   RefuseFurtherStatement(rest, sql);
@@ -273,11 +293,26 @@ void SqliteDatabase::Bind(sqlite3_stmt* statement, std::initializer_list<std::st
   }
 }
 
+bool SqliteDatabase::GoesOn() {
+  return Clock::now() < deadline_ && Ask(Wait::For::Answer, startedAt_);
+}
+
 bool SqliteDatabase::WaitForOthers(int attempt) {
   if (attempt == 0) waitingSince_ = Clock::now();
   if (Clock::now() >= std::min(waitingSince_ + kLongestWait, deadline_)) return false;
+  if (!Ask(Wait::For::Lock, waitingSince_)) return false;
   sqlite3_sleep(std::min(attempt + 1, kLongestSleepMilliseconds));
   return true;
+}
+
+bool SqliteDatabase::Ask(Wait::For what, Clock::time_point since) {
+  try {
+    cancelled_ = !Waits().GoesOn(what, since);
+  } catch (...) {  // must not go through SQLite
+    cancelled_ = true;
+    handlerFailure_ = std::current_exception();
+  }
+  return !cancelled_;
 }
 
 bool SqliteDatabase::FindColumn(const std::string& table, const std::string& column) {

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <initializer_list>
 #include <memory>
@@ -24,8 +25,9 @@ class SqliteDatabase : public SqlConnection {
   using TextFunction = std::function<std::string(const std::string& argument)>;
 
   /// Opens a file, for reading only when it is write-protected. With CreateIfMissing an empty file counts as
-  /// missing, and missing folders are made. Raises OpenError.
-  static std::shared_ptr<SqliteDatabase> Open(const std::string& utf8Path, OpenMode mode);
+  /// missing, and missing folders are made. The wait handler is asked meanwhile. Raises OpenError.
+  static std::shared_ptr<SqliteDatabase> Open(const std::string& utf8Path, OpenMode mode,
+                                              WaitHandler waitHandler = {});
 
   SqliteDatabase(const SqliteDatabase&) = delete;
   SqliteDatabase& operator=(const SqliteDatabase&) = delete;
@@ -64,19 +66,27 @@ class SqliteDatabase : public SqlConnection {
   void RollbackTransaction() override;
   bool TransactionIsSound() const override;
 
-  void RequireDone(int code, const std::string& sql) const;
-  StatementHandle Prepare(const std::string& sql) const;
+  void RequireDone(int code, const std::string& sql);
+  StatementHandle Prepare(const std::string& sql);
   void RefuseFurtherStatement(const char* rest, const std::string& sql) const;
   void Bind(sqlite3_stmt* statement, std::initializer_list<std::string_view> arguments,
             const std::string& sql) const;
 
-  bool DeadlinePassed() const { return Clock::now() >= deadline_; }
+  /// What SQLite calls while it works and while it waits for others; false ends the statement.
+  bool GoesOn();
   bool WaitForOthers(int attempt);
+  /// Asks the wait handler; what that one raises is raised again when SQLite has ended the statement.
+  bool Ask(Wait::For what, Clock::time_point since);
+  /// Raises what ended a statement. Where that was the user, its transaction can only be rolled back.
+  [[noreturn]] void Fail(int code, const std::string& sql);
 
   std::string path_;
   sqlite3* handle_ = nullptr;
   Clock::time_point deadline_ = Clock::time_point::max();  ///< of the statement that runs
+  Clock::time_point startedAt_;                            ///< likewise
   Clock::time_point waitingSince_;
+  bool cancelled_ = false;
+  std::exception_ptr handlerFailure_;
 };
 
 }  // namespace kiv::database

@@ -13,6 +13,7 @@ FailureCause CauseOf(int extendedCode) {
   switch (extendedCode & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED: return FailureCause::Busy;
+    case SQLITE_INTERRUPT: return FailureCause::TimedOut;
     case SQLITE_READONLY: return FailureCause::ReadOnly;
     case SQLITE_IOERR:  // a used-up quota, for one
     case SQLITE_FULL: return FailureCause::DiskFull;
@@ -41,6 +42,7 @@ SqliteError LastSqliteError(sqlite3* database, const std::string& statement) {
 }
 
 OpenError AsOpenError(const SqliteError& error, const std::string& file, FileKind before) {
+  if (error.Cause() == FailureCause::Cancelled) return {OpenProblem::Cancelled, file};
   switch (error.Code()) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED: return {OpenProblem::Locked, file};

@@ -14,6 +14,10 @@ namespace kiv::database {
 class SqliteError : public StatementError {
  public:
   SqliteError(int extendedCode, const std::string& driverText, const std::string& statement);
+  /// A failure whose cause is known otherwise.
+  SqliteError(FailureCause cause, int extendedCode, const std::string& driverText,
+              const std::string& statement)
+      : StatementError(cause, driverText, statement), extendedCode_(extendedCode) {}
 
   /// The result code without its details, such as SQLITE_CONSTRAINT.
   int Code() const { return extendedCode_ & 0xFF; }

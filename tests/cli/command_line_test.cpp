@@ -118,6 +118,7 @@ TEST_F(CommandLine, TellsTheWindowFromItsCommands) {
                                                 {"show", "01"},  // could be meant in another base
                                                 {"list", "--yaml"},
                                                 {"list", "--database", ""},
+                                                {"list", "--timeout", "-1"},
                                                 {"list", "host=h password=s3cret"},  // without --database
                                                 {"lst", "--database=postgresql://ann:s3cret@h/x"},
                                                 {"list", "init"}}) {

@@ -11,6 +11,7 @@
 #include <thread>
 #include <vector>
 
+#include "database/statement_error.h"
 #include "database/transaction.h"
 #include "support/engine.h"
 #include "support/fake_database.h"
@@ -336,6 +337,39 @@ TEST_P(ConnectionConformance, TimeOutEndsAnEndlessQuery) {
   EXPECT_LT(seconds.count(), 2.5);
   Insert({1, "one", {}, {}});
   EXPECT_EQ(connection_->OpenQuery("SELECT Id FROM Sample", 0)->RecordCount(), 1) << "0 is no limit";
+}
+
+TEST_P(ConnectionConformance, WaitHandlerIsAskedMayGiveUpAndMustNotUseTheConnection) {
+  const std::string endless =
+      "WITH RECURSIVE run (n) AS (SELECT 1 UNION ALL SELECT n FROM run) SELECT count(*) FROM run";
+  Insert({1, "one", {}, {}});
+  const auto start = std::chrono::steady_clock::now();
+  int asked = 0;
+  connection_->SetWaitHandler([&](const Wait& wait) {
+    EXPECT_EQ(wait.what, Wait::For::Answer);
+    EXPECT_GE(wait.elapsed, std::chrono::milliseconds(100));
+    EXPECT_THAT([&] { Ids(); }, ThrowsMessage<host::DatabaseError>(HasSubstr("wait handler")));
+    EXPECT_THROW(connection_->Rollback(), host::DatabaseError);
+    if (++asked == 5) throw std::runtime_error("of the handler");
+    return asked < 3;
+  });
+  {
+    Transaction transaction(*connection_);
+    connection_->ExecuteSql("UPDATE Sample SET Name = 'two'");
+    EXPECT_THAT([&] { connection_->OpenQuery(endless, 9); },
+                testing::Throws<StatementError>(Property(&StatementError::Cause, FailureCause::Cancelled)));
+    EXPECT_EQ(asked, 3);
+    EXPECT_THROW(Ids(), host::DatabaseError);
+    EXPECT_THROW(transaction.Commit(), host::DatabaseError);
+  }
+  asked = 4;
+  EXPECT_THAT([&] { connection_->ExecuteSql(endless); }, ThrowsMessage<std::runtime_error>("of the handler"));
+  connection_->SetWaitHandler({});
+  connection_->SetStatementLimit(std::chrono::seconds(1));
+  EXPECT_THAT([&] { connection_->ExecuteSql(endless); },
+              testing::Throws<StatementError>(Property(&StatementError::Cause, FailureCause::TimedOut)));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
+  EXPECT_EQ(test::ValueOf(*connection_, "SELECT Name FROM Sample"), Variant("one"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, ConnectionConformance, testing::ValuesIn(test::Engines()),

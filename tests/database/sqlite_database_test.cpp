@@ -105,6 +105,22 @@ TEST_F(SqliteDatabaseTest, WaitingIsPartOfTheTimeOut) {
   EXPECT_LT(waited, 3s);
 }
 
+TEST_F(SqliteDatabaseTest, WaitForALockMayBeGivenUp) {
+  database_->ExecuteSql("CREATE TABLE t (id INTEGER PRIMARY KEY)");
+  const auto other = Connect();
+  other->ExecuteSql("BEGIN EXCLUSIVE");
+  const auto handler = [](const Wait& wait) { return wait.what == Wait::For::Lock && wait.elapsed < 250ms; };
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_THAT([&] { SqliteDatabase::Open(folder_.File("test.db"), OpenMode::MustExist, handler); },
+              Throws<OpenError>(Property(&OpenError::Problem, OpenProblem::Cancelled)));
+  database_->SetWaitHandler(handler);
+  EXPECT_THAT([&] { database_->Begin(); },
+              Throws<StatementError>(Property(&StatementError::Cause, FailureCause::Cancelled)));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 2s);
+  other->ExecuteSql("ROLLBACK");
+  Transaction(*database_).Commit();
+}
+
 TEST_F(SqliteDatabaseTest, LostTransactionWritesNothingMore) {
   database_->ExecuteSql("CREATE TABLE t (id INTEGER PRIMARY KEY)");
   database_->Begin();
