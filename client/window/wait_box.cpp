@@ -1,7 +1,6 @@
 #include "client/window/wait_box.h"
 
 #include <QApplication>
-#include <QDialog>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
@@ -30,7 +29,9 @@ WaitBox::WaitBox() {
   connect(&rest_, &QTimer::timeout, this, [this] { Rest(); });
 }
 
-WaitBox::~WaitBox() = default;
+WaitBox::~WaitBox() {
+  delete dialog_;
+}
 
 bool WaitBox::GoOn(const database::Wait& wait) {
   if (cancelled_) return false;
@@ -48,21 +49,21 @@ bool WaitBox::GoOn(const database::Wait& wait) {
 
 void WaitBox::Show(const database::Wait& wait) {
   if (!dialog_) {
-    dialog_ = std::make_unique<QDialog>(QApplication::activeWindow());
+    dialog_ = new QDialog(QApplication::activeWindow());
     dialog_->setObjectName(QStringLiteral("wait"));
     dialog_->setWindowTitle(QStringLiteral("Please wait"));
     dialog_->setWindowModality(Qt::ApplicationModal);
-    text_ = new QLabel(dialog_.get());
+    text_ = new QLabel(dialog_);
     // Whoever goes on typing must not press the button by a blank; Escape does it.
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, dialog_.get());
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, dialog_);
     buttons->button(QDialogButtonBox::Cancel)->setFocusPolicy(Qt::NoFocus);
     buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
-    auto* all = new QVBoxLayout(dialog_.get());
+    auto* all = new QVBoxLayout(dialog_);
     all->addWidget(text_);
-    all->addWidget(new QLabel(QStringLiteral("What you have entered stays here."), dialog_.get()));
+    all->addWidget(new QLabel(QStringLiteral("What you have entered stays here."), dialog_));
     all->addWidget(buttons);
-    connect(buttons, &QDialogButtonBox::rejected, dialog_.get(), &QDialog::reject);
-    connect(dialog_.get(), &QDialog::rejected, this, [this] { cancelled_ = true; });
+    connect(buttons, &QDialogButtonBox::rejected, dialog_, &QDialog::reject);
+    connect(dialog_, &QDialog::rejected, this, [this] { cancelled_ = true; });
   }
   text_->setText(
       QStringLiteral("%1 ... %L2 s").arg(Reason(wait.what)).arg((sinceRest_.elapsed() + 100) / 1000));
@@ -70,13 +71,13 @@ void WaitBox::Show(const database::Wait& wait) {
 }
 
 void WaitBox::Rest() {
-  dialog_.reset();
+  if (dialog_) dialog_->hide();
   sinceRest_.invalidate();
   cancelled_ = false;
 }
 
 bool WaitBox::eventFilter(QObject* receiver, QEvent* event) {
-  return event->type() == QEvent::Timer && receiver != dialog_.get();
+  return event->type() == QEvent::Timer && receiver != dialog_;
 }
 
 }  // namespace kiv::client

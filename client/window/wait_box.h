@@ -1,13 +1,13 @@
 #pragma once
 
+#include <QDialog>
 #include <QElapsedTimer>
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
-#include <memory>
 
 #include "database/wait.h"
 
-class QDialog;
 class QLabel;
 
 namespace kiv::client {
@@ -30,7 +30,7 @@ class WaitBox : public QObject {
   void Show(const database::Wait& wait);
   void Rest();
 
-  std::unique_ptr<QDialog> dialog_;
+  QPointer<QDialog> dialog_;  ///< hidden at rest, because a message may already have it as its parent
   QLabel* text_ = nullptr;
   QElapsedTimer sinceRest_;
   QTimer rest_;  ///< fires as soon as nothing is waited for

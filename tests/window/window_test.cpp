@@ -1,7 +1,9 @@
 // The whole program through its window, with a user's keys and clicks, on real database files.
 
 #include <QClipboard>
+#include <QElapsedTimer>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTableView>
 #include <array>
 #include <filesystem>
@@ -195,12 +197,32 @@ TEST_F(Window, ADeletedScenarioLeavesTheChooser) {
   EXPECT_THAT(TextOf("lblPreview"), HasSubstr("a0000001.hom"));
 }
 
+/// Presses Cancel as soon as the window shows that it waits, which it does with its timers at rest.
+class WaitCanceller : public QObject {
+ public:
+  WaitCanceller() { qApp->installEventFilter(this); }
+
+ protected:
+  bool eventFilter(QObject* receiver, QEvent* event) override {
+    auto* button = qobject_cast<QPushButton*>(receiver);
+    if (button && event->type() == QEvent::Paint && button->window()->objectName() == "wait") {
+      QMetaObject::invokeMethod(button, &QPushButton::click, Qt::QueuedConnection);
+    }
+    return false;
+  }
+};
+
 TEST_F(Window, ALockedDatabaseCostsNoInput) {
   Open();
   StartStudy();
   const auto other = database::SqliteDatabase::Open(database_, database::OpenMode::MustExist);
   other->ExecuteSql("BEGIN EXCLUSIVE");
   EXPECT_THAT(RefusalOfSave(), HasSubstr("in use by another program"));
+  const WaitCanceller canceller;
+  QElapsedTimer wait;
+  wait.start();
+  EXPECT_THAT(RefusalOfSave(), HasSubstr("was cancelled"));
+  EXPECT_LT(wait.elapsed(), 4000);
   EXPECT_EQ(TextOf("txtPath"), folder_.Path());
   other->ExecuteSql("COMMIT");
   Save();
