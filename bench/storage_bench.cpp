@@ -81,7 +81,8 @@ class Subject {
     connection_->recording = false;
     // Only this program keeps a history; an entry of it cannot be written twice.
     std::erase_if(connection_->texts, [](const std::string& text) {
-      return text.find("kiv_study_history") != std::string::npos;
+      return text.find("kiv_study_history") != std::string::npos ||
+             text.find("kiv_change") != std::string::npos;
     });
     return connection_->texts;
   }

@@ -199,28 +199,44 @@ void LoadEcpList(std::int32_t listId, const EcpTaker& addEcp) {
              [&addEcp](const RowReader& row) { addEcp(row.Number(0), row.Number(1), row.Number(2)); });
 }
 
+namespace {
+
+/// Asks for the antennas or carriers of each cell and gives their rows to a function.
+template <class TakeRow>
+void LoadCellLists(std::string_view table, std::int32_t listId, const EntityCollection& cells,
+                   std::string_view number, const TakeRow& takeRow) {
+  const auto query = [&](const std::shared_ptr<CEntity>& cell) {
+    return CellListQuery(table, listId, AsCell(cell), number);
+  };
+  Announcer ahead([&, next = cells.begin()](std::vector<host::Announcement>& questions) mutable {
+    if (next == cells.end()) return false;
+    questions.push_back({query(*next)});
+    ++next;
+    return true;
+  });
+  for (const auto& entity : cells) {
+    ahead.BeginRound();
+    ForEachRow(query(entity), {kInstanceId, kSystemId, kEcpId, kCellId, number, kSelected},
+               [&](const RowReader& row) { takeRow(AsCell(entity), row); });
+  }
+}
+
+}  // namespace
+
 void LoadAntennaList(std::int32_t listId, const EntityCollection& cells) {
   const host::Database& database = Database();
-  for (const auto& entity : cells) {
-    CCell& cell = AsCell(entity);
-    ForEachRow(CellListQuery(kAntennaList, listId, cell, kAntennaId),
-               {kInstanceId, kSystemId, kEcpId, kCellId, kAntennaId, kSelected}, [&](const RowReader& row) {
-                 cell.AddAntenna(row.Number(0), row.Number(1), row.Number(2), row.Number(3), row.Number(4),
-                                 database.FieldToBoolean(row.Value(5)));
-               });
-  }
+  LoadCellLists(kAntennaList, listId, cells, kAntennaId, [&database](CCell& cell, const RowReader& row) {
+    cell.AddAntenna(row.Number(0), row.Number(1), row.Number(2), row.Number(3), row.Number(4),
+                    database.FieldToBoolean(row.Value(5)));
+  });
 }
 
 void LoadCarrierList(std::int32_t listId, const EntityCollection& cells) {
   const host::Database& database = Database();
-  for (const auto& entity : cells) {
-    CCell& cell = AsCell(entity);
-    ForEachRow(CellListQuery(kCarrierList, listId, cell, kCarrierId),
-               {kInstanceId, kSystemId, kEcpId, kCellId, kCarrierId, kSelected}, [&](const RowReader& row) {
-                 cell.AddCarrier(row.Number(0), row.NumberText(1), row.NumberText(2), row.NumberText(3),
-                                 row.NumberText(4), database.FieldToBoolean(row.Value(5)));
-               });
-  }
+  LoadCellLists(kCarrierList, listId, cells, kCarrierId, [&database](CCell& cell, const RowReader& row) {
+    cell.AddCarrier(row.Number(0), row.NumberText(1), row.NumberText(2), row.NumberText(3), row.NumberText(4),
+                    database.FieldToBoolean(row.Value(5)));
+  });
 }
 
 std::int32_t GetParentInstanceId(const std::string& fullKey) {
@@ -236,14 +252,40 @@ std::string FindCellTech(std::int32_t instanceId) {
   return Database().CallStoredFunction(host::kFindCellTech, std::to_string(instanceId));
 }
 
+namespace {
+
+std::string ConfigAntennasQuery(const CCell& cell) {
+  return "SELECT Instance_Id, rfpi FROM luc_cfg_ceqsu2 WHERE dsetup='y' AND system_id=" +
+         std::to_string(cell.SystemID()) + " AND ecp=" + std::to_string(cell.EcpID()) +
+         " AND cell=" + std::to_string(cell.CellID()) + " ORDER BY rfpi";
+}
+
+std::string ConfigCarriersQuery(const CCell& cell) {
+  return "SELECT cdma_carr_id FROM luc_cfg_cdma_car_chans WHERE system_id=" +
+         std::to_string(cell.SystemID()) + " AND ecp=" + std::to_string(cell.EcpID()) +
+         " AND cell=" + std::to_string(cell.CellID()) + " ORDER BY keyid";
+}
+
+std::string CgsaCarriersQuery(const CCell& cell) {
+  return "SELECT a.carrier_no FROM luc_cfg_cgsa_cdma_cars a, luc_cfg_cgsa_cell_list b"
+         " WHERE a.system_id = b.system_id AND a.ecp=b.ecp AND a.cgsano=b.cgsano AND b.cell=" +
+         std::to_string(cell.CellID()) + " AND b.system_id=" + std::to_string(cell.SystemID()) +
+         " AND b.ecp=" + std::to_string(cell.EcpID());
+}
+
+}  // namespace
+
+void AddConfigQuestions(const CCell& cell, std::vector<host::Announcement>& questions) {
+  questions.push_back({host::kFindCellTech, std::to_string(cell.InstanceID())});
+  questions.push_back({ConfigAntennasQuery(cell)});
+  questions.push_back({ConfigCarriersQuery(cell)});
+  questions.push_back({CgsaCarriersQuery(cell)});
+}
+
 void LookupConfigAntennas(CCell& cell) {
-  ForEachRow("SELECT Instance_Id, rfpi FROM luc_cfg_ceqsu2 WHERE dsetup='y' AND system_id=" +
-                 std::to_string(cell.SystemID()) + " AND ecp=" + std::to_string(cell.EcpID()) +
-                 " AND cell=" + std::to_string(cell.CellID()) + " ORDER BY rfpi",
-             {"Instance_Id", "rfpi"}, [&cell](const RowReader& row) {
-               cell.AddAntenna(row.Number(0), cell.SystemID(), cell.EcpID(), cell.CellID(), row.Number(1),
-                               false);
-             });
+  ForEachRow(ConfigAntennasQuery(cell), {"Instance_Id", "rfpi"}, [&cell](const RowReader& row) {
+    cell.AddAntenna(row.Number(0), cell.SystemID(), cell.EcpID(), cell.CellID(), row.Number(1), false);
+  });
 }
 
 void LookupConfigCarriers(CCell& cell) {
@@ -253,16 +295,10 @@ void LookupConfigCarriers(CCell& cell) {
   const auto addCarrier = [&](const RowReader& row) {
     cell.AddCarrier(0, systemId, ecpId, cellId, row.NumberText(0), false);
   };
-  ForEachRow("SELECT cdma_carr_id FROM luc_cfg_cdma_car_chans WHERE system_id=" + systemId +
-                 " AND ecp=" + ecpId + " AND cell=" + cellId + " ORDER BY keyid",
-             {"cdma_carr_id"}, addCarrier);
+  ForEachRow(ConfigCarriersQuery(cell), {"cdma_carr_id"}, addCarrier);
   if (Required(cell.Carriers()).Count() > 0) return;
   // A cell without channels of its own has the carriers of its CGSA.
-  ForEachRow(
-      "SELECT a.carrier_no FROM luc_cfg_cgsa_cdma_cars a, luc_cfg_cgsa_cell_list b"
-      " WHERE a.system_id = b.system_id AND a.ecp=b.ecp AND a.cgsano=b.cgsano AND b.cell=" +
-          cellId + " AND b.system_id=" + systemId + " AND b.ecp=" + ecpId,
-      {"carrier_no"}, addCarrier);
+  ForEachRow(CgsaCarriersQuery(cell), {"carrier_no"}, addCarrier);
 }
 
 ListIdentity CellIdentity(std::string_view list) {

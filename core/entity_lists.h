@@ -4,9 +4,11 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/entities.h"
 #include "core/sub_record.h"
+#include "host/database.h"
 
 /// The entity selections of studies in the four list tables, and the look-ups in the network configuration.
 /// A list's identifier is its study's. Deletes, loads and look-ups raise what the database raises; an insert
@@ -47,6 +49,8 @@ std::int32_t GetParentInstanceId(const std::string& fullKey);
 /// Technology of a cell.
 std::string FindCellTech(std::int32_t instanceId);
 
+/// Adds what FindCellTech and the two below may ask for a cell, in their order.
+void AddConfigQuestions(const CCell& cell, std::vector<host::Announcement>& questions);
 /// Add the cell's configured antennas and carriers, none of them selected.
 void LookupConfigAntennas(CCell& cell);
 void LookupConfigCarriers(CCell& cell);

@@ -4,9 +4,30 @@
 
 namespace kiv::database {
 
+namespace {
+
+/// The text that a stored function gave; empty for NULL.
+std::string TextOf(const host::Recordset& rows) {
+  const Variant result = rows.FieldAt(0);
+  return result.IsNull() ? std::string() : std::get<std::string>(result.Value());
+}
+
+}  // namespace
+
 std::shared_ptr<host::Recordset> SqlConnection::OpenQuery(const std::string& sql, int timeoutSeconds) {
+  RefuseWhileWaiting(sql);
+  if (timeoutSeconds == host::kQueryTimeoutSeconds) {
+    if (auto rows = TakeAhead({sql})) return std::move(*rows);
+  }
   Prepare(sql);
   return Run(sql, timeoutSeconds, {});
+}
+
+void SqlConnection::Announce(std::span<const host::Announcement> next) {
+  if (waits_.Asking() || lost_) return;
+  if (next.empty()) return DropAhead();
+  SendWaiting();
+  SendAhead(next);
 }
 
 void SqlConnection::VisitRows(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) {
@@ -16,6 +37,7 @@ void SqlConnection::VisitRows(const std::string& sql, int timeoutSeconds, const 
 
 void SqlConnection::ExecuteSql(const std::string& sql) {
   RefuseWhileWaiting(sql);
+  DropAhead();
   if (inTransaction_) {
     RefuseWhenLost(sql);
     if (waiting_.Take(sql)) return;
@@ -31,6 +53,8 @@ bool SqlConnection::ColumnExists(const std::string& table, const std::string& co
 }
 
 std::string SqlConnection::CallStoredFunction(const std::string& name, const std::string& argument) {
+  RefuseWhileWaiting({});
+  if (const auto rows = TakeAhead({name, argument})) return TextOf(**rows);
   Prepare({});
   return CallFunction(name, argument);
 }
@@ -49,6 +73,7 @@ bool SqlConnection::FieldToBoolean(const Variant& field) const {
 
 void SqlConnection::Start(void (SqlConnection::*start)()) {
   RefuseWhileWaiting({});
+  DropAhead();
   if (inTransaction_ || TransactionIsSound()) {
     throw Error(ErrorNumber::InvalidArgument, "A transaction is already open.");
   }
@@ -75,6 +100,7 @@ void SqlConnection::Rollback() {
 
 void SqlConnection::Prepare(const std::string& sql) {
   RefuseWhileWaiting(sql);
+  DropAhead();
   RefuseWhenLost(sql);
   SendWaiting();
 }

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -30,6 +31,8 @@ class SqlConnection : public Connection {
   std::string FormatValueList(std::span<const Variant> values) const final;
   std::string FormatAssignmentList(std::span<const host::Assignment> assignments) const final;
   bool FieldToBoolean(const Variant& field) const final;
+
+  void Announce(std::span<const host::Announcement> next) final;
 
   void VisitRows(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) final;
 
@@ -63,6 +66,14 @@ class SqlConnection : public Connection {
   virtual void RunAll(std::span<const std::string> statements);
   virtual bool FindColumn(const std::string& table, const std::string& column) = 0;
   virtual std::string CallFunction(const std::string& name, const std::string& argument) = 0;
+  /// Sends questions ahead of their being asked.
+  virtual void SendAhead(std::span<const host::Announcement> /*questions*/) {}
+  /// The answer to a question that was sent ahead. What is asked otherwise than it was announced drops the
+  /// rest.
+  virtual std::optional<std::shared_ptr<host::Recordset>> TakeAhead(const host::Announcement& /*question*/) {
+    return std::nullopt;
+  }
+  virtual void DropAhead() {}
   virtual void StartTransaction() = 0;
   virtual void StartReading() = 0;
   virtual void CommitTransaction() = 0;

@@ -91,6 +91,7 @@ void XDDListView::DropNodes(const std::vector<host::DraggedNode>& nodes) {
     return;
   }
   const auto collection = TheCollection();  // a handler may set another one
+  const auto prepared = preparation_ ? preparation_(nodes) : nullptr;
   Change([&](bool& changed) {
     for (const host::DraggedNode& node : nodes) {
       const auto entity = MakeEntity(node);

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "editor/entity_list_view.h"
@@ -52,6 +53,10 @@ class XDDListView : public EntityListView {
   void RemoveSelected();
   void RemoveAll();
 
+  /// Called with what is dropped before the first of it is taken; what it returns lives until the last is.
+  using DropPreparation = std::function<std::shared_ptr<void>(const std::vector<host::DraggedNode>& nodes)>;
+  void SetDropPreparation(DropPreparation preparation) { preparation_ = std::move(preparation); }
+
   /// Raised for each entity that a drop added or the user removed.
   Signal<const std::shared_ptr<CEntity>&> EntityAdded;
   Signal<const std::shared_ptr<CEntity>&> EntityRemoved;
@@ -67,6 +72,7 @@ class XDDListView : public EntityListView {
   bool TakeIn(EntityCollection& collection, const std::shared_ptr<CEntity>& entity);
   void Change(const std::function<void(bool& changed)>& change);
 
+  DropPreparation preparation_;
   std::optional<std::uint16_t> format_;  // of the tree's nodes, once a drag asked for it
   kiv::EntityType entityType_ = kiv::EntityType::None;
   std::int32_t maxRows_ = 0;

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -52,6 +54,13 @@ struct Assignment {
   Variant value;
 };
 
+/// A question that is going to be asked: the query of an OpenQuery with the library's time-out, or the stored
+/// function of a CallStoredFunction with its argument.
+struct Announcement {
+  std::string text;
+  std::optional<std::string> argument = {};  ///< of a function
+};
+
 /// The host's relational database. Failures are raised as DatabaseError.
 class Database {
  public:
@@ -70,6 +79,13 @@ class Database {
   /// Calls a stored function with one text argument and returns its text.
   virtual std::string CallStoredFunction(const std::string& name, const std::string& argument) = 0;
   virtual bool FieldToBoolean(const Variant& field) const = 0;
+
+  /// How many questions it is of use to announce at a time; 0 where none is.
+  virtual std::size_t AnnouncementsWanted() const { return 0; }
+  /// Tells what is going to be asked behind what was announced before, in this order; some of it may be left
+  /// out then. An empty list takes back what has not been asked. A database that is far away can thus answer
+  /// many questions in the time of one. The answers are those that the questions would get without it.
+  virtual void Announce(std::span<const Announcement> /*next*/) {}
 };
 
 }  // namespace kiv::host

@@ -1,8 +1,11 @@
 #include "plm/plm_msql.h"
 
+#include <cstddef>
+#include <exception>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/conversions.h"
 #include "core/fields.h"
@@ -40,6 +43,11 @@ void Insert(const std::string& table, const Record& record) {
   database.ExecuteSql(InsertStatementOf(database, table, record));
 }
 
+std::string ChannelsQuery(const CKivPlmMode& mode) {
+  return "SELECT * FROM " + kChannelTable + " WHERE ID = " + std::to_string(mode.ID()) +
+         " AND PlmMode = " + std::to_string(mode.PlmMode()) + " ORDER BY PlmMode, Channel";
+}
+
 }  // namespace
 
 void LoadPlmData(std::int32_t id, CKivPlmData& record) {
@@ -57,19 +65,32 @@ void LoadPlmModes(std::int32_t id, CKivPlmData& record) {
   if (!rows || rows->EndOfFile()) return;
   const auto fields = CKivPlmMode::Fields();
   const auto optional = FindOptionalFields(Database(), kModeTable, fields);
-  for (; !rows->EndOfFile(); rows->MoveNext()) {
-    const auto mode = std::make_shared<CKivPlmMode>();
-    LoadFields(*mode, *rows, fields, optional, id);
-    if (mode->PlmMode() <= 0) continue;
+  std::vector<std::shared_ptr<CKivPlmMode>> modes;
+  std::exception_ptr failure;
+  try {
+    for (; !rows->EndOfFile(); rows->MoveNext()) {
+      const auto mode = std::make_shared<CKivPlmMode>();
+      LoadFields(*mode, *rows, fields, optional, id);
+      if (mode->PlmMode() > 0) modes.push_back(mode);
+    }
+  } catch (const Error&) {  // told behind the modes before
+    failure = std::current_exception();
+  }
+  Announcer ahead([&modes, next = std::size_t{0}](std::vector<host::Announcement>& questions) mutable {
+    if (next == modes.size()) return false;
+    questions.push_back({ChannelsQuery(*modes[next++])});
+    return true;
+  });
+  for (const auto& mode : modes) {
+    ahead.BeginRound();
     record.AddMode(MKivStudyCtls::ModeName(mode->PlmMode()), mode);
     mode->LoadChannelList();
   }
+  if (failure) std::rethrow_exception(failure);
 }
 
 void LoadPlmChannels(CKivPlmMode& mode) {
-  const auto rows =
-      OpenQuery("SELECT * FROM " + kChannelTable + " WHERE ID = " + std::to_string(mode.ID()) +
-                " AND PlmMode = " + std::to_string(mode.PlmMode()) + " ORDER BY PlmMode, Channel");
+  const auto rows = OpenQuery(ChannelsQuery(mode));
   if (!rows || rows->EndOfFile()) return;
   const auto column = [&rows](std::size_t field) {
     return rows->FieldIndex(ChannelRow::Fields()[field].name);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/entity_lists.h"
+#include "core/msql.h"
 #include "host/services.h"
 
 namespace kiv {
@@ -69,10 +70,20 @@ std::shared_ptr<EntityCollection> CompletedCells(const CKivVcsData& data) {
   auto completed = std::make_shared<EntityCollection>();
   bool asks = true;
   bool reported = false;
-  for (const auto& entity : Required(data.Cells())) {
+  const EntityCollection& stored = Required(data.Cells());
+  MSQL::Announcer ahead([&, next = stored.begin()](std::vector<host::Announcement>& questions) mutable {
+    if (next == stored.end()) return false;
+    MSQL::AddConfigQuestions(AsCell(*next), questions);
+    ++next;
+    return true;
+  });
+  for (const auto& entity : stored) {
     std::shared_ptr<CEntity> cell = entity;
     try {
-      if (asks) cell = Completed(data, AsCell(entity));
+      if (asks) {
+        ahead.BeginRound();
+        cell = Completed(data, AsCell(entity));
+      }
     } catch (const Error& error) {
       if (!std::exchange(reported, true)) host::TheErrorReporter().ReportError();
       // Who does not answer for one cell would keep the user waiting for each of the others.

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "core/entity_lists.h"
 #include "core/numeric_text.h"
 #include "vcsa/cell_lookup.h"
 
@@ -59,7 +60,20 @@ XKivVcsGen::XKivVcsGen()
                        {{"Technology", 14}, [](const CEntity& cell) {
                           return Variant(dynamic_cast<const CCell&>(cell).TechType());
                         }}});
+  dlvwCell.SetDropPreparation([this](const std::vector<host::DraggedNode>& nodes) {
+    auto announcer = std::make_shared<MSQL::Announcer>(
+        [&nodes, next = std::size_t{0}](std::vector<host::Announcement>& questions) mutable {
+          if (next == nodes.size()) return false;
+          const host::DraggedNode& node = nodes[next++];
+          const auto cell = MakeCell(0, node.instanceId, node.systemId, node.ecpId, node.cellId);
+          MSQL::AddConfigQuestions(*cell, questions);
+          return true;
+        });
+    dropped_ = announcer;
+    return announcer;
+  });
   dlvwCell.EntityAdded.Connect([this](const std::shared_ptr<CEntity>& cell) {
+    if (const auto announcer = dropped_.lock()) announcer->BeginRound();
     cell->SetID(Required(Study()).ID());
     CompleteCell(*SubRecord(), AsCell(cell));
   });

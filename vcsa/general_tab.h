@@ -1,5 +1,8 @@
 #pragma once
 
+#include <memory>
+
+#include "core/msql.h"
 #include "editor/data_file_destination.h"
 #include "editor/dd_list_view.h"
 #include "editor/general_tab.h"
@@ -26,6 +29,8 @@ class XKivVcsGen : public GeneralTabOf<CKivVcsData> {
 
  private:
   void ShowStoredStudy() override;
+
+  std::weak_ptr<MSQL::Announcer> dropped_;  ///< what the cells of a drop are going to ask
 };
 
 }  // namespace kiv

@@ -37,8 +37,10 @@
   FUNCTION(PQport)                    \
   FUNCTION(PQresultErrorField)        \
   FUNCTION(PQresultStatus)            \
+  FUNCTION(PQsendPrepare)             \
   FUNCTION(PQsendQuery)               \
   FUNCTION(PQsendQueryParams)         \
+  FUNCTION(PQsendQueryPrepared)       \
   FUNCTION(PQsetNoticeProcessor)      \
   FUNCTION(PQsetnonblocking)          \
   FUNCTION(PQsocket)                  \

@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "base/ascii.h"
 #include "database/postgres/postgres_layout.h"
+#include "database/postgres/shared_text.h"
 #include "database/postgres/shown_address.h"
 #include "database/row_buffer.h"
 #include "database/server_address.h"
@@ -108,21 +108,6 @@ bool IsCopy(const PGresult* result) {
 bool Succeeded(const PGresult* result) {
   const ExecStatusType status = Pq().PQresultStatus(result);
   return status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK;
-}
-
-/// A dotted name, each part in quotes, in the letter case in which an unquoted name is found.
-std::string QuotedDottedName(const std::string& name) {
-  std::string quoted = "\"";
-  for (const char character : name) {
-    if (character == '.') {
-      quoted += "\".\"";
-    } else if (character == '"') {
-      quoted += "\"\"";
-    } else {
-      quoted += ToAsciiLower(character);
-    }
-  }
-  return quoted + '"';
 }
 
 }  // namespace
@@ -290,9 +275,27 @@ bool PostgresDatabase::FindColumn(const std::string& table, const std::string& c
 }
 
 std::string PostgresDatabase::CallFunction(const std::string& name, const std::string& argument) {
-  const Variant result =
-      Run("SELECT CAST(" + QuotedDottedName(name) + "($1) AS TEXT)", TimeoutAsItIs(), {argument})->FieldAt(0);
+  const Variant result = Run(FunctionCall(name), TimeoutAsItIs(), {argument})->FieldAt(0);
   return result.IsNull() ? std::string() : std::get<std::string>(result.Value());
+}
+
+void PostgresDatabase::SendAhead(std::span<const host::Announcement> questions) {
+  if (ahead_.Empty() && (InTransaction() ? !TransactionIsSound() : !link_.Alive())) return;
+  const bool otherTimeout = timeoutSeconds_ != host::kQueryTimeoutSeconds;
+  ahead_.Send(questions, otherTimeout ? TimeoutSetting(host::kQueryTimeoutSeconds) : "",
+              AnswerLimit(host::kQueryTimeoutSeconds));
+}
+
+std::optional<std::shared_ptr<host::Recordset>> PostgresDatabase::TakeAhead(
+    const host::Announcement& question) {
+  if (ahead_.Empty()) return std::nullopt;
+  const auto result = ahead_.Take(question, InTransaction() ? ReadAhead::Age::Any : ReadAhead::Age::Fresh);
+  if (!result) return std::nullopt;
+  if (Pq().PQresultStatus(result->get()) == PGRES_TUPLES_OK) return RowsOf(result->get());
+  // Outside a transaction a question that failed, or one before it that is not asked, leaves nothing behind.
+  if (InTransaction()) Fail(result->get(), question.text);
+  timeoutSeconds_ = kTimeoutUnknown;
+  return std::nullopt;
 }
 
 void PostgresDatabase::Control(const char* sql) {
@@ -331,8 +334,9 @@ void PostgresDatabase::CommitTransaction() {
 
 void PostgresDatabase::RollbackTransaction() {
   timeoutSeconds_ = kTimeoutUnknown;
-  if (Pq().PQtransactionStatus(link_.Get()) == PQTRANS_IDLE || !link_.Alive()) return;
   try {
+    ahead_.Drop();
+    if (Pq().PQtransactionStatus(link_.Get()) == PQTRANS_IDLE || !link_.Alive()) return;
     Control("ROLLBACK");
   } catch (...) {
     // Without its client the server rolls back by itself.
@@ -341,7 +345,8 @@ void PostgresDatabase::RollbackTransaction() {
 }
 
 bool PostgresDatabase::TransactionIsSound() const {
-  return Pq().PQtransactionStatus(link_.Get()) == PQTRANS_INTRANS;
+  // While questions are on their way, what comes back for one tells.
+  return !ahead_.Empty() ? InTransaction() : Pq().PQtransactionStatus(link_.Get()) == PQTRANS_INTRANS;
 }
 
 bool PostgresDatabase::ReadOnly() const {

@@ -3,12 +3,14 @@
 #include <chrono>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "database/postgres/postgres_error.h"
+#include "database/postgres/read_ahead.h"
 #include "database/postgres/server_link.h"
 #include "database/sql_connection.h"
 
@@ -28,11 +30,13 @@ class PostgresDatabase : public SqlConnection {
   bool ReadOnly() const override;
   std::string Name() const override { return name_; }
   const SchemaLayout& Layout() const override;
+  std::size_t AnnouncementsWanted() const override { return ReadAhead::kMostQuestions; }
 
  private:
   using Arguments = std::initializer_list<std::string_view>;
 
-  PostgresDatabase(std::string name, const std::string& url) : name_(std::move(name)), link_(url, Waits()) {}
+  PostgresDatabase(std::string name, const std::string& url)
+      : name_(std::move(name)), link_(url, Waits()), ahead_(link_) {}
 
   std::shared_ptr<host::Recordset> Run(const std::string& sql, int timeoutSeconds,
                                        Arguments arguments) override;
@@ -40,6 +44,9 @@ class PostgresDatabase : public SqlConnection {
   void RunAll(std::span<const std::string> statements) override;
   bool FindColumn(const std::string& table, const std::string& column) override;
   std::string CallFunction(const std::string& name, const std::string& argument) override;
+  void SendAhead(std::span<const host::Announcement> questions) override;
+  std::optional<std::shared_ptr<host::Recordset>> TakeAhead(const host::Announcement& question) override;
+  void DropAhead() override { ahead_.Drop(); }
   void StartTransaction() override { Start("BEGIN"); }
   void StartReading() override { Start("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"); }
   void CommitTransaction() override;
@@ -79,6 +86,7 @@ class PostgresDatabase : public SqlConnection {
 
   std::string name_;
   ServerLink link_;
+  ReadAhead ahead_;
   int timeoutSeconds_ = kNoTimeout;  ///< as the server has it
 };
 

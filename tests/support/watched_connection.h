@@ -43,6 +43,8 @@ class WatchedConnection : public database::Connection {
   std::string FormatAssignmentList(std::span<const host::Assignment> assignments) const override {
     return inner_->FormatAssignmentList(assignments);
   }
+  std::size_t AnnouncementsWanted() const override { return inner_->AnnouncementsWanted(); }
+  void Announce(std::span<const host::Announcement> next) override { Watched().Announce(next); }
   bool FieldToBoolean(const Variant& field) const override { return inner_->FieldToBoolean(field); }
   bool ReadOnly() const override { return inner_->ReadOnly(); }
   std::string Name() const override { return inner_->Name(); }
