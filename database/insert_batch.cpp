@@ -16,7 +16,7 @@ constexpr std::size_t kMostBytes = std::size_t{256} * 1024;
 /// The places of values are numbers of 32 bits.
 constexpr std::size_t kLongestStatement = UINT32_MAX - kMostBytes;
 /// With so many digits every number fits 64 bits.
-constexpr std::size_t kMostDigits = 18;
+constexpr std::size_t kMostDigitsOfValue = 18;
 
 /// Reads a statement from its start. Each step says whether what it looks for was there.
 class Scanner {
@@ -58,7 +58,8 @@ class Scanner {
     } else {
       found = Number(value.kind);
     }
-    const bool quoted = value.kind == InsertValue::Kind::Text || value.kind == InsertValue::Kind::TextWithQuotes;
+    const bool quoted =
+        value.kind == InsertValue::Kind::Text || value.kind == InsertValue::Kind::TextWithQuotes;
     value.place = static_cast<std::uint32_t>(start + (quoted ? 1 : 0));
     value.length = static_cast<std::uint32_t>(place_ - start - (quoted ? 2 : 0));
     return found;
@@ -102,7 +103,7 @@ class Scanner {
     Sign();
     const std::size_t start = place_;
     if (!Digits()) return false;
-    kind = place_ - start <= kMostDigits ? InsertValue::Kind::Integer : InsertValue::Kind::Number;
+    kind = place_ - start <= kMostDigitsOfValue ? InsertValue::Kind::Integer : InsertValue::Kind::Number;
     if (Next() == '.' || Next() == 'e' || Next() == 'E') kind = InsertValue::Kind::Number;
     if (Character('.') && !Digits()) return false;
     if (Character('e') || Character('E')) {

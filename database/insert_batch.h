@@ -12,9 +12,9 @@ namespace kiv::database {
 struct InsertValue {
   enum class Kind : std::uint8_t {
     Null,
-    Integer,  ///< of no more digits than 64 bits always hold, maybe with a sign
-    Number,   ///< any other
-    Text,     ///< place and length without the quotes around it
+    Integer,        ///< of no more digits than 64 bits always hold, maybe with a sign
+    Number,         ///< any other
+    Text,           ///< place and length without the quotes around it
     TextWithQuotes  ///< the same, with quotes in it, which are still doubled
   };
   std::uint32_t place;
@@ -52,7 +52,7 @@ class InsertBatch {
 
   std::vector<RowsInsert> groups_;
   std::vector<InsertValue> row_;  ///< of the statement that is looked at
-  std::size_t bytes_ = 0;  ///< of all statements
+  std::size_t bytes_ = 0;         ///< of all statements
 };
 
 }  // namespace kiv::database

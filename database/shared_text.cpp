@@ -10,7 +10,7 @@ namespace kiv::database {
 namespace {
 
 /// With so many digits every number fits 64 bits.
-constexpr std::size_t kMostDigits = 18;
+constexpr std::size_t kMostDigitsTakenOut = 18;
 
 bool IsWord(std::string_view token, std::string_view upperCase) {
   return std::ranges::equal(token, upperCase, {}, ToAsciiUpper<char>);
@@ -69,7 +69,7 @@ class Tokens {
 };
 
 bool IsWholeNumber(std::string_view token) {
-  return token.size() <= kMostDigits && std::ranges::all_of(token, IsAsciiDigit);
+  return token.size() <= kMostDigitsTakenOut && std::ranges::all_of(token, IsAsciiDigit);
 }
 
 /// Finds out where a statement is, token by token.
@@ -109,7 +109,7 @@ bool SharedText::Fits(std::string_view sql, std::vector<std::int64_t>& numbers) 
     sql.remove_prefix(part.size());
     // What follows cannot belong to the number: it did not where this text comes from.
     const std::size_t length = LengthWhile(sql, IsAsciiDigit);
-    if (length == 0 || length > kMostDigits) return false;
+    if (length == 0 || length > kMostDigitsTakenOut) return false;
     numbers.push_back(NumberIn(sql.substr(0, length)));
     sql.remove_prefix(length);
     from = place + 1;

@@ -52,9 +52,8 @@ int BindValue(sqlite3_stmt* statement, int parameter, InsertValue::Kind kind, st
 
 bool CanBeBound(const RowsInsert& insert) {
   return insert.Columns() <= kMostColumns &&
-         std::ranges::none_of(insert.values, [](const InsertValue& value) {
-           return value.kind == InsertValue::Kind::Number;
-         });
+         std::ranges::none_of(
+             insert.values, [](const InsertValue& value) { return value.kind == InsertValue::Kind::Number; });
 }
 
 std::string TextWithParameters(const RowsInsert& insert, std::size_t rows) {
@@ -72,8 +71,7 @@ int BindRows(sqlite3_stmt* statement, const RowsInsert& insert, std::size_t firs
   const std::size_t columns = insert.Columns();
   int parameter = 0;
   for (const InsertValue& value : std::span(insert.values).subspan(first * columns, count * columns)) {
-    const int code =
-        BindValue(statement, ++parameter, value.kind, text.substr(value.place, value.length));
+    const int code = BindValue(statement, ++parameter, value.kind, text.substr(value.place, value.length));
     if (code != SQLITE_OK) return code;
   }
   return SQLITE_OK;

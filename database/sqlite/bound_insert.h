@@ -9,8 +9,8 @@ struct sqlite3_stmt;
 
 namespace kiv::database {
 
-/// Whether the values of an insert can be bound. What a number with a fraction means is for SQLite to say, and
-/// too many columns would be more parameters than it takes.
+/// Whether the values of an insert can be bound. What a number with a fraction means is for SQLite to say,
+/// and too many columns would be more parameters than it takes.
 bool CanBeBound(const RowsInsert& insert);
 
 /// How many rows one statement with parameters inserts, as long as there are so many.

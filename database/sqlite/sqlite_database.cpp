@@ -233,8 +233,7 @@ PreparedStatement SqliteDatabase::Ready(const std::string& sql, Arguments argume
     PreparedStatement shared = ReadyShared(sql);
     if (shared.handle) return shared;
   }
-  PreparedStatement prepared =
-      arguments.size() == 0 ? PreparedStatement{{sql, {}}, Prepare(sql, sql)} : TakeOrPrepare(sql, sql);
+  PreparedStatement prepared = TakeOrPrepare(sql, sql);
   sqlite3_stmt* const statement = prepared.handle.get();
   if (static_cast<std::size_t>(sqlite3_bind_parameter_count(statement)) != arguments.size()) {
     // SQLite would take NULL for a missing one.
@@ -273,7 +272,9 @@ PreparedStatement SqliteDatabase::ReadyShared(const std::string& sql) {
 
 PreparedStatement SqliteDatabase::TakeOrPrepare(const std::string& text, const std::string& sql) {
   PreparedStatement prepared = statements_.Take(text);
-  if (!prepared.handle) prepared = {{text, {}}, Prepare(text, sql)};
+  if (prepared.handle) return prepared;
+  prepared.handle = Prepare(text, sql);
+  prepared.shared.text = text;
   return prepared;
 }
 

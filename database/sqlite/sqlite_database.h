@@ -38,8 +38,8 @@ class SqliteDatabase : public SqlConnection {
   std::string Name() const override { return path_; }
   const SchemaLayout& Layout() const override;
 
-  /// From now on a file that was deleted, replaced or brought to another layout than this is told as such: when
-  /// a statement fails, and before anything is written.
+  /// From now on a file that was deleted, replaced or brought to another layout than this is told as such:
+  /// when a statement fails, and before anything is written.
   void ExpectLayout(int version) { layout_ = version; }
 
   /// Gives SQL and CallStoredFunction a function with one text argument (empty for NULL) under any name, dots

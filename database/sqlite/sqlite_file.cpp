@@ -100,8 +100,7 @@ void RefuseDanglingLink(const std::filesystem::path& path, const std::string& ut
 FileFacts InspectContent(const std::string& utf8Path) {
   FileHead head{};
   DatabaseFile file(utf8Path);
-  if (!file.Read(head) ||
-      std::memcmp(head.data(), kSqliteMark.data(), kSqliteMark.size()) != 0) {
+  if (!file.Read(head) || std::memcmp(head.data(), kSqliteMark.data(), kSqliteMark.size()) != 0) {
     return {.kind = FileKind::OtherContent};
   }
   return {.kind = FileKind::SqliteDatabase,

@@ -11,7 +11,7 @@ namespace kiv::database {
 namespace {
 
 /// More than loading and saving a study of any kind has.
-constexpr std::size_t kMostStatements = 32;
+constexpr std::size_t kMostKept = 32;
 
 }  // namespace
 
@@ -41,7 +41,7 @@ PreparedStatement StatementCache::TakeFitting(std::string_view sql, std::vector<
 void StatementCache::Keep(PreparedStatement statement) {
   sqlite3_reset(statement.handle.get());
   sqlite3_clear_bindings(statement.handle.get());  // texts that the caller owns
-  if (waiting_.size() == kMostStatements) waiting_.erase(waiting_.begin());
+  if (waiting_.size() == kMostKept) waiting_.erase(waiting_.begin());
   waiting_.push_back(std::move(statement));
 }
 

@@ -150,8 +150,11 @@ void Write(database::Connection& connection, const Inserts& inserts, const Impor
     connection.ExecuteSql("DELETE FROM " + std::string(table.name));
   }
   std::size_t done = 0;
+  const NetworkTable* current = nullptr;
   inserts.ForEach([&](const NetworkTable& table, const std::string& statement) {
-    if (done % kRowsBetweenReports == 0) told.Tell("Writing " + std::string(table.name), done);
+    if (std::exchange(current, &table) != &table || done % kRowsBetweenReports == 0) {
+      told.Tell("Writing " + std::string(table.name), done);
+    }
     connection.ExecuteSql(statement);
     ++done;
   });

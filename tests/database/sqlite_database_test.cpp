@@ -151,8 +151,8 @@ constexpr const char* kTexts[] = {
     "INSERT INTO t (i, r, x, n, b) VALUES (@, @, @, @.5, 1)",
     "INSERT INTO t (i, r, x, n, b) VALUES ('@', NULL, '', 1e@, @)"};
 
-constexpr const char* kNumbers[] = {"7", "7", "7", "0", "2", "007", "123456789012345678",
-                                    "9223372036854775807", "9223372036854775808"};
+constexpr const char* kNumbers[] = {
+    "7", "7", "7", "0", "2", "007", "123456789012345678", "9223372036854775807", "9223372036854775808"};
 
 void ExpectSame(const Outcome& expected, const std::shared_ptr<host::Recordset>& rows) {
   const auto columns = static_cast<int>(expected.names.size());
@@ -186,8 +186,11 @@ TEST_F(SqliteDatabaseTest, WithNumbersTakenOutATextMeansTheSame) {
   constexpr int kRounds = 2000;
   for (int round = 0; round < kRounds; ++round) {
     if (round % 500 == 0) change("ALTER TABLE t ADD COLUMN c" + std::to_string(round) + " DEFAULT 5");
-    std::string sql = round < kRounds - 200 ? oneOf(kTexts) : std::string("INSERT INTO t (i, r, x, n, b) VALUES (@, -@, '@', 'it''s @', NULL)");
-    for (std::size_t at = 0; (at = sql.find('@', at)) != std::string::npos;) sql.replace(at, 1, oneOf(kNumbers));
+    std::string sql = round < kRounds - 200
+                          ? oneOf(kTexts)
+                          : std::string("INSERT INTO t (i, r, x, n, b) VALUES (@, -@, '@', 'it''s @', NULL)");
+    for (std::size_t at = 0; (at = sql.find('@', at)) != std::string::npos;)
+      sql.replace(at, 1, oneOf(kNumbers));
     if (round % 100 == 0) database_->Begin();
     const Outcome expected = OutcomeOf(plain, sql);
     SCOPED_TRACE(sql);

@@ -143,9 +143,8 @@ TEST_F(StudyDatabaseOpen, WhatBecomesOfAnOpenFileIsTold) {
   };
   std::vector<Case> cases;
   cases.push_back({"was deleted or moved", [](const std::string& path) { fs::remove(path); }});
-  cases.push_back({"was replaced by another file", [this](const std::string& path) {
-                     fs::rename(NewStudyDatabase("copy.db"), path);
-                   }});
+  cases.push_back({"was replaced by another file",
+                   [this](const std::string& path) { fs::rename(NewStudyDatabase("copy.db"), path); }});
   cases.push_back({"was emptied", [](const std::string& path) { fs::resize_file(path, 0); }});
   cases.push_back({"was overwritten", [](const std::string& path) { std::ofstream(path) << "words"; }});
   cases.push_back({"was cut short", [](const std::string& path) { fs::resize_file(path, 8192); }});
@@ -298,7 +297,8 @@ TEST_P(StudyDatabaseSchema, OlderLayoutIsUpgradedWithItsRows) {
   AddStudy(*old);
   UpgradeSchema(*old, 7);
   old->ExecuteSql(
-      "INSERT INTO luc_cfg_cdma_car_chans (cdma_carr_id, system_id, ecp, cell, keyid) VALUES (5, 1, 2, 3, 4)");
+      "INSERT INTO luc_cfg_cdma_car_chans (cdma_carr_id, system_id, ecp, cell, keyid) VALUES (5, 1, 2, 3, "
+      "4)");
 
   const auto database = OpenStudyDatabase(server_->Name(), OpenMode::MustExist);
   EXPECT_EQ(test::RowsText(*database, "cdma_carr_id, system_id, ecp, cell, keyid", "luc_cfg_cdma_car_chans"),
