@@ -24,10 +24,11 @@ class ReadAhead {
   /// Whether nothing is on its way, and the connection is free for other statements.
   bool Empty() const { return sent_.empty(); }
   /// Sends questions behind a statement that has to come before them, if any. Those that are too many are
-  /// left out.
-  void Send(std::span<const host::Announcement> questions, const std::string& before);
-  /// Waits for the answer to a question. Nothing when it was not sent ahead or is
-  /// no longer fresh. A failure, which may be that of a question before it, ends all that was sent.
+  /// left out. Each answer is waited for within a limit.
+  void Send(std::span<const host::Announcement> questions, const std::string& before,
+            std::chrono::seconds limit);
+  /// Waits for the answer to a question. Nothing when it was not sent ahead or is no longer fresh. A failure,
+  /// which may be that of a question before it, ends all that was sent.
   enum class Age { Any, Fresh };
   std::optional<ResultHandle> Take(const host::Announcement& question, Age age);
   /// Takes the answers that nobody asks for any more.
