@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "database/postgres/parameterized_query.h"
 #include "database/postgres/postgres_layout.h"
-#include "database/postgres/shared_text.h"
 #include "database/postgres/shown_address.h"
 #include "database/row_buffer.h"
 #include "database/server_address.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "database/postgres/shared_text.h"
+#include "database/postgres/parameterized_query.h"
 
 namespace kiv::database {
 
@@ -22,8 +22,8 @@ bool Same(const host::Announcement& one, const host::Announcement& other) {
   return one.text == other.text && one.argument == other.argument;
 }
 
-SharedText TextOf(const host::Announcement& question) {
-  if (!question.argument) return ShareText(question.text);
+ParameterizedQuery TextOf(const host::Announcement& question) {
+  if (!question.argument) return Parameterized(question.text);
   return {FunctionCall(question.text), {*question.argument}};
 }
 
@@ -62,7 +62,7 @@ void ReadAhead::EndPart() {
 
 bool ReadAhead::SendQuestion(const host::Announcement& question) {
   PGconn* const connection = link_.Get();
-  const SharedText shared = TextOf(question);
+  const ParameterizedQuery shared = TextOf(question);
   const auto count = static_cast<int>(shared.numbers.size());
   const Clock::time_point now = Clock::now();
   if (shared.text != prepared_) {

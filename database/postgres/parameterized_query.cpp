@@ -1,4 +1,4 @@
-#include "database/postgres/shared_text.h"
+#include "database/postgres/parameterized_query.h"
 
 #include <cstddef>
 
@@ -36,9 +36,9 @@ std::string_view NumberAt(std::string_view text) {
 
 }  // namespace
 
-SharedText ShareText(std::string_view sql) {
+ParameterizedQuery Parameterized(std::string_view sql) {
   constexpr std::string_view kOrder = " ORDER BY ";
-  SharedText shared;
+  ParameterizedQuery shared;
   bool ordered = false;
   // Nothing with quoted names, comments, backslashes or parameters of its own.
   bool plain = sql.find_first_of("\"$\\-/;?") == std::string_view::npos;
@@ -62,7 +62,7 @@ SharedText ShareText(std::string_view sql) {
     shared.text.append(1, '$').append(std::to_string(shared.numbers.size()));
     place += number.size();
   }
-  return plain && ordered ? shared : SharedText{std::string(sql), {}};
+  return plain && ordered ? shared : ParameterizedQuery{std::string(sql), {}};
 }
 
 std::string FunctionCall(std::string_view name) {
