@@ -67,7 +67,9 @@ TEST_F(PostgresReadAheadTest, AnswersComeInOrderThoughSomeAreNotAskedFor) {
       ASSERT_EQ(Asked(NameOf(id)), "old" + std::to_string(id));
       ASSERT_EQ(database_->CallStoredFunction("s.Brackets", std::to_string(id)),
                 "[" + std::to_string(id) + "]");
-      if (id % 2 == 0) ASSERT_EQ(Asked(third(id)), "a = '1 ORDER BY 'old" + std::to_string(id));
+      if (id % 2 == 0) {
+        ASSERT_EQ(Asked(third(id)), "a = '1 ORDER BY 'old" + std::to_string(id));
+      }
     }
     EXPECT_EQ(Asked(NameOf(1)), "new1") << "that was over";
     if (within) database_->Commit();
