@@ -4,6 +4,7 @@
 
 #include <QTemporaryDir>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -55,7 +56,10 @@ int Measure() {
   store::StudyStore& store = program.Store();
   store::Study study = StoreStudy(store);
   const std::int32_t id = study.record->ID();
-  sqlite3* plainDatabase = OpenPlain(file.c_str());
+  // Each side has a file of its own: after somebody else's change a save keeps that state as well.
+  const std::string plainFile = folder.filePath("plain.db").toStdString();
+  std::filesystem::copy_file(file, plainFile);
+  sqlite3* plainDatabase = OpenPlain(plainFile.c_str());
 
   std::vector<double> plainSaves, ourSaves, plainLoads, ourLoads, plainBoth, ourBoth;
   PlainPlmStudy plain{};

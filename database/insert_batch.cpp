@@ -13,6 +13,10 @@ namespace {
 constexpr std::size_t kMostRowsInStatement = 500;
 constexpr std::size_t kMostStatements = 100;
 constexpr std::size_t kMostBytes = std::size_t{256} * 1024;
+/// The places of values are numbers of 32 bits.
+constexpr std::size_t kLongestStatement = UINT32_MAX - kMostBytes;
+/// With so many digits every number fits 64 bits.
+constexpr std::size_t kMostDigitsOfValue = 18;
 
 /// Reads a statement from its start. Each step says whether what it looks for was there.
 class Scanner {
@@ -43,16 +47,30 @@ class Scanner {
     } while (Character('.'));
     return true;
   }
-  bool Value() {
-    if (Next() == '\'') return Text();
-    return IsAsciiLetter(Next()) ? Keyword("NULL") : Number();
+  bool Value(InsertValue& value) {
+    const std::size_t start = place_;
+    bool found = false;
+    if (Next() == '\'') {
+      found = Text(value.kind);
+    } else if (IsAsciiLetter(Next())) {
+      value.kind = InsertValue::Kind::Null;
+      found = Keyword("NULL");
+    } else {
+      found = Number(value.kind);
+    }
+    const bool quoted =
+        value.kind == InsertValue::Kind::Text || value.kind == InsertValue::Kind::TextWithQuotes;
+    value.place = static_cast<std::uint32_t>(start + (quoted ? 1 : 0));
+    value.length = static_cast<std::uint32_t>(place_ - start - (quoted ? 2 : 0));
+    return found;
   }
   /// `(item, item)`
-  bool List(bool (Scanner::*item)()) {
+  template <class Item>
+  bool List(const Item& item) {
     if (!Character('(')) return false;
     do {
       SkipBlanks();
-      if (!(this->*item)()) return false;
+      if (!item()) return false;
       SkipBlanks();
     } while (Character(','));
     return Character(')');
@@ -66,11 +84,12 @@ class Scanner {
     while (IsAsciiLetter(Next()) || IsAsciiDigit(Next()) || Next() == '_') ++place_;
     return text_.substr(start, place_ - start);
   }
-  bool Text() {
-    while (Character('\'')) {  // a doubled quote goes on with the same text
+  bool Text(InsertValue::Kind& kind) {
+    for (int parts = 0; Character('\''); ++parts) {  // a doubled quote goes on with the same text
       const std::size_t end = text_.find_first_of(std::string_view("'\0", 2), place_);
       if (end == std::string_view::npos || text_[end] != '\'') return false;
       place_ = end + 1;
+      kind = parts == 0 ? InsertValue::Kind::Text : InsertValue::Kind::TextWithQuotes;
     }
     return true;
   }
@@ -80,9 +99,12 @@ class Scanner {
     return place_ > start;
   }
   bool Sign() { return Character('-') || Character('+'); }
-  bool Number() {
+  bool Number(InsertValue::Kind& kind) {
     Sign();
+    const std::size_t start = place_;
     if (!Digits()) return false;
+    kind = place_ - start <= kMostDigitsOfValue ? InsertValue::Kind::Integer : InsertValue::Kind::Number;
+    if (Next() == '.' || Next() == 'e' || Next() == 'E') kind = InsertValue::Kind::Number;
     if (Character('.') && !Digits()) return false;
     if (Character('e') || Character('E')) {
       Sign();
@@ -95,13 +117,14 @@ class Scanner {
   std::size_t place_;
 };
 
-/// Whether from here to its end a statement has nothing but one row of plain values.
-bool EndsWithRow(Scanner scanner) {
-  return scanner.List(&Scanner::Value) && scanner.AtEnd();
+/// Whether from here to its end a statement has nothing but one row of plain values, which are taken.
+bool EndsWithRow(Scanner scanner, std::vector<InsertValue>& values) {
+  values.clear();
+  return scanner.List([&] { return scanner.Value(values.emplace_back()); }) && scanner.AtEnd();
 }
 
 /// Where the row of an insert that may be joined begins; npos for every other statement.
-std::size_t RowStart(std::string_view sql) {
+std::size_t RowStart(std::string_view sql, std::vector<InsertValue>& values) {
   Scanner scanner(sql);
   const auto blankAfter = [&scanner](bool found) {
     const std::size_t end = scanner.Place();
@@ -112,49 +135,53 @@ std::size_t RowStart(std::string_view sql) {
     return std::string_view::npos;
   }
   scanner.SkipBlanks();
-  if (!scanner.List(&Scanner::Name)) return std::string_view::npos;
+  if (!scanner.List([&scanner] { return scanner.Name(); })) return std::string_view::npos;
   scanner.SkipBlanks();
   if (!scanner.Keyword("VALUES")) return std::string_view::npos;
   scanner.SkipBlanks();
-  return EndsWithRow(scanner) ? scanner.Place() : std::string_view::npos;
+  return EndsWithRow(scanner, values) ? scanner.Place() : std::string_view::npos;
 }
 
 }  // namespace
 
 /// The last group that a statement can belong to by its text up to the row. Tables take turns when a list of
 /// entities is written with the lists of each, so the very last group is not enough to look at.
-InsertBatch::Group* InsertBatch::FindGroup(std::string_view sql) {
-  const auto found = std::find_if(groups_.rbegin(), groups_.rend(), [sql](const Group& group) {
+RowsInsert* InsertBatch::FindGroup(std::string_view sql) {
+  const auto found = std::find_if(groups_.rbegin(), groups_.rend(), [sql](const RowsInsert& group) {
     return sql.starts_with(std::string_view(group.statement).substr(0, group.headLength));
   });
   return found == groups_.rend() ? nullptr : &*found;
 }
 
 bool InsertBatch::Take(std::string_view sql) {
-  if (!Empty() && bytes_ + sql.size() > kMostBytes) return false;
-  Group* const group = FindGroup(sql);
-  if (group && !EndsWithRow(Scanner(sql, group->headLength))) return false;
+  if (sql.size() > kLongestStatement || (!Empty() && bytes_ + sql.size() > kMostBytes)) return false;
+  RowsInsert* const group = FindGroup(sql);
+  if (group && !EndsWithRow(Scanner(sql, group->headLength), row_)) return false;
+  if (group && row_.size() != group->Columns()) return false;
   if (group && group->rows < kMostRowsInStatement) {
-    const std::string_view row = sql.substr(group->headLength);
-    group->statement.append(", ").append(row);
-    ++group->rows;
-    bytes_ += row.size();
+    Append(*group, sql.substr(group->headLength));
     return true;
   }
-  const std::size_t rowStart = group ? group->headLength : RowStart(sql);
+  const std::size_t rowStart = group ? group->headLength : RowStart(sql, row_);
   if (rowStart == std::string_view::npos || groups_.size() == kMostStatements) return false;
-  groups_.push_back({std::string(sql), rowStart, 1});
+  groups_.push_back({std::string(sql), rowStart, 1, row_});
   bytes_ += sql.size();
   return true;
 }
 
-std::vector<std::string> InsertBatch::Release() {
-  std::vector<std::string> statements;
-  statements.reserve(groups_.size());
-  for (Group& group : groups_) statements.push_back(std::move(group.statement));
-  groups_.clear();
+void InsertBatch::Append(RowsInsert& group, std::string_view row) {
+  group.statement.append(", ");
+  const std::size_t moved = group.statement.size() - group.headLength;
+  group.statement.append(row);
+  for (InsertValue& value : row_) value.place += static_cast<std::uint32_t>(moved);
+  group.values.insert(group.values.end(), row_.begin(), row_.end());
+  ++group.rows;
+  bytes_ += row.size();
+}
+
+std::vector<RowsInsert> InsertBatch::Release() {
   bytes_ = 0;
-  return statements;
+  return std::exchange(groups_, {});
 }
 
 }  // namespace kiv::database

@@ -1,11 +1,36 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kiv::database {
+
+/// A value of a row in the text of its statement.
+struct InsertValue {
+  enum class Kind : std::uint8_t {
+    Null,
+    Integer,        ///< of no more digits than 64 bits always hold, maybe with a sign
+    Number,         ///< any other
+    Text,           ///< place and length without the quotes around it
+    TextWithQuotes  ///< the same, with quotes in it, which are still doubled
+  };
+  std::uint32_t place;
+  std::uint32_t length;
+  Kind kind;
+};
+
+/// One statement that inserts rows, and where its values are in it.
+struct RowsInsert {
+  std::string statement;
+  std::size_t headLength;  ///< of the text before the first row
+  std::size_t rows;
+  std::vector<InsertValue> values;  ///< row by row, as many in each
+
+  std::size_t Columns() const { return values.size() / rows; }
+};
 
 /// Inserts that wait to be sent together. Those of the form `INSERT INTO Table (columns) VALUES (values)`
 /// with the same text up to the values become one statement that inserts all their rows: the rows of a table
@@ -19,18 +44,15 @@ class InsertBatch {
 
   bool Empty() const { return groups_.empty(); }
   /// The statements for all that waits; nothing waits afterwards.
-  std::vector<std::string> Release();
+  std::vector<RowsInsert> Release();
 
  private:
-  struct Group {
-    std::string statement;
-    std::size_t headLength;  ///< of the text before the first row
-    std::size_t rows;
-  };
-  Group* FindGroup(std::string_view sql);
+  RowsInsert* FindGroup(std::string_view sql);
+  void Append(RowsInsert& group, std::string_view row);
 
-  std::vector<Group> groups_;
-  std::size_t bytes_ = 0;  ///< of all statements
+  std::vector<RowsInsert> groups_;
+  std::vector<InsertValue> row_;  ///< of the statement that is looked at
+  std::size_t bytes_ = 0;         ///< of all statements
 };
 
 }  // namespace kiv::database

@@ -36,6 +36,7 @@ std::shared_ptr<SqlConnection> OpenStudyFile(const std::string& utf8Path, OpenMo
       throw OpenError(OpenProblem::CannotCreate, utf8Path, "the file is write-protected");
     }
     RegisterStoredFunctions(*database);
+    database->ExpectLayout(SchemaVersion(*database));
   } catch (const SqliteError& error) {
     throw AsOpenError(error, utf8Path, facts.kind);
   }

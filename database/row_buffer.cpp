@@ -15,10 +15,16 @@ void RowBuffer::AppendText(std::string_view text) {
   cell.text = place;
 }
 
+void RowBuffer::AddCellBlock() {
+  const std::size_t size = cellBlocks_.empty() ? kCellsInFirstBlock : kCellsInBlock;
+  cellBlocks_.push_back(std::make_unique_for_overwrite<Cell[]>(size));
+}
+
 char* RowBuffer::NewText(std::size_t length) {
+  constexpr std::size_t kTextInFirstBlock = 256;
   constexpr std::size_t kTextInBlock = 65536;
   if (length > freeLength_) {
-    const std::size_t size = std::max(length, kTextInBlock);
+    const std::size_t size = std::max(length, textBlocks_.empty() ? kTextInFirstBlock : kTextInBlock);
     textBlocks_.push_back(std::make_unique_for_overwrite<char[]>(size));
     freeText_ = textBlocks_.back().get();
     freeLength_ = size;
@@ -29,13 +35,12 @@ char* RowBuffer::NewText(std::size_t length) {
 
 int RowBuffer::FindField(std::string_view name) const {
   const auto found = std::ranges::find_if(
-      fieldNames_, [name](const std::string& fieldName) { return SameInAnyCase(fieldName, name); });
-  return found == fieldNames_.end() ? -1 : static_cast<int>(found - fieldNames_.begin());
+      *fieldNames_, [name](const std::string& fieldName) { return SameInAnyCase(fieldName, name); });
+  return found == fieldNames_->end() ? -1 : static_cast<int>(found - fieldNames_->begin());
 }
 
 Variant RowBuffer::At(std::size_t row, std::size_t field) const {
-  const std::size_t place = row * fieldNames_.size() + field;
-  const Cell& cell = cellBlocks_[place / kCellsInBlock][place % kCellsInBlock];
+  const Cell& cell = CellAt(row * FieldCount() + field);
   switch (cell.type) {
     case CellType::Integer: return cell.integer;
     case CellType::Real: return cell.real;

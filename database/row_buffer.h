@@ -12,11 +12,16 @@
 
 namespace kiv::database {
 
+/// The names of a result set's columns, which all results of one statement share.
+using FieldNames = std::shared_ptr<const std::vector<std::string>>;
+
 /// The rows of a fetched result set, packed: 16 bytes a cell, and the texts one after the other. Both stand
 /// in blocks that never move, so that growing copies nothing. An adapter appends the cells row by row.
 class RowBuffer {
  public:
-  explicit RowBuffer(std::vector<std::string> fieldNames) : fieldNames_(std::move(fieldNames)) {}
+  explicit RowBuffer(FieldNames fieldNames) : fieldNames_(std::move(fieldNames)) {}
+  explicit RowBuffer(std::vector<std::string> fieldNames)
+      : RowBuffer(std::make_shared<const std::vector<std::string>>(std::move(fieldNames))) {}
 
   void AppendNull() { NewCell().type = CellType::Null; }
   void AppendInteger(std::int64_t value) {
@@ -32,8 +37,8 @@ class RowBuffer {
   /// Texts are at most 4 GB long, far more than a database gives.
   void AppendText(std::string_view text);
 
-  std::size_t RowCount() const { return fieldNames_.empty() ? 0 : cellCount_ / fieldNames_.size(); }
-  std::size_t FieldCount() const { return fieldNames_.size(); }
+  std::size_t RowCount() const { return FieldCount() == 0 ? 0 : cellCount_ / FieldCount(); }
+  std::size_t FieldCount() const { return fieldNames_->size(); }
   /// Position of the first field of this name without regard to ASCII case; -1 when there is none.
   int FindField(std::string_view name) const;
   /// The value of a cell that exists.
@@ -54,17 +59,26 @@ class RowBuffer {
       const char* text;
     };
   };
+  /// Most result sets are a few rows, and then a large block would cost more than its query.
+  static constexpr std::size_t kCellsInFirstBlock = 64;
   static constexpr std::size_t kCellsInBlock = 4096;
 
+  /// Where a cell stands, counted as if the first block were the end of one as large as the others.
+  static constexpr std::size_t PlaceOf(std::size_t cell) { return cell + kCellsInBlock - kCellsInFirstBlock; }
+
   Cell& NewCell() {
-    const std::size_t place = cellCount_ % kCellsInBlock;
-    if (place == 0) cellBlocks_.push_back(std::make_unique_for_overwrite<Cell[]>(kCellsInBlock));
-    ++cellCount_;
-    return cellBlocks_.back()[place];
+    if (cellCount_ == 0 || PlaceOf(cellCount_) % kCellsInBlock == 0) AddCellBlock();
+    return CellAt(cellCount_++);
   }
+  Cell& CellAt(std::size_t cell) const {
+    if (cell < kCellsInFirstBlock) return cellBlocks_.front()[cell];
+    const std::size_t place = PlaceOf(cell);
+    return cellBlocks_[place / kCellsInBlock][place % kCellsInBlock];
+  }
+  void AddCellBlock();
   char* NewText(std::size_t length);
 
-  std::vector<std::string> fieldNames_;
+  FieldNames fieldNames_;
   std::vector<std::unique_ptr<Cell[]>> cellBlocks_;
   std::size_t cellCount_ = 0;
   std::vector<std::unique_ptr<char[]>> textBlocks_;

@@ -1,38 +1,61 @@
 #include "database/sql_connection.h"
 
+#include <exception>
+#include <utility>
+
 #include "host/sql_rendering.h"
 
 namespace kiv::database {
 
+template <class Work>
+auto SqlConnection::Attempt(const Work& work) {
+  try {
+    return work();
+  } catch (...) {
+    if (TransactionIsLost() && !lostBecause_) lostBecause_ = std::current_exception();
+    throw;
+  }
+}
+
 std::shared_ptr<host::Recordset> SqlConnection::OpenQuery(const std::string& sql, int timeoutSeconds) {
-  Prepare(sql);
-  return Run(sql, timeoutSeconds, {});
+  return Attempt([&] {
+    Prepare(sql);
+    return Run(sql, timeoutSeconds, {});
+  });
 }
 
 void SqlConnection::VisitRows(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) {
-  Prepare(sql);
-  Visit(sql, timeoutSeconds, visit);
+  Attempt([&] {
+    Prepare(sql);
+    Visit(sql, timeoutSeconds, visit);
+  });
 }
 
 void SqlConnection::ExecuteSql(const std::string& sql) {
   RefuseWhileWaiting(sql);
-  if (inTransaction_) {
-    RefuseWhenLost(sql);
-    if (waiting_.Take(sql)) return;
-    SendWaiting();
-    if (waiting_.Take(sql)) return;  // the first of the next batch
-  }
-  Run(sql, kNoTimeout, {});
+  Attempt([&] {
+    if (inTransaction_) {
+      RefuseWhenLost(sql);
+      if (waiting_.Take(sql)) return;
+      SendWaiting();
+      if (waiting_.Take(sql)) return;  // the first of the next batch
+    }
+    Run(sql, kNoTimeout, {});
+  });
 }
 
 bool SqlConnection::ColumnExists(const std::string& table, const std::string& column) {
-  Prepare({});
-  return FindColumn(table, column);
+  return Attempt([&] {
+    Prepare({});
+    return FindColumn(table, column);
+  });
 }
 
 std::string SqlConnection::CallStoredFunction(const std::string& name, const std::string& argument) {
-  Prepare({});
-  return CallFunction(name, argument);
+  return Attempt([&] {
+    Prepare({});
+    return CallFunction(name, argument);
+  });
 }
 
 std::string SqlConnection::FormatValueList(std::span<const Variant> values) const {
@@ -59,8 +82,10 @@ void SqlConnection::Start(void (SqlConnection::*start)()) {
 void SqlConnection::Commit() {
   RefuseWhileWaiting("COMMIT");
   if (!inTransaction_) throw Error(ErrorNumber::InvalidArgument, "There is no transaction to commit.");
-  Prepare("COMMIT");
-  CommitTransaction();
+  Attempt([this] {
+    Prepare("COMMIT");
+    CommitTransaction();
+  });
   inTransaction_ = false;
 }
 
@@ -71,6 +96,7 @@ void SqlConnection::Rollback() {
   RollbackTransaction();
   inTransaction_ = false;
   lost_ = false;
+  lostBecause_ = nullptr;
 }
 
 void SqlConnection::Prepare(const std::string& sql) {
@@ -85,17 +111,30 @@ void SqlConnection::RefuseWhileWaiting(const std::string& sql) const {
                             sql);
 }
 
+bool SqlConnection::TransactionIsLost() const {
+  return inTransaction_ && (lost_ || !TransactionIsSound());
+}
+
 void SqlConnection::RefuseWhenLost(const std::string& sql) const {
-  if (!inTransaction_ || (TransactionIsSound() && !lost_)) return;
+  if (!TransactionIsLost()) return;
   // Going on would write the rest of a save without its beginning.
-  throw host::DatabaseError("The transaction was ended by a failure; its changes are taken back.", sql);
+  if (lostBecause_) std::rethrow_exception(lostBecause_);
+  throw host::DatabaseError(
+      "The transaction was ended from within, and its changes are taken back. Begin another one.", sql);
 }
 
 void SqlConnection::SendWaiting() {
   if (waiting_.Empty()) return;
   lost_ = true;  // until it is known better, because its callers believe the rows written
-  RunAll(waiting_.Release());
+  RunInserts(waiting_.Release());
   lost_ = false;
+}
+
+void SqlConnection::RunInserts(std::vector<RowsInsert> inserts) {
+  std::vector<std::string> statements;
+  statements.reserve(inserts.size());
+  for (RowsInsert& insert : inserts) statements.push_back(std::move(insert.statement));
+  RunAll(statements);
 }
 
 void SqlConnection::RunAll(std::span<const std::string> statements) {

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <chrono>
+#include <exception>
 #include <initializer_list>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "database/connection.h"
 #include "database/insert_batch.h"
@@ -19,7 +21,7 @@ class SchemaLayout;
 /// What the ready adapters do alike: SQL as host/sql_rendering writes it, the state of the transaction, and
 /// inserts that are sent together. Inside a transaction single-row inserts may wait; they are sent before
 /// anything else is run. When one fails, its error comes from the call that had it sent, and the transaction
-/// can only be rolled back.
+/// can only be rolled back: every call until then raises the failure that ended it.
 class SqlConnection : public Connection {
  public:
   std::shared_ptr<host::Recordset> OpenQuery(const std::string& sql, int timeoutSeconds) final;
@@ -59,7 +61,9 @@ class SqlConnection : public Connection {
                                                std::initializer_list<std::string_view> arguments) = 0;
   /// Runs one statement and shows its rows.
   virtual void Visit(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) = 0;
-  /// Runs several that yield no rows, up to the first that fails.
+  /// Runs inserts that have waited, up to the first that fails.
+  virtual void RunInserts(std::vector<RowsInsert> inserts);
+  /// Runs several statements that yield no rows, up to the first that fails.
   virtual void RunAll(std::span<const std::string> statements);
   virtual bool FindColumn(const std::string& table, const std::string& column) = 0;
   virtual std::string CallFunction(const std::string& name, const std::string& argument) = 0;
@@ -76,6 +80,11 @@ class SqlConnection : public Connection {
   /// Comes before every statement.
   void Prepare(const std::string& sql);
   void RefuseWhileWaiting(const std::string& sql) const;
+  /// Does a part of a transaction's work, and remembers the failure that ends the transaction.
+  template <class Work>
+  auto Attempt(const Work& work);
+  bool TransactionIsLost() const;
+  /// Raises again what the transaction was lost by.
   void RefuseWhenLost(const std::string& sql) const;
   void SendWaiting();
 
@@ -83,6 +92,7 @@ class SqlConnection : public Connection {
   std::chrono::seconds statementLimit_ = kStatementLimit;
   bool inTransaction_ = false;
   bool lost_ = false;
+  std::exception_ptr lostBecause_;
   InsertBatch waiting_;
 };
 

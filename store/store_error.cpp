@@ -27,6 +27,7 @@ std::string FailureText(const std::exception& failure) {
              "then try again.";
     case FailureCause::Cancelled: return "The wait for the study database was cancelled. Try again.";
     case FailureCause::Damaged: return "The study database is damaged. Restore it from a copy.";
+    case FailureCause::FileChanged:
     case FailureCause::Constraint:
     case FailureCause::Other: return failure.what();
   }

@@ -12,6 +12,10 @@
 #include <vector>
 
 #include "database/row_buffer.h"
+#include "database/shared_text.h"
+#include "database/sqlite/bound_insert.h"
+#include "database/sqlite/file_change.h"
+#include "database/sqlite/result_row.h"
 #include "database/sqlite/sqlite_file.h"
 #include "database/sqlite/sqlite_layout.h"
 
@@ -63,45 +67,16 @@ std::string QuotedName(const std::string& name) {
   return quoted + '"';
 }
 
-std::vector<std::string> FieldNames(sqlite3_stmt* statement) {
-  const int count = sqlite3_column_count(statement);
-  std::vector<std::string> names;
-  names.reserve(static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) names.emplace_back(sqlite3_column_name(statement, i));
-  return names;
-}
-
-/// The length is that of the form in which the value was asked for last.
-std::string_view BytesAt(sqlite3_stmt* statement, int field, const void* bytes) {
-  if (!bytes) return {};
-  return {static_cast<const char*>(bytes), static_cast<std::size_t>(sqlite3_column_bytes(statement, field))};
-}
-
-void AppendRow(RowBuffer& rows, sqlite3_stmt* statement, int fieldCount) {
-  for (int i = 0; i < fieldCount; ++i) {
-    switch (sqlite3_column_type(statement, i)) {
-      case SQLITE_NULL: rows.AppendNull(); break;
-      case SQLITE_INTEGER: rows.AppendInteger(sqlite3_column_int64(statement, i)); break;
-      case SQLITE_FLOAT: rows.AppendReal(sqlite3_column_double(statement, i)); break;
-      case SQLITE_TEXT: rows.AppendText(BytesAt(statement, i, sqlite3_column_text(statement, i))); break;
-      default: rows.AppendText(BytesAt(statement, i, sqlite3_column_blob(statement, i)));
-    }
+/// A changed file is no reason for a statement that has to wait, or breaks a rule of its tables.
+bool MayComeFromChangedFile(const SqliteError& error) {
+  switch (error.Code()) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+    case SQLITE_CONSTRAINT:
+    case SQLITE_FULL:
+    case SQLITE_NOMEM: return false;
+    default: return true;
   }
-}
-
-/// Room for the decimal digits of any integer and its sign.
-using NumberText = std::array<char, 20>;
-
-/// A value of a row as text, empty for NULL. An integer is written into `number`: SQLite's own way costs
-/// more. So does asking the statement again and again; without SQLite's locking a value needs no protection.
-std::string_view TextOf(sqlite3_value* value, NumberText& number) {
-  if (sqlite3_value_type(value) == SQLITE_INTEGER) {
-    const auto end =
-        std::to_chars(number.data(), number.data() + number.size(), sqlite3_value_int64(value)).ptr;
-    return {number.data(), static_cast<std::size_t>(end - number.data())};
-  }
-  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-  return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 void CallTextFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
@@ -148,10 +123,6 @@ class SqliteDatabase::DeadlineScope {
   Clock::time_point startedAt_;
 };
 
-void SqliteDatabase::StatementDeleter::operator()(sqlite3_stmt* statement) const {
-  sqlite3_finalize(statement);
-}
-
 std::shared_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& utf8Path, OpenMode mode,
                                                      WaitHandler waitHandler) {
   const FileKind kind = InspectFile(utf8Path).kind;
@@ -167,6 +138,7 @@ std::shared_ptr<SqliteDatabase> SqliteDatabase::Open(const std::string& utf8Path
 }
 
 SqliteDatabase::~SqliteDatabase() {
+  statements_.Clear();  // with one left, the connection would stay open
   sqlite3_close(handle_);
 }
 
@@ -200,38 +172,38 @@ void SqliteDatabase::Connect(OpenMode mode) {
 }
 
 std::shared_ptr<host::Recordset> SqliteDatabase::Run(const std::string& sql, int timeoutSeconds,
-                                                     std::initializer_list<std::string_view> arguments) {
+                                                     Arguments arguments) {
   const DeadlineScope scope(*this, timeoutSeconds);
-  const StatementHandle statement = Prepare(sql);
-  Bind(statement.get(), arguments, sql);
+  PreparedStatement prepared = Ready(sql, arguments);
+  sqlite3_stmt* const statement = prepared.handle.get();
 
-  // Another program may have changed the tables, so the columns are known after the first step only.
-  int code = sqlite3_step(statement.get());
-  const int fieldCount = sqlite3_column_count(statement.get());
-  RowBuffer rows(FieldNames(statement.get()));
-  for (; code == SQLITE_ROW; code = sqlite3_step(statement.get()))
-    AppendRow(rows, statement.get(), fieldCount);
+  int code = sqlite3_step(statement);
+  RowBuffer rows(NamesOf(prepared));
+  const int fieldCount = static_cast<int>(rows.FieldCount());
+  for (; code == SQLITE_ROW; code = sqlite3_step(statement)) AppendRow(rows, statement, fieldCount);
 
   RequireDone(code, sql);
+  Keep(std::move(prepared));
   return fieldCount == 0 ? nullptr : std::make_shared<BufferedRecordset>(std::move(rows));
 }
 
 void SqliteDatabase::Visit(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) {
   const DeadlineScope scope(*this, timeoutSeconds);
-  const StatementHandle statement = Prepare(sql);
-  Bind(statement.get(), {}, sql);
-  int code = sqlite3_step(statement.get());
-  const int fieldCount = sqlite3_column_count(statement.get());
+  PreparedStatement prepared = Ready(sql, {});
+  sqlite3_stmt* const statement = prepared.handle.get();
+  int code = sqlite3_step(statement);
+  const int fieldCount = sqlite3_column_count(statement);
   std::vector<std::string_view> row(static_cast<std::size_t>(fieldCount));
   std::vector<NumberText> numbers(row.size());
-  for (; code == SQLITE_ROW; code = sqlite3_step(statement.get())) {
+  for (; code == SQLITE_ROW; code = sqlite3_step(statement)) {
     for (int i = 0; i < fieldCount; ++i) {
       const auto field = static_cast<std::size_t>(i);
-      row[field] = TextOf(sqlite3_column_value(statement.get(), i), numbers[field]);
+      row[field] = TextOf(sqlite3_column_value(statement, i), numbers[field]);
     }
     visit(row);
   }
   RequireDone(code, sql);
+  Keep(std::move(prepared));
 }
 
 void SqliteDatabase::RequireDone(int code, const std::string& sql) {
@@ -248,16 +220,76 @@ void SqliteDatabase::Fail(int code, const std::string& sql) {
     throw SqliteError(code, std::string(sqlite3_errmsg(handle_)) + ": the statement exceeded its time-out.",
                       sql);
   }
-  throw LastSqliteError(handle_, sql);
+  const SqliteError error = LastSqliteError(handle_, sql);
+  if (layout_ != kAnyLayout && MayComeFromChangedFile(error)) {
+    const std::string change = FileChange(handle_, path_, layout_);
+    if (!change.empty()) throw StatementError(FailureCause::FileChanged, change, sql);
+  }
+  throw error;
 }
 
-SqliteDatabase::StatementHandle SqliteDatabase::Prepare(const std::string& sql) {
+PreparedStatement SqliteDatabase::Ready(const std::string& sql, Arguments arguments) {
+  if (arguments.size() == 0) {
+    PreparedStatement shared = ReadyShared(sql);
+    if (shared.handle) return shared;
+  }
+  PreparedStatement prepared = TakeOrPrepare(sql, sql);
+  sqlite3_stmt* const statement = prepared.handle.get();
+  if (static_cast<std::size_t>(sqlite3_bind_parameter_count(statement)) != arguments.size()) {
+    // SQLite would take NULL for a missing one.
+    throw host::DatabaseError("The statement has a parameter without a value.", sql);
+  }
+  int parameter = 0;
+  for (const std::string_view argument : arguments) {
+    RequireBound(sqlite3_bind_text64(statement, ++parameter, argument.data(), argument.size(), SQLITE_STATIC,
+                                     SQLITE_UTF8),
+                 sql);
+  }
+  return prepared;
+}
+
+/// Without a handle when the text has to be run as it is.
+PreparedStatement SqliteDatabase::ReadyShared(const std::string& sql) {
+  PreparedStatement prepared = statements_.TakeFitting(sql, numbers_);
+  if (!prepared.handle) {
+    SharedText shared = ShareText(sql, numbers_);
+    if (shared.places.empty()) return {};
+    try {
+      prepared.handle = Prepare(shared.text, sql);
+      prepared.shared = std::move(shared);
+    } catch (const SqliteError& error) {
+      // Some statements need to see their numbers, such as one that names a partial index.
+      if (error.Code() == SQLITE_ERROR) return {};
+      throw;
+    }
+  }
+  int parameter = 0;
+  for (const std::int64_t number : numbers_) {
+    RequireBound(sqlite3_bind_int64(prepared.handle.get(), ++parameter, number), sql);
+  }
+  return prepared;
+}
+
+PreparedStatement SqliteDatabase::TakeOrPrepare(const std::string& text, const std::string& sql) {
+  PreparedStatement prepared = statements_.Take(text);
+  if (prepared.handle) return prepared;
+  prepared.handle = Prepare(text, sql);
+  prepared.shared.text = text;
+  return prepared;
+}
+
+void SqliteDatabase::Keep(PreparedStatement statement) {
+  if (sqlite3_bind_parameter_count(statement.handle.get()) > 0) statements_.Keep(std::move(statement));
+}
+
+/// The failure of a text is that of the statement for which it stands.
+StatementHandle SqliteDatabase::Prepare(const std::string& text, const std::string& sql) {
   if (sql.find('\0') != std::string::npos) {
     throw host::DatabaseError("A statement must not contain a NUL character.", sql);
   }
   sqlite3_stmt* statement = nullptr;
   const char* rest = nullptr;
-  const int code = sqlite3_prepare_v2(handle_, sql.c_str(), -1, &statement, &rest);
+  const int code = sqlite3_prepare_v2(handle_, text.c_str(), -1, &statement, &rest);
   if (code != SQLITE_OK) Fail(code, sql);
   StatementHandle prepared(statement);
   if (!prepared) throw host::DatabaseError("The statement is empty.", sql);
@@ -277,19 +309,33 @@ void SqliteDatabase::RefuseFurtherStatement(const char* rest, const std::string&
   }
 }
 
-void SqliteDatabase::Bind(sqlite3_stmt* statement, std::initializer_list<std::string_view> arguments,
-                          const std::string& sql) const {
-  if (static_cast<std::size_t>(sqlite3_bind_parameter_count(statement)) != arguments.size()) {
-    // SQLite would take NULL for a missing one.
-    throw host::DatabaseError("The statement has a parameter without a value.", sql);
-  }
-  int index = 0;
-  for (const std::string_view argument : arguments) {
-    ++index;
-    if (sqlite3_bind_text64(statement, index, argument.data(), argument.size(), SQLITE_STATIC, SQLITE_UTF8) !=
-        SQLITE_OK) {
-      throw LastSqliteError(handle_, sql);
+void SqliteDatabase::RequireBound(int code, const std::string& sql) {
+  if (code != SQLITE_OK) Fail(code, sql);
+}
+
+void SqliteDatabase::RunInserts(std::vector<RowsInsert> inserts) {
+  for (const RowsInsert& insert : inserts) {
+    if (CanBeBound(insert)) {
+      InsertBound(insert);
+    } else {
+      Run(insert.statement);
     }
+  }
+}
+
+void SqliteDatabase::InsertBound(const RowsInsert& insert) {
+  const DeadlineScope scope(*this, kNoTimeout);
+  std::size_t row = 0;
+  for (const std::size_t atOnce : {kRowsAtOnce, std::size_t{1}}) {
+    if (insert.rows - row < atOnce) continue;
+    PreparedStatement prepared = TakeOrPrepare(TextWithParameters(insert, atOnce), insert.statement);
+    sqlite3_stmt* const statement = prepared.handle.get();
+    for (; insert.rows - row >= atOnce; row += atOnce) {
+      RequireBound(BindRows(statement, insert, row, atOnce), insert.statement);
+      RequireDone(sqlite3_step(statement), insert.statement);
+      sqlite3_reset(statement);
+    }
+    Keep(std::move(prepared));
   }
 }
 
@@ -329,6 +375,21 @@ std::string SqliteDatabase::CallFunction(const std::string& name, const std::str
 void SqliteDatabase::StartTransaction() {
   // At once for writing: two readers that both want to write later could only fail.
   Run("BEGIN IMMEDIATE");
+  try {
+    RequireSameFile();
+  } catch (...) {
+    Run("ROLLBACK");
+    throw;
+  }
+}
+
+/// What is written into a file without a name is lost without a word.
+void SqliteDatabase::RequireSameFile() {
+  if (layout_ == kAnyLayout) return;
+  const auto row = Run("PRAGMA user_version", kNoTimeout, {});
+  if (!FileHasMoved(handle_) && row->FieldAt(0) == Variant(layout_)) return;
+  const std::string change = FileChange(handle_, path_, layout_);
+  if (!change.empty()) throw StatementError(FailureCause::FileChanged, change, {});
 }
 
 void SqliteDatabase::CommitTransaction() {

@@ -8,13 +8,14 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "database/open_error.h"
 #include "database/sql_connection.h"
 #include "database/sqlite/sqlite_error.h"
+#include "database/sqlite/statement_cache.h"
 
 struct sqlite3;
-struct sqlite3_stmt;
 
 namespace kiv::database {
 
@@ -37,6 +38,10 @@ class SqliteDatabase : public SqlConnection {
   std::string Name() const override { return path_; }
   const SchemaLayout& Layout() const override;
 
+  /// From now on a file that was deleted, replaced or brought to another layout than this is told as such:
+  /// when a statement fails, and before anything is written.
+  void ExpectLayout(int version) { layout_ = version; }
+
   /// Gives SQL and CallStoredFunction a function with one text argument (empty for NULL) under any name, dots
   /// included; a function of that name is replaced. What it raises fails the calling statement with the same
   /// text. It may query this database, but must not keep it alive.
@@ -44,20 +49,19 @@ class SqliteDatabase : public SqlConnection {
 
  private:
   using Clock = std::chrono::steady_clock;
-  struct StatementDeleter {
-    void operator()(sqlite3_stmt* statement) const;
-  };
-  using StatementHandle = std::unique_ptr<sqlite3_stmt, StatementDeleter>;
+  using Arguments = std::initializer_list<std::string_view>;
   class DeadlineScope;
+  static constexpr int kAnyLayout = -1;
 
   explicit SqliteDatabase(std::string utf8Path) : path_(std::move(utf8Path)) {}
 
   void Connect(OpenMode mode);
   /// Every statement comes through here. The time-out covers waiting, running and fetching.
   std::shared_ptr<host::Recordset> Run(const std::string& sql, int timeoutSeconds,
-                                       std::initializer_list<std::string_view> arguments) override;
+                                       Arguments arguments) override;
   void Visit(const std::string& sql, int timeoutSeconds, const RowVisitor& visit) override;
   void Run(const std::string& sql) { Run(sql, kNoTimeout, {}); }
+  void RunInserts(std::vector<RowsInsert> inserts) override;
   bool FindColumn(const std::string& table, const std::string& column) override;
   std::string CallFunction(const std::string& name, const std::string& argument) override;
   void StartTransaction() override;
@@ -66,11 +70,17 @@ class SqliteDatabase : public SqlConnection {
   void RollbackTransaction() override;
   bool TransactionIsSound() const override;
 
+  void RequireSameFile();
   void RequireDone(int code, const std::string& sql);
-  StatementHandle Prepare(const std::string& sql);
+  /// The statement of a text with its values, maybe one that has been run before.
+  PreparedStatement Ready(const std::string& sql, Arguments arguments);
+  PreparedStatement ReadyShared(const std::string& sql);
+  PreparedStatement TakeOrPrepare(const std::string& text, const std::string& sql);
+  void Keep(PreparedStatement statement);
+  StatementHandle Prepare(const std::string& text, const std::string& sql);
   void RefuseFurtherStatement(const char* rest, const std::string& sql) const;
-  void Bind(sqlite3_stmt* statement, std::initializer_list<std::string_view> arguments,
-            const std::string& sql) const;
+  void RequireBound(int code, const std::string& sql);
+  void InsertBound(const RowsInsert& insert);
 
   /// What SQLite calls while it works and while it waits for others; false ends the statement.
   bool GoesOn();
@@ -82,6 +92,9 @@ class SqliteDatabase : public SqlConnection {
 
   std::string path_;
   sqlite3* handle_ = nullptr;
+  StatementCache statements_;
+  std::vector<std::int64_t> numbers_;  ///< of the statement that is looked at
+  int layout_ = kAnyLayout;
   Clock::time_point deadline_ = Clock::time_point::max();  ///< of the statement that runs
   Clock::time_point startedAt_;                            ///< likewise
   Clock::time_point waitingSince_;

@@ -19,6 +19,8 @@ namespace {
 
 using FileHead = std::array<std::uint8_t, 100>;
 constexpr std::string_view kSqliteMark("SQLite format 3\0", 16);
+constexpr std::size_t kPageSizeOffset = 16;
+constexpr std::size_t kPageCountOffset = 28;
 constexpr std::size_t kUserVersionOffset = 60;
 constexpr std::size_t kApplicationIdOffset = 68;
 
@@ -53,6 +55,11 @@ class DatabaseFile {
   bool Read(FileHead& head) {
     return File()->pMethods->xRead(File(), head.data(), static_cast<int>(head.size()), 0) == SQLITE_OK;
   }
+  std::int64_t Size() {
+    sqlite3_int64 size = 0;
+    File()->pMethods->xFileSize(File(), &size);
+    return size;
+  }
 
  private:
   sqlite3_file* File() { return reinterpret_cast<sqlite3_file*>(storage_.data()); }
@@ -71,6 +78,18 @@ std::int32_t NumberAt(const FileHead& head, std::size_t offset) {
   return static_cast<std::int32_t>(number);
 }
 
+/// What the head gives as the file's length.
+std::int64_t StatedSize(const FileHead& head) {
+  const std::int64_t pageSize = head[kPageSizeOffset] << 8 | head[kPageSizeOffset + 1];
+  return (pageSize == 1 ? 65536 : pageSize) * static_cast<std::uint32_t>(NumberAt(head, kPageCountOffset));
+}
+
+/// The figures that nobody asks for cost a lock at each allocation. Only what comes before anything else of
+/// SQLite can switch them off, and it does no harm when it comes too late.
+void KeepNoAccountOfMemory() {
+  [[maybe_unused]] static const int result = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+}
+
 /// A database that were made there would stand where nobody chose it to be.
 void RefuseDanglingLink(const std::filesystem::path& path, const std::string& utf8Path) {
   std::error_code error;
@@ -80,13 +99,14 @@ void RefuseDanglingLink(const std::filesystem::path& path, const std::string& ut
 
 FileFacts InspectContent(const std::string& utf8Path) {
   FileHead head{};
-  if (!DatabaseFile(utf8Path).Read(head) ||
-      std::memcmp(head.data(), kSqliteMark.data(), kSqliteMark.size()) != 0) {
+  DatabaseFile file(utf8Path);
+  if (!file.Read(head) || std::memcmp(head.data(), kSqliteMark.data(), kSqliteMark.size()) != 0) {
     return {.kind = FileKind::OtherContent};
   }
   return {.kind = FileKind::SqliteDatabase,
           .applicationId = NumberAt(head, kApplicationIdOffset),
-          .userVersion = NumberAt(head, kUserVersionOffset)};
+          .userVersion = NumberAt(head, kUserVersionOffset),
+          .cutShort = file.Size() < StatedSize(head)};
 }
 
 }  // namespace
@@ -104,6 +124,7 @@ std::string SqliteFileName(const std::string& utf8Path) {
 }
 
 FileFacts InspectFile(const std::string& utf8Path) {
+  KeepNoAccountOfMemory();
   // An empty path or one with a NUL would name another file than the one that the user sees.
   if (utf8Path.empty() || utf8Path.find('\0') != std::string::npos) return {.kind = FileKind::Missing};
 

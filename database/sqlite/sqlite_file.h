@@ -14,6 +14,7 @@ struct FileFacts {
   /// The two numbers in the head of an SQLite database that its program chooses.
   std::int32_t applicationId = 0;
   std::int32_t userVersion = 0;
+  bool cutShort = false;  ///< ends before its head says
 };
 
 /// Looks at a file without changing anything: a plain open would already play back the journal that a crashed

@@ -12,7 +12,7 @@ namespace kiv::store {
 
 namespace {
 
-constexpr std::size_t kRowsInStatement = 400;
+constexpr std::size_t kRowsBetweenReports = 400;
 /// Checking takes about as long as writing.
 constexpr double kShareOfCheck = 0.5;
 
@@ -37,40 +37,57 @@ class Progress {
   std::size_t total_;
 };
 
-/// The good lines of the files as statements that insert many rows each.
-class InsertStatements {
+/// The good lines of the files as rows to insert.
+class Inserts {
  public:
-  explicit InsertStatements(const host::Database& database) : database_(database) {}
-
-  struct Statement {
-    const NetworkTable* table;
-    std::string sql;
-    std::size_t rows;
-  };
+  explicit Inserts(const host::Database& database) : database_(database) {}
 
   void Add(const NetworkTable& table, std::span<const Variant> row) {
-    if (statements_.empty() || statements_.back().table != &table ||
-        statements_.back().rows == kRowsInStatement) {
-      statements_.push_back({&table, Beginning(table), 0});
-    }
-    Statement& statement = statements_.back();
-    statement.sql += statement.rows++ == 0 ? " (" : ",\n (";
-    statement.sql += database_.FormatValueList(row) + ")";
+    if (tables_.empty() || tables_.back().table != &table) tables_.push_back({&table, {}, {}});
+    Rows& rows = tables_.back();
+    rows.texts += database_.FormatValueList(row);
+    rows.ends.push_back(rows.texts.size());
+    ++count_;
   }
 
-  const std::vector<Statement>& Statements() const { return statements_; }
+  std::size_t Count() const { return count_; }
+
+  /// Calls `run(table, statement)` for each row. That the rows of a table follow each other as single inserts
+  /// of one form lets the connection send them together.
+  template <class Run>
+  void ForEach(const Run& run) const {
+    for (const Rows& rows : tables_) {
+      std::string statement = Beginning(*rows.table);
+      const std::size_t beginning = statement.size();
+      std::size_t start = 0;
+      for (const std::size_t end : rows.ends) {
+        statement.resize(beginning);
+        statement.append(rows.texts, start, end - start) += ')';
+        run(*rows.table, statement);
+        start = end;
+      }
+    }
+  }
 
  private:
+  /// One after the other: there may be millions.
+  struct Rows {
+    const NetworkTable* table;
+    std::string texts;
+    std::vector<std::size_t> ends;
+  };
+
   static std::string Beginning(const NetworkTable& table) {
     std::string columns;
     for (const NetworkColumn& column : table.columns) {
       columns += (columns.empty() ? "" : ", ") + std::string(column.name);
     }
-    return "INSERT INTO " + std::string(table.name) + " (" + columns + ") VALUES";
+    return "INSERT INTO " + std::string(table.name) + " (" + columns + ") VALUES (";
   }
 
   const host::Database& database_;
-  std::vector<Statement> statements_;
+  std::vector<Rows> tables_;
+  std::size_t count_ = 0;
 };
 
 /// The file of a table, read; nothing when there is not exactly one, which the check then knows.
@@ -124,19 +141,23 @@ NetworkReport Check(const std::string& folder, const ImportProgress& progress, d
   return report;
 }
 
-void Write(database::Connection& connection, const InsertStatements& inserts, const ImportProgress& progress,
+void Write(database::Connection& connection, const Inserts& inserts, const ImportProgress& progress,
            const std::string& user) {
-  const Progress told(progress, kShareOfCheck, 1, inserts.Statements().size());
+  const Progress told(progress, kShareOfCheck, 1, inserts.Count());
   const Changes changes(connection);
   Change change(changes, {.event = "network", .user = user, .time = UtcNow()});
   for (const NetworkTable& table : NetworkTables()) {
     connection.ExecuteSql("DELETE FROM " + std::string(table.name));
   }
   std::size_t done = 0;
-  for (const InsertStatements::Statement& statement : inserts.Statements()) {
-    told.Tell("Writing " + std::string(statement.table->name), done++);
-    connection.ExecuteSql(statement.sql);
-  }
+  const NetworkTable* current = nullptr;
+  inserts.ForEach([&](const NetworkTable& table, const std::string& statement) {
+    if (std::exchange(current, &table) != &table || done % kRowsBetweenReports == 0) {
+      told.Tell("Writing " + std::string(table.name), done);
+    }
+    connection.ExecuteSql(statement);
+    ++done;
+  });
   told.Tell("Finishing", done);
   change.Commit();
 }
@@ -160,7 +181,7 @@ NetworkReport CheckNetwork(const std::string& folder, const ImportProgress& prog
 NetworkReport ImportNetwork(database::Connection& connection, const std::string& folder,
                             const ImportProgress& progress, const std::string& user) {
   try {
-    InsertStatements inserts(connection);
+    Inserts inserts(connection);
     NetworkReport report = Check(
         folder, progress, kShareOfCheck,
         [&inserts](const NetworkTable& table, std::span<const Variant> row) { inserts.Add(table, row); });

@@ -283,16 +283,14 @@ TEST_P(ConnectionConformance, WaitingInsertsGoWithTheirTransactionAndEndItWhenTh
     connection_->ExecuteSql(Row(1));
     connection_->ExecuteSql(Row(2, "99"));
     connection_->ExecuteSql("INSERT INTO Sample (Id) VALUES (6)");
-    try {
-      send();
-      ADD_FAILURE() << "the failure was not told";
-    } catch (const host::DatabaseError& error) {
-      EXPECT_EQ(error.Statement(), "INSERT INTO Sample (Id, Parent) VALUES (1, NULL), (2, 99)");
-      EXPECT_THAT(error.what(), testing::ContainsRegex("FOREIGN KEY|foreign key"));
-    }
-    EXPECT_THROW(connection_->ExecuteSql(Row(3)), host::DatabaseError);
-    EXPECT_THROW(Ids(), host::DatabaseError);
-    EXPECT_THROW(connection_->Commit(), host::DatabaseError);
+    const auto toldWhy = testing::Throws<host::DatabaseError>(
+        AllOf(Property(&host::DatabaseError::Statement,
+                       "INSERT INTO Sample (Id, Parent) VALUES (1, NULL), (2, 99)"),
+              Property(&host::DatabaseError::what, testing::ContainsRegex("FOREIGN KEY|foreign key"))));
+    EXPECT_THAT(send, toldWhy);
+    EXPECT_THAT([&] { connection_->ExecuteSql(Row(3)); }, toldWhy);
+    EXPECT_THAT([&] { Ids(); }, toldWhy);
+    EXPECT_THAT([&] { connection_->Commit(); }, toldWhy);
     connection_->Rollback();
     EXPECT_EQ(Ids(), "");
   }

@@ -8,6 +8,7 @@
 #include <exception>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -19,6 +20,7 @@
 #include "database/sqlite/sqlite_database.h"
 #include "database/sqlite/sqlite_file.h"
 #include "database/sqlite/sqlite_layout.h"
+#include "database/statement_error.h"
 #include "support/child_process.h"
 #include "support/engine.h"
 #include "support/ordinary_user.h"
@@ -29,7 +31,9 @@ namespace kiv::database {
 namespace {
 
 using std::filesystem::perms;
+using testing::AllOf;
 using testing::HasSubstr;
+using testing::Property;
 using namespace std::string_literals;
 
 constexpr perms kMayRead = perms::owner_read | perms::group_read | perms::others_read;
@@ -129,6 +133,37 @@ TEST_F(StudyDatabaseOpen, ALinkIsFollowedUnlessItsFileIsGone) {
   std::filesystem::remove(folder_.File("studies.db"));
   ExpectProblem(OpenProblem::DanglingLink, link, "/studies.db). Correct the link");
   EXPECT_FALSE(std::filesystem::exists(link));
+}
+
+TEST_F(StudyDatabaseOpen, WhatBecomesOfAnOpenFileIsTold) {
+  namespace fs = std::filesystem;
+  struct Case {
+    const char* what;
+    std::function<void(const std::string& path)> happen;
+  };
+  std::vector<Case> cases;
+  cases.push_back({"was deleted or moved", [](const std::string& path) { fs::remove(path); }});
+  cases.push_back({"was replaced by another file",
+                   [this](const std::string& path) { fs::rename(NewStudyDatabase("copy.db"), path); }});
+  cases.push_back({"was emptied", [](const std::string& path) { fs::resize_file(path, 0); }});
+  cases.push_back({"was overwritten", [](const std::string& path) { std::ofstream(path) << "words"; }});
+  cases.push_back({"was cut short", [](const std::string& path) { fs::resize_file(path, 8192); }});
+  cases.push_back({"was brought to layout number 99", [](const std::string& path) {
+                     const auto newer = SqliteDatabase::Open(path, OpenMode::MustExist);
+                     newer->ExecuteSql("PRAGMA user_version = 99");
+                     newer->ExecuteSql("DROP TABLE KIV_FAF");
+                   }});
+  for (const Case& each : cases) {
+    const std::string path = NewStudyDatabase();
+    const auto database = OpenStudyDatabase(path, OpenMode::MustExist);
+    each.happen(path);
+    const auto toldSo = testing::Throws<StatementError>(
+        AllOf(Property(&StatementError::Cause, FailureCause::FileChanged),
+              Property(&StatementError::what, HasSubstr("'" + path + "' " + each.what + " while it was"))));
+    EXPECT_THAT([&] { database->Begin(); }, toldSo);
+    EXPECT_THAT([&] { database->ExecuteSql("INSERT INTO KIV_FAF (InstanceId) VALUES (1)"); }, toldSo);
+    fs::remove(path);
+  }
 }
 
 TEST_F(StudyDatabaseOpen, OtherContentIsNotTouched) {
@@ -260,8 +295,17 @@ TEST_P(StudyDatabaseSchema, OlderLayoutIsUpgradedWithItsRows) {
   EXPECT_EQ(SchemaVersion(*old), 1);
   EXPECT_FALSE(old->ColumnExists("KIV_HomStudy", "CollectData"));
   AddStudy(*old);
+  UpgradeSchema(*old, 7);
+  old->ExecuteSql(
+      "INSERT INTO luc_cfg_cdma_car_chans (cdma_carr_id, system_id, ecp, cell, keyid) VALUES (5, 1, 2, 3, "
+      "4)");
 
   const auto database = OpenStudyDatabase(server_->Name(), OpenMode::MustExist);
+  EXPECT_EQ(test::RowsText(*database, "cdma_carr_id, system_id, ecp, cell, keyid", "luc_cfg_cdma_car_chans"),
+            "5|1|2|3|4;");
+  if (database->Layout().Engine() == "sqlite") {
+    EXPECT_EQ(test::ValueOf(*database, "PRAGMA integrity_check"), Variant("ok"));
+  }
   EXPECT_EQ(SchemaVersion(*database), NewestSchemaVersion());
   EXPECT_EQ(test::RowsText(*database, "Path, HomMode, CollectData, StartOnFail, CurStdDatafile, CurStdPath",
                            "KIV_HomStudy"),

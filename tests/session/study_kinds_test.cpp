@@ -264,7 +264,8 @@ TEST_P(StudyOfKind, VcsaKeepsItsChoicesOverSavesAndChangesOfTheNetwork) {
                              "DELETE FROM luc_cfg_cdma_car_chans WHERE system_id = 1 AND ecp = 1 AND cell = "
                              "6 AND cdma_carr_id = 3",
                              "INSERT INTO luc_cfg_ceqsu2 VALUES (9001, 1, 2, 6, 7, 'y')",
-                             "INSERT INTO luc_cfg_cdma_car_chans VALUES (4, 1, 2, 6, 7)"}) {
+                             "INSERT INTO luc_cfg_cdma_car_chans (cdma_carr_id, system_id, ecp, cell, keyid) "
+                             "VALUES (4, 1, 2, 6, 7)"}) {
     connection_->ExecuteSql(change);
   }
   for (int save = 0; save < 2; ++save) {

@@ -1,0 +1,59 @@
+#include "database/sqlite/result_row.h"
+
+#include <sqlite3.h>
+
+#include <charconv>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kiv::database {
+
+namespace {
+
+/// The length is that of the form in which the value was asked for last.
+std::string_view BytesAt(sqlite3_stmt* statement, int field, const void* bytes) {
+  if (!bytes) return {};
+  return {static_cast<const char*>(bytes), static_cast<std::size_t>(sqlite3_column_bytes(statement, field))};
+}
+
+}  // namespace
+
+const FieldNames& NamesOf(PreparedStatement& statement) {
+  sqlite3_stmt* const handle = statement.handle.get();
+  const int timesPrepared = sqlite3_stmt_status(handle, SQLITE_STMTSTATUS_REPREPARE, 0);
+  if (statement.fieldNames && statement.timesPrepared == timesPrepared) return statement.fieldNames;
+  const int count = sqlite3_column_count(handle);
+  std::vector<std::string> names;
+  names.reserve(static_cast<std::size_t>(count));
+  for (int i = 0; i < count; ++i) names.emplace_back(sqlite3_column_name(handle, i));
+  statement.fieldNames = std::make_shared<const std::vector<std::string>>(std::move(names));
+  statement.timesPrepared = timesPrepared;
+  return statement.fieldNames;
+}
+
+void AppendRow(RowBuffer& rows, sqlite3_stmt* statement, int fieldCount) {
+  for (int i = 0; i < fieldCount; ++i) {
+    switch (sqlite3_column_type(statement, i)) {
+      case SQLITE_NULL: rows.AppendNull(); break;
+      case SQLITE_INTEGER: rows.AppendInteger(sqlite3_column_int64(statement, i)); break;
+      case SQLITE_FLOAT: rows.AppendReal(sqlite3_column_double(statement, i)); break;
+      case SQLITE_TEXT: rows.AppendText(BytesAt(statement, i, sqlite3_column_text(statement, i))); break;
+      default: rows.AppendText(BytesAt(statement, i, sqlite3_column_blob(statement, i)));
+    }
+  }
+}
+
+std::string_view TextOf(sqlite3_value* value, NumberText& number) {
+  if (sqlite3_value_type(value) == SQLITE_INTEGER) {
+    const auto end =
+        std::to_chars(number.data(), number.data() + number.size(), sqlite3_value_int64(value)).ptr;
+    return {number.data(), static_cast<std::size_t>(end - number.data())};
+  }
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
+}
+
+}  // namespace kiv::database
