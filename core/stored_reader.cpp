@@ -115,10 +115,14 @@ const StoredList* StoredReader::FindList(std::string_view name) {
 }
 
 /// Reads entry by entry; `read` returns how many entries the record has then.
-void StoredReader::ReadEntries(std::string_view name,
+void StoredReader::ReadEntries(std::string_view name, std::size_t most,
                                const std::function<std::int32_t(const StoredEntry&, std::string)>& read) {
   const StoredList* list = FindList(name);
   if (!list) return;
+  if (list->entries.size() > most) {
+    return Note(name, "has " + std::to_string(list->entries.size()) + " entries; at most " +
+                          std::to_string(most) + " are possible");
+  }
   std::int32_t count = 0;
   for (std::size_t i = 0; i < list->entries.size(); ++i) {
     const std::string place = PlaceOf(name) + " " + std::to_string(i + 1);
@@ -137,7 +141,7 @@ void StoredReader::ReadEntries(std::string_view name,
 }
 
 void StoredReader::List(std::string_view name, const AddEntry& add) {
-  ReadEntries(name, [&](const StoredEntry& entry, std::string place) {
+  ReadEntries(name, kMostEntries, [&](const StoredEntry& entry, std::string place) {
     if (IsPlain(entry)) throw Error(ErrorNumber::TypeMismatch, "must be an object in braces");
     StoredReader reader(entry, std::move(place), faults_);
     const std::int32_t count = add(reader);
@@ -147,7 +151,7 @@ void StoredReader::List(std::string_view name, const AddEntry& add) {
 }
 
 void StoredReader::Numbers(std::string_view name, const std::function<std::int32_t(std::int32_t)>& add) {
-  ReadEntries(name, [&](const StoredEntry& entry, const std::string&) {
+  ReadEntries(name, kMostNumbers, [&](const StoredEntry& entry, const std::string&) {
     const bool isNumber = IsPlain(entry) && IsWhole(entry.fields[0].value);
     if (!isNumber) throw Error(ErrorNumber::TypeMismatch, "must be a whole number");
     try {

@@ -44,8 +44,11 @@ class StoredReader {
   /// Takes an entry into a list; returns how many the list has then. One that leaves the list as long as it
   /// was is noted as standing there twice.
   using AddEntry = std::function<std::int32_t(StoredReader& entry)>;
+  /// Of more than this, which no study needs, nothing is read.
+  static constexpr std::size_t kMostEntries = 20'000;
   void List(std::string_view name, const AddEntry& add);
   /// A list of numbers.
+  static constexpr std::size_t kMostNumbers = 2'000;
   void Numbers(std::string_view name, const std::function<std::int32_t(std::int32_t)>& add);
 
   void Note(std::string_view name, std::string reason);
@@ -60,7 +63,7 @@ class StoredReader {
   const Variant* FindText(std::string_view name, NullIs null);
   const StoredList* FindList(std::string_view name);
   std::string PlaceOf(std::string_view name) const;
-  void ReadEntries(std::string_view name,
+  void ReadEntries(std::string_view name, std::size_t most,
                    const std::function<std::int32_t(const StoredEntry&, std::string)>& read);
 
   const StoredEntry& entry_;

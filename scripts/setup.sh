@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# setup.sh run|test|bench: installs the Debian 12 packages that the script of that name needs, and no others. Does
+# setup.sh run|test|bench|servers: installs the Debian 12 packages that the script of that name needs, and no others. Does
 # nothing when all are there.
 set -euo pipefail
 
@@ -18,9 +18,10 @@ test       | clang-format clang-tidy                             | format and li
 test       | g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix | the library for Windows
 test       | googletest wine wine64                              | its tests there
 bench      | sqlite3                                             | the shell that lists are measured against
+servers    | postgresql-15 pgbouncer python3                     | servers of many kinds, for scripts/servers.sh
 '
 
-needed=$(awk -F'|' -v script="(run|${1:?run, test or bench})" '$1 ~ "(^| )" script " " { print $2 }' <<<"$packages")
+needed=$(awk -F'|' -v script="(run|${1:?run, test, bench or servers})" '$1 ~ "(^| )" script " " { print $2 }' <<<"$packages")
 missing=()
 for package in $needed; do
   dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")

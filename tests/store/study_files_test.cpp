@@ -122,6 +122,8 @@ TEST_F(HostileFile, IsRefusedWithOneMessageForEachFault) {
   const std::string deep(100000, '[');
   std::string wide = "{\"\": 0";
   for (int i = 0; i < 300; ++i) wide += ",\"" + std::to_string(i) + "\": 0";
+  std::string manyWrong = "[";
+  for (int i = 0; i < 2000; ++i) manyWrong += "{},";
   const std::vector<Case> cases = {
       {"", "line 1, column 1: the JSON is broken here"},
       {good_.substr(0, good_.size() / 2), "the JSON is broken here"},
@@ -167,6 +169,8 @@ TEST_F(HostileFile, IsRefusedWithOneMessageForEachFault) {
       {With("\"Channels\": [", "2,", "{},"), plm + "Modes 1: Channels 2 must be a whole number"},
       {With("\"Channels\"", "\"Channels\": [", "\"Channels\": [99999999999,"),
        "Channels 1 the number is too large"},
+      {With("\"Channels\"", "[", manyWrong),
+       plm + "Modes 1: Channels has 2009 entries; at most 2000 are possible"},
       {With("RF Call", "\"F\": 2", "\"F\": 70000"), rfc + "F the number is too large"},
       {With("RF Call", "\"UseEcp\": \"N\"", "\"UseEcp\": \"Y\""), rfc + "Ecps is missing"},
       {With("RF Call", "\"CellId\": 2", "\"CellId\": null"), rfc + "Cells 2: CellId must be a whole number"},
