@@ -91,12 +91,15 @@ void MainWindow::BringBackKeptInput() {
     }
   }
   if (count == 0) return;
-  Tell(count == 1
-           ? "A study with unsaved changes was kept when the program was ended. It is open again: save or "
-             "close it."
-           : std::to_string(count) +
-                 " studies with unsaved changes were kept when the program was ended. They are open "
-                 "again: save or close them.");
+  const QString text =
+      count == 1 ? QStringLiteral(
+                       "A study with unsaved changes was kept when the program was ended. It is open again: "
+                       "save or close it.")
+                 : QStringLiteral(
+                       "%L1 studies with unsaved changes were kept when the program was ended. They are open "
+                       "again: save or close them.")
+                       .arg(count);
+  Question(program_, QMessageBox::Information, text, QMessageBox::Ok, this).exec();
 }
 
 bool MainWindow::KeepUnsaved() {
