@@ -107,7 +107,8 @@ StoredList StoredParts(std::string_view name, const AntennaCollection& parts, st
     fields.reserve(3);  // a study may have ten thousand of them
     fields.push_back({kInstanceId, part->Instance_Id()});
     fields.push_back({column, (part.get()->*number)()});
-    fields.push_back({kSelected, MKivStudyCtls::BoolToYN(part->Selected())});
+    fields.push_back({kSelected, {}});
+    fields.back().value = MKivStudyCtls::BoolToYN(part->Selected());
   }
   return list;
 }

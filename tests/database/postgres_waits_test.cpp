@@ -106,13 +106,13 @@ TEST_F(PostgresWaitsTest, SilentServersAreGivenUpForTheNext) {
   const int full = socket(AF_INET, SOCK_STREAM, 0);
   sockaddr_in place{AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}};
   socklen_t length = sizeof place;
-  bind(full, reinterpret_cast<sockaddr*>(&place), length);
+  ASSERT_EQ(bind(full, reinterpret_cast<sockaddr*>(&place), length), 0);
   listen(full, 0);
   getsockname(full, reinterpret_cast<sockaddr*>(&place), &length);
   std::array<int, 4> waiting{};
   for (int& client : waiting) {
     client = socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0);
-    connect(client, reinterpret_cast<const sockaddr*>(&place), length);
+    EXPECT_LE(connect(client, reinterpret_cast<const sockaddr*>(&place), length), 0);
   }
   const std::string port = std::to_string(ntohs(place.sin_port));
   const auto next = PostgresDatabase::Open(Address("127.0.0.1," + proxy_.Host() + "," + Host()) +

@@ -8,6 +8,7 @@
 #include <array>
 #include <atomic>
 #include <list>
+#include <stdexcept>
 #include <string>
 #include <thread>
 
@@ -27,8 +28,11 @@ class FaultyProxy {
 
   explicit FaultyProxy(const std::string& serverFolder) : server_(serverFolder + kName) {
     const sockaddr_un address = Address(folder_.File(kName + 1));
-    bind(listener_, reinterpret_cast<const sockaddr*>(&address), sizeof address);
-    listen(listener_, 8);
+    if (bind(listener_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
+        listen(listener_, 8) != 0) {
+      throw std::runtime_error("no socket for the proxy");
+    }
+    worker_ = std::thread([this] { Work(); });
   }
   ~FaultyProxy() {
     ends_ = true;
@@ -70,8 +74,11 @@ class FaultyProxy {
   void Accept() {
     const sockaddr_un address = Address(server_);
     const Pair pair = {accept(listener_, nullptr, nullptr), socket(AF_UNIX, SOCK_STREAM, 0)};
-    connect(pair.server, reinterpret_cast<const sockaddr*>(&address), sizeof address);
-    pairs_.push_back(pair);
+    if (connect(pair.server, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) {
+      pairs_.push_back(pair);
+    } else {
+      Close(pair);
+    }
   }
   bool Serve(const Pair& pair) {
     if (Readable(pair.client) && !Forward(pair.client, pair.server)) return false;
@@ -95,7 +102,7 @@ class FaultyProxy {
   int listener_ = socket(AF_UNIX, SOCK_STREAM, 0);
   std::list<Pair> pairs_;
   std::atomic<bool> ends_ = false;
-  std::thread worker_{[this] { Work(); }};
+  std::thread worker_;
 };
 
 }  // namespace kiv::test
