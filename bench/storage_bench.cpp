@@ -79,7 +79,7 @@ class Subject {
     connection_->recording = true;
     work();
     connection_->recording = false;
-    // Only this program keeps a history; an entry of it cannot be written twice.
+    // Only this program keeps a history of changes; an entry of it cannot be written twice.
     std::erase_if(connection_->texts, [](const std::string& text) {
       return text.find("kiv_study_history") != std::string::npos ||
              text.find("kiv_change") != std::string::npos;
