@@ -88,27 +88,26 @@ CEcp& AsEcp(const std::shared_ptr<CEntity>& entity) {
 void CCell::AddAntenna(std::int32_t instanceId, std::int32_t systemId, std::int32_t ecpId,
                        std::int32_t cellId, std::int32_t antennaId, bool selected) {
   AntennaCollection& antennas = Required(antennas_);
-  const std::string key = AntennaKey(instanceId, {systemId, ecpId, cellId, antennaId});
-  if (antennas.Contains(key)) return;
+  std::string key = AntennaKey(instanceId, {systemId, ecpId, cellId, antennaId});
   auto antenna = MakeEntity<CAntenna>(ID(), instanceId, systemId, ecpId, key);
   antenna->SetCellID(cellId);
   antenna->SetAntennaID(antennaId);
   antenna->SetSelected(selected);
-  antennas.Add(std::move(antenna));
+  antennas.AddNew(std::move(antenna), std::move(key));
 }
 
 void CCell::AddCarrier(std::int32_t instanceId, const std::string& systemId, const std::string& ecpId,
                        const std::string& cellId, const std::string& carrierId, bool selected) {
   AntennaCollection& carriers = Required(carriers_);
-  const std::string key =
-      instanceId != 0 ? KeyOf(kCarrierWord, instanceId)
-                      : std::string(kCarrierWord) + systemId + "-" + ecpId + "-" + cellId + "-" + carrierId;
+  std::string key = instanceId != 0
+                        ? KeyOf(kCarrierWord, instanceId)
+                        : std::string(kCarrierWord) + systemId + "-" + ecpId + "-" + cellId + "-" + carrierId;
   if (carriers.Contains(key)) return;
   auto carrier = MakeEntity<CAntenna>(ID(), instanceId, ToInt32(systemId), ToInt32(ecpId), key);
   carrier->SetCellID(ToInt32(cellId));
   carrier->SetCarrierID(ToInt32(carrierId));
   carrier->SetSelected(selected);
-  carriers.Add(std::move(carrier));
+  carriers.AddNew(std::move(carrier), std::move(key));
 }
 
 void CCell::RemoveAntenna(const std::string& key) {

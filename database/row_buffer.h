@@ -59,8 +59,9 @@ class RowBuffer {
       const char* text;
     };
   };
-  /// Most result sets are a few rows, and then a large block would cost more than its query.
-  static constexpr std::size_t kCellsInFirstBlock = 64;
+  /// Most result sets are a few rows, and then a large block would cost more than its query: 1,000 bytes are
+  /// about what an allocator keeps at hand.
+  static constexpr std::size_t kCellsInFirstBlock = 48;
   static constexpr std::size_t kCellsInBlock = 4096;
 
   /// Where a cell stands, counted as if the first block were the end of one as large as the others.

@@ -15,6 +15,7 @@ enum class FailureCause {
   Cancelled,       ///< the wait handler gave it up
   Constraint,      ///< a rule of the tables forbids the values, such as a reference to a row that is gone
   Damaged,         ///< the database contradicts itself
+  NoMemory,        ///< the statement needs more than there is
   FileChanged,     ///< somebody took the open file away or made another of it; the text tells how
   Other
 };

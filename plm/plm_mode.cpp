@@ -82,8 +82,7 @@ void CKivPlmMode::Initialize(std::int32_t id, std::int32_t plmMode, std::int32_t
 
 void CKivPlmMode::AddChannel(std::int32_t id, std::int32_t plmMode, std::int32_t channel,
                              const std::string& key) {
-  if (channels_->Contains(key)) return;
-  channels_->Add(std::make_shared<CChannel>(id, plmMode, channel, key), key);
+  channels_->AddNew(std::make_shared<CChannel>(id, plmMode, channel, key), key);
 }
 
 void CKivPlmMode::ClearChannelList() {

@@ -30,6 +30,9 @@ void RequireWritable(const std::filesystem::path& path) {
   Require(faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 || errno == ENOENT);
 }
 
+/// Far more than any file that is read here. A file with holes may seem larger than the memory.
+constexpr std::uintmax_t kLargestFile = std::uintmax_t{1} << 30;
+
 /// A new file beside another one, which takes its place in the end or goes away.
 class FileBeside {
  public:
@@ -101,6 +104,7 @@ std::string ReadWholeFile(const std::filesystem::path& path) {
   std::error_code error;
   const auto size = std::filesystem::file_size(path, error);
   if (error) throw StoreError(error.message());
+  if (size > kLargestFile) throw StoreError("it is larger than 1 GB, the most that can be read");
   std::string bytes(size, '\0');
   errno = 0;
   std::ifstream file(path, std::ios::binary);

@@ -14,9 +14,9 @@ namespace kiv::database {
 namespace {
 
 /// The length is that of the form in which the value was asked for last.
-std::string_view BytesAt(sqlite3_stmt* statement, int field, const void* bytes) {
+std::string_view BytesOf(sqlite3_value* value, const void* bytes) {
   if (!bytes) return {};
-  return {static_cast<const char*>(bytes), static_cast<std::size_t>(sqlite3_column_bytes(statement, field))};
+  return {static_cast<const char*>(bytes), static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 }  // namespace
@@ -36,12 +36,13 @@ const FieldNames& NamesOf(PreparedStatement& statement) {
 
 void AppendRow(RowBuffer& rows, sqlite3_stmt* statement, int fieldCount) {
   for (int i = 0; i < fieldCount; ++i) {
-    switch (sqlite3_column_type(statement, i)) {
+    sqlite3_value* const value = sqlite3_column_value(statement, i);
+    switch (sqlite3_value_type(value)) {
       case SQLITE_NULL: rows.AppendNull(); break;
-      case SQLITE_INTEGER: rows.AppendInteger(sqlite3_column_int64(statement, i)); break;
-      case SQLITE_FLOAT: rows.AppendReal(sqlite3_column_double(statement, i)); break;
-      case SQLITE_TEXT: rows.AppendText(BytesAt(statement, i, sqlite3_column_text(statement, i))); break;
-      default: rows.AppendText(BytesAt(statement, i, sqlite3_column_blob(statement, i)));
+      case SQLITE_INTEGER: rows.AppendInteger(sqlite3_value_int64(value)); break;
+      case SQLITE_FLOAT: rows.AppendReal(sqlite3_value_double(value)); break;
+      case SQLITE_TEXT: rows.AppendText(BytesOf(value, sqlite3_value_text(value))); break;
+      default: rows.AppendText(BytesOf(value, sqlite3_value_blob(value)));
     }
   }
 }

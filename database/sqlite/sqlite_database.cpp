@@ -27,6 +27,8 @@ using namespace std::chrono_literals;
 
 constexpr auto kLongestWait = 5s;
 constexpr int kLongestSleepMilliseconds = 25;
+/// Bytes of a value and of a statement: more than any history of a study needs.
+constexpr int kLongestValue = 100'000'000;
 /// Steps of SQLite's machine between two looks at the clock: some microseconds.
 constexpr int kStepsPerDeadlineCheck = 1000;
 
@@ -163,6 +165,8 @@ void SqliteDatabase::Connect(OpenMode mode) {
   sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   // What stands in a file that somebody sent must not call functions of ours.
   sqlite3_db_config(handle_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  // Nor hold a value that would take minutes to look at.
+  sqlite3_limit(handle_, SQLITE_LIMIT_LENGTH, kLongestValue);
   // The journal stays a rollback journal, SQLite's default: write-ahead logging fails on network drives.
   // A commit is the removal of the journal: EXTRA also has the folder written out, so that after a power
   // failure the journal does not come back and take away what was told as saved.

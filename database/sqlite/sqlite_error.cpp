@@ -17,6 +17,7 @@ FailureCause CauseOf(int extendedCode) {
     case SQLITE_READONLY: return FailureCause::ReadOnly;
     case SQLITE_IOERR:  // a used-up quota, for one
     case SQLITE_FULL: return FailureCause::DiskFull;
+    case SQLITE_NOMEM: return FailureCause::NoMemory;
     case SQLITE_CONSTRAINT: return FailureCause::Constraint;
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB: return FailureCause::Damaged;

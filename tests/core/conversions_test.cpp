@@ -1,5 +1,10 @@
 #include "core/conversions.h"
 
+#include <memory>
+#include <random>
+#include <set>
+#include <string>
+
 #include "core/keyed_collection.h"
 #include "core/numeric_text.h"
 #include "host/sql_rendering.h"
@@ -69,6 +74,24 @@ TEST(KeyedCollections, KeepOrderAndFindByExactKey) {
   for (const auto& number : numbers) order += std::to_string(*number);
   EXPECT_EQ(order, "324");
   EXPECT_EQ(*numbers.Item("Cell:1"), 4);
+
+  // As many as need an index, added and removed in any order.
+  std::mt19937 random(1);
+  std::set<std::string> present;
+  KeyedCollection<int> many;
+  for (int round = 0; round < 3000; ++round) {
+    const std::string key = std::to_string(random() % 64);
+    if (present.contains(key)) {
+      many.Remove(key);
+      present.erase(key);
+    } else {
+      EXPECT_TRUE(many.AddNew(std::make_shared<int>(round), key));
+      present.insert(key);
+    }
+    const std::string other = std::to_string(random() % 64);
+    ASSERT_EQ(many.Contains(other), present.contains(other)) << "round " << round << ", key " << other;
+    ASSERT_EQ(many.Count(), static_cast<int>(present.size()));
+  }
 
   const std::shared_ptr<KeyedCollection<int>> unset;
   EXPECT_EQ(NumberRaisedBy([&] { Required(unset).begin(); }), ErrorNumber::ObjectNotSet);

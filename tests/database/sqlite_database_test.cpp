@@ -51,6 +51,7 @@ TEST_F(SqliteDatabaseTest, DoubtfulStatementsAreRefused) {
   database_->ExecuteSql("CREATE TABLE t (id INTEGER PRIMARY KEY)");
   EXPECT_THROW(ValueOf("SELECT \"idd\" FROM t"), host::DatabaseError);
   EXPECT_THROW(ValueOf("SELECT id FROM t WHERE id = ?"), host::DatabaseError);
+  EXPECT_THROW(ValueOf("SELECT zeroblob(200000000)"), host::DatabaseError);
   database_->ExecuteSql("INSERT INTO t VALUES (1)");
   EXPECT_THAT([&] { database_->ExecuteSql("INSERT INTO t VALUES (1)"); },
               Throws<SqliteError>(Property(&SqliteError::ExtendedCode, SQLITE_CONSTRAINT_PRIMARYKEY)));

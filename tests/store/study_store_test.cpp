@@ -1,7 +1,9 @@
 #include "store/studies/study_store.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <new>
 #include <tuple>
 
 #include "database/schema.h"
@@ -96,7 +98,8 @@ TEST_P(Store, ARefusedOrFailedSaveLeavesNothingBehindAndKeepsTheInput) {
     session->Save("ann");
     FAIL() << "stored on a broken table";
   } catch (const host::DatabaseError& error) {
-    EXPECT_EQ(store::FailureText(error), "disk on fire");
+    EXPECT_THAT(store::FailureText(error),
+                testing::ContainsRegex("^The study database [^(]+ \\(.*disk on fire.*\\)\\. [A-Z].+\\.$"));
   }
   database_->MendInserts(*connection_, "KIV_HomStudy");
   store_.Scenarios().Remove(scenario_);
@@ -105,6 +108,7 @@ TEST_P(Store, ARefusedOrFailedSaveLeavesNothingBehindAndKeepsTheInput) {
   EXPECT_TRUE(session->IsNew());
   EXPECT_EQ(session->ID(), 0);
   EXPECT_TRUE(session->Modified());
+  EXPECT_THAT(store::FailureText(std::bad_alloc()), testing::StartsWith("There is not enough memory"));
   scenario_ = AddScenario("Harbour");
   host::TheEvents().DocumentsChanged.Raise();
   General(*session).fdocCBScenario.SelectID(scenario_);
