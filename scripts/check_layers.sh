@@ -29,6 +29,7 @@ client/texts: client/texts session store
 client/cli: base client/. client/cli client/texts core database host session store
 client/window: base client/. client/texts client/window core database editor host qt session store ui
 samples: base samples store
+fuzz: base core database editor fuzz host session store support ui
 "
 
 failed=0

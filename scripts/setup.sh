@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# setup.sh run|test|bench|servers: installs the Debian 12 packages that the script of that name needs, and no others. Does
-# nothing when all are there.
+# setup.sh run|test|bench|servers|fuzz: installs the Debian 12 packages that the script of that name needs, and no others.
+# Does nothing when all are there.
 set -euo pipefail
 
 # scripts | packages | reason
@@ -19,9 +19,10 @@ test       | g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix | the library f
 test       | googletest wine wine64                              | its tests there
 bench      | sqlite3                                             | the shell that lists are measured against
 servers    | postgresql-15 pgbouncer python3                     | servers of many kinds, for scripts/servers.sh
+fuzz       | clang                                               | fuzz targets, by its libFuzzer
 '
 
-needed=$(awk -F'|' -v script="(run|${1:?run, test, bench or servers})" '$1 ~ "(^| )" script " " { print $2 }' <<<"$packages")
+needed=$(awk -F'|' -v script="(run|${1:?run, test, bench, servers or fuzz})" '$1 ~ "(^| )" script " " { print $2 }' <<<"$packages")
 missing=()
 for package in $needed; do
   dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")

@@ -122,7 +122,7 @@ void MaskedEdit::MoveRight() {
 }
 
 void MaskedEdit::Type(std::string_view keys) {
-  const std::string accepted = Accepted(keys);
+  const std::string accepted = Accepted(OneLine(keys));
   if (Usable() && !accepted.empty()) Apply([&](CaretText& entered) { entered.Insert(accepted); });
 }
 

@@ -47,7 +47,7 @@ void EditableText::Select(std::size_t anchor, std::size_t caret) {
 
 void EditableText::Type(std::string_view keys) {
   for (const std::string& character : CharactersOf(keys)) {
-    if (!Usable() || !PassesWhole(character)) continue;
+    if (!Usable() || !PassesWhole(character) || Edited(character).empty()) continue;
     Apply([&character](CaretText& text) {
       character.front() == kBackspaceKey ? text.DeleteBack() : text.Insert(character);
     });

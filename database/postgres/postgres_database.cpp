@@ -260,7 +260,7 @@ PostgresDatabase::Answer PostgresDatabase::Collect(std::size_t statementCount) {
     // All that follows a failure is answered as well: with "aborted", or with the end of the session.
     if (failed) continue;
     failed = !Succeeded(next.get());
-    answer = {std::move(next), answered++};
+    answer = {std::move(next), std::min(answered++, statementCount - 1)};  // the end may fail as well
   }
   if (!failed) answer = {nullptr, std::min(answered, statementCount - 1)};
   return answer;

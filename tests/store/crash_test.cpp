@@ -2,17 +2,15 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <atomic>
 #include <chrono>
-#include <filesystem>
 #include <string>
 #include <thread>
 
-#include "store/store_error.h"
 #include "support/child_process.h"
+#include "support/endurance.h"
 #include "support/engine_and_kind.h"
 #include "support/test_store.h"
 #include "support/watched_connection.h"
@@ -87,82 +85,26 @@ TEST_P(Crash, AtEveryCallLeavesAWholeStudy) {
 }
 
 TEST_P(Crash, AtAnyMomentLeavesAWholeStudy) {
-  constexpr int kKills = 30;
+  const int kills = 30 * std::max(1, test::Endurance());
   const auto timeOfSave = [this] {
     Clock::time_point start;
     Change([&start] { start = Clock::now(); }, [] {});
     return Clock::now() - start;
   };
   const auto longest = 2 * std::max(timeOfSave(), timeOfSave());
-  for (int kill = 0; kill < kKills && !HasFailure(); ++kill) {
+  for (int kill = 0; kill < kills && !HasFailure(); ++kill) {
     const test::SharedWithChildren<std::atomic<bool>> saving;
     test::ChildProcess saver([&] { Change([&] { *saving = true; }, [] {}); });
     while (!*saving) std::this_thread::yield();
-    std::this_thread::sleep_for(longest * kill / kKills);
+    std::this_thread::sleep_for(longest * kill / kills);
     saver.Kill();
     EXPECT_THAT(saver.Wait(), testing::AnyOf(-SIGKILL, 0));
-    ExpectWhole("killed in part " + std::to_string(kill) + " of " + std::to_string(kKills));
+    RecordProperty("kills", kill + 1);
+    ExpectWhole("killed in part " + std::to_string(kill) + " of " + std::to_string(kills));
   }
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, Crash, test::EveryEngineAndKind(), test::NameOf);
-
-/// No file of this process grows beyond a size while this lives.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) : handler_(signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit = {bytes, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    signal(SIGXFSZ, handler_);
-  }
-
- private:
-  rlimit before_{};
-  sighandler_t handler_;
-};
-
-/// On a file, because a server writes its own.
-class FullDisk : public Crash {};
-
-TEST_P(FullDisk, LeavesTheOldStudyAndIsToldOnce) {
-  constexpr int kLargeVariant = 100;
-  const auto size = std::filesystem::file_size(database_->Name());
-  for (const rlim_t limit : {rlim_t{0}, rlim_t{1000}, rlim_t{size}, rlim_t{size + 5000}}) {
-    {
-      test::TestStore store(*database_);
-      store::Study study = store->Load(id_);
-      test::Fill(study, kLargeVariant);
-      std::string message;
-      {
-        const FileSizeLimit full(limit);
-        try {
-          store->Save(study, "bob");
-        } catch (const std::exception& error) {
-          message = store::FailureText(error);
-        }
-      }
-      EXPECT_THAT(message, testing::StartsWith("The disk of the study database is full")) << limit;
-      EXPECT_EQ(test::Content(store->Load(id_)), oldContent_) << limit;
-    }
-    EXPECT_EQ(StoredContent(), oldContent_) << limit;
-  }
-  test::TestStore store(*database_);
-  store::Study study = store->Load(id_);
-  test::Fill(study, kLargeVariant);
-  store->Save(study, "bob");
-  EXPECT_GT(std::filesystem::file_size(database_->Name()), size);
-}
-
-INSTANTIATE_TEST_SUITE_P(Kinds, FullDisk,
-                         ::testing::Combine(::testing::Values(test::SqliteEngine()),
-                                            ::testing::Values("PLM Study", "VCSA Study")),
-                         test::NameOf);
 
 }  // namespace
 }  // namespace kiv::client

@@ -21,14 +21,6 @@ inline std::shared_ptr<CKivStudyData> NewStudy(std::string_view kind, std::int32
   return study;
 }
 
-/// Puts features on record for an ECP: whether it can trace calls, and several DNs in one study.
-inline void StoreFeatures(FakeDatabase& database, std::int32_t ecp, const char* traces,
-                          const char* multipleDns) {
-  database.answers["SELECT * FROM KIV_FAF WHERE InstanceId = " + std::to_string(ecp)] = {
-      {"InstanceId", "OmpHostName", "F121", "F161", "F276", "F297", "F368", "F430", "F465", "F545", "F559"},
-      {{ecp, "omp", "N", traces, "N", "N", "N", "N", multipleDns, "N", "N"}}};
-}
-
 /// A host and a new study.
 class StudyTest : public ::testing::Test {
  protected:
