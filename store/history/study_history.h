@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "database/connection.h"
-#include "store/history/change.h"
+#include "store/change.h"
 #include "store/study.h"
 
 namespace kiv::store {

@@ -3,7 +3,7 @@
 #include <memory>
 #include <utility>
 
-#include "store/history/change.h"
+#include "store/change.h"
 #include "store/network/network_files.h"
 #include "store/times.h"
 #include "store/whole_file.h"

@@ -8,7 +8,7 @@
 
 #include "database/connection.h"
 #include "host/documents.h"
-#include "store/history/change.h"
+#include "store/change.h"
 #include "store/store_error.h"
 
 namespace kiv::store {

@@ -1,4 +1,4 @@
-#include "store/history/change.h"
+#include "store/change.h"
 
 #include <array>
 #include <chrono>
