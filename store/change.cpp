@@ -16,7 +16,7 @@ namespace kiv::store {
 
 namespace {
 
-constexpr std::string_view kTable = "kiv_change";
+constexpr std::string_view kChangeTable = "kiv_change";
 
 /// How long a server that was lost is tried again before the user is told.
 constexpr std::array kPausesBeforeAsking = {std::chrono::milliseconds(0), std::chrono::milliseconds(300),
@@ -49,7 +49,7 @@ std::string InsertOf(const database::Connection& connection, const std::string& 
       {"changed_by", note.user},
       {"changed_at", note.time},
   };
-  return sql::InsertStatement(connection, kTable, values);
+  return sql::InsertStatement(connection, kChangeTable, values);
 }
 
 }  // namespace
@@ -62,7 +62,7 @@ OutcomeUnknown::OutcomeUnknown(std::string token)
       token_(std::move(token)) {}
 
 bool Changes::AreKept() const {
-  if (!kept_) kept_ = connection_.ColumnExists(AsciiUpper(kTable), "TOKEN");
+  if (!kept_) kept_ = connection_.ColumnExists(AsciiUpper(kChangeTable), "TOKEN");
   return *kept_;
 }
 
