@@ -126,13 +126,13 @@ std::string Difference(host::Database& database, const std::string& id, const st
       FirstValue(database, "SELECT content FROM kiv_study_history WHERE study_id = " + id +
                                " ORDER BY revision DESC LIMIT 1");
   const Json content = Json::parse(Unpack(kept), nullptr, false);
-  if (!content.is_object() || content["kind"] != kind) return "no content";
-  const Json data = content["data"];
+  if (!content.is_object() || content.at("kind") != kind) return "no content";
+  const Json& data = content.at("data");
   const auto shared =
       database.OpenQuery("SELECT name, duration FROM kiv_study WHERE id = " + id, host::kQueryTimeoutSeconds);
-  if (content["name"] != TextOf(shared->FieldAt(0))) return "name";
+  if (content.at("name") != TextOf(shared->FieldAt(0))) return "name";
   const std::string duration = TextOf(shared->FieldAt(1));
-  if (TextOf(content["durationMinutes"]) != (duration == "-1" ? "" : duration)) return "duration";
+  if (TextOf(content.at("durationMinutes")) != (duration == "-1" ? "" : duration)) return "duration";
   const auto row = database.OpenQuery("SELECT * FROM " + kKindTables.at(kind) + " WHERE Id = " + id,
                                       host::kQueryTimeoutSeconds);
   if (row->EndOfFile()) return "no row of its kind";

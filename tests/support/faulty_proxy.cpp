@@ -7,6 +7,7 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
+#include <stdexcept>
 #include <utility>
 
 namespace kiv::test {
@@ -48,7 +49,9 @@ void SendAll(int to, std::string_view bytes) {
 FaultyProxy::FaultyProxy(const std::string& serverFolder)
     : server_(serverFolder + kSocket), listener_(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
   const sockaddr_un address = Address(host_ + kSocket);
-  bind(listener_, reinterpret_cast<const sockaddr*>(&address), sizeof address);
+  if (bind(listener_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
+    throw std::runtime_error("no socket for the proxy");
+  }
   listen(listener_, 8);
   acceptor_ = std::thread([this] { Accept(); });
 }
@@ -80,7 +83,9 @@ void FaultyProxy::Accept() {
        client = accept(listener_, nullptr, nullptr)) {
     const int server = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     const sockaddr_un address = Address(server_);
-    connect(server, reinterpret_cast<const sockaddr*>(&address), sizeof address);
+    if (connect(server, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
+      shutdown(client, SHUT_RDWR);  // as if the server had refused it
+    }
     const std::lock_guard lock(mutex_);
     sockets_.insert(sockets_.end(), {client, server});
     threads_.emplace_back([this, client, server] { Forward({client, server, true, true}); });
