@@ -1,13 +1,10 @@
 #include "session/kept_input.h"
 
 #include <cstdint>
-#include <map>
-#include <string_view>
 #include <utility>
 
 #include "editor/document_chooser.h"
 #include "store/exchange/json.h"
-#include "store/exchange/json_text.h"
 #include "store/exchange/study_json.h"
 #include "ui/masked_edit.h"
 #include "ui/text_box.h"

@@ -67,11 +67,16 @@ void MainWindow::TakeAlong(const std::vector<std::string>& along) {
     try {
       AddEditor(session::SessionOfKept(program_.Store(), kept));
     } catch (const std::exception& error) {
-      const auto file = KeptFile::Make();
-      file->Write(kept);
-      Tell("The unsaved study \"" + session::NameOfKept(kept) +
-           "\" could not be taken along: " + store::FailureText(error) + " It is kept in " + file->Path() +
-           " and comes back when its database is opened next time.");
+      // One that cannot even be kept must not take the others with it.
+      try {
+        const auto file = KeptFile::Make();
+        file->Write(kept);
+        Tell("The unsaved study \"" + session::NameOfKept(kept) +
+             "\" could not be taken along: " + store::FailureText(error) + " It is kept in " + file->Path() +
+             " and comes back when its database is opened next time.");
+      } catch (const std::exception& notKept) {
+        TellFailure(notKept);
+      }
     }
   }
 }
@@ -106,9 +111,9 @@ bool MainWindow::KeepUnsaved() {
   bool all = true;
   for (EditorView* editor : UnsavedEditors()) {
     try {
-      auto& file = keptFiles_[editor];
-      if (!file) file = KeptFile::Make();
-      file->Write(session::KeptInput(editor->Session()));
+      auto file = keptFiles_.find(editor);
+      if (file == keptFiles_.end()) file = keptFiles_.emplace(editor, KeptFile::Make()).first;
+      file->second->Write(session::KeptInput(editor->Session()));
     } catch (const std::exception& error) {
       std::cerr << "kivstudy: unsaved input cannot be kept: " << error.what() << '\n';
       all = false;

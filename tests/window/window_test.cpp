@@ -96,6 +96,14 @@ TEST_F(Window, UnsavedInputOutlastsTheProgramAndItsDatabase) {
   StartStudy();
   user_.Fill("studyName", "Night");
   user_.Fill("txtDuration", "5");
+  const QByteArray data = qgetenv("XDG_DATA_HOME");
+  qputenv("XDG_DATA_HOME", database_.c_str());  // no folder
+  window_->NewStudy("PLM Study");
+  user_.Fill("studyName", "Given up");
+  EXPECT_FALSE(window_->EndKeepingInput());
+  EXPECT_TRUE(window_->isVisible()) << "what cannot be kept stays open";
+  Answer([this] { CloseStudy(); }, "Discard");
+  qputenv("XDG_DATA_HOME", data);
   ASSERT_TRUE(window_->EndKeepingInput());
   window_ = std::make_unique<MainWindow>(*program_);
   window_->show();
